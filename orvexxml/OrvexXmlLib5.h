@@ -1,0 +1,15 @@
+// OrvexXml: everything public in namespace OrvexXmlLib5.
+#pragma once
+
+#include "orvexxml/platform/CodePage.h"
+
+#include "orvexxml/frame/FormatString.h"
+#include "orvexxml/frame/InstanceMonitor.h"
+#include "orvexxml/frame/OrvexException.h"
+#include "orvexxml/frame/SmartPtr.h"
+#include "orvexxml/frame/XmlObjectBase.h"
+#include "orvexxml/frame/XmlSerializationContext.h"
+
+#include "orvexxml/xml/XmlEnums.h"
+
+#include "orvexxml/values/WhitespaceUtils.h"

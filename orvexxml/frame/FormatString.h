@@ -1,0 +1,16 @@
+// printf-style formatting into a std::string that is never truncated.
+#pragma once
+
+#include <cstdarg>
+#include <string>
+
+namespace OrvexXmlLib5 {
+
+// Accepts the C conversions and the Microsoft size prefixes I64, I32, I, h, l, L,
+// F and N. A null %s argument prints "(null)".
+std::string FormatString(const char* format, ...)
+    ;
+
+std::string FormatStringV(const char* format, va_list args);
+
+}  // namespace OrvexXmlLib5

@@ -1,0 +1,85 @@
+#include "orvexxml/frame/XmlObjectBase.h"
+
+#include "orvexxml/frame/FormatString.h"
+#include "orvexxml/frame/OrvexException.h"
+
+#include <cstring>
+
+namespace OrvexXmlLib5 {
+
+CXmlObjectBase::CXmlObjectBase() : m_refCount(0) {}
+
+CXmlObjectBase::CXmlObjectBase(const CXmlObjectBase& other) : m_elementName(other.m_elementName), m_refCount(0) {}
+
+CXmlObjectBase& CXmlObjectBase::operator=(const CXmlObjectBase& other)
+{
+    m_elementName = other.m_elementName;
+    return *this;
+}
+
+CXmlObjectBase::~CXmlObjectBase() = default;
+
+std::int32_t CXmlObjectBase::Release()
+{
+    std::int32_t count = --m_refCount;
+    if (count == 0) delete this;
+    return count;
+}
+
+void CXmlObjectBase::OnEvent(CXmlObjectBase*, MsgType, void*) {}
+
+void CXmlObjectBase::AttributesToXml_Int(CXmlWriter*, const CXmlSerializationContext&) const {}
+
+void CXmlObjectBase::AttributesToXml_Int(const CXmlObjectBase* object, CXmlWriter* writer,
+                                         const CXmlSerializationContext& context)
+{
+    object->AttributesToXml_Int(writer, context);
+}
+
+void CXmlObjectBase::ToXml_Int(const CXmlObjectBase* object, CXmlWriter* writer, bool isRoot,
+                               const char* namespaceUri, const CXmlSerializationContext& context, bool isOptional)
+{
+    object->ToXml_Int(writer, isRoot, namespaceUri, context, isOptional);
+}
+
+CXmlElement* CXmlObjectBase::FromXml_Int(CXmlObjectBase* object, CXmlElement* element, CXmlElement* firstChild,
+                                         const CXmlSerializationContext& context)
+{
+    return object->FromXml_Int(element, firstChild, context, false);
+}
+
+bool CXmlObjectBase::IsNamespaceValid(const char* candidate, const char* allowed, const char* targetNamespace) const
+{
+    const std::string cand = candidate ? candidate : "";
+    const std::string target = targetNamespace ? targetNamespace : "";
+    const std::string list = allowed ? allowed : "";
+    std::size_t start = 0;
+    for (;;) {
+        std::size_t end = list.find(' ', start);
+        const std::string token = list.substr(start, end == std::string::npos ? std::string::npos : end - start);
+        bool admits;
+        if (token == "##any")
+            admits = true;
+        else if (token == "##other")
+            admits = cand != target;
+        else if (token == "##local")
+            admits = cand.empty();
+        else if (token == "##targetNamespace")
+            admits = cand == target;
+        else
+            admits = cand == token || cand.empty();
+        if (admits) return true;
+        if (end == std::string::npos) return false;
+        start = end + 1;
+    }
+}
+
+void CXmlObjectBase::TestNamespace(const char* candidate, const char* allowed, const char* targetNamespace) const
+{
+    if (!IsNamespaceValid(candidate, allowed, targetNamespace))
+        throw COrvexInvalidNamespaceException(FormatString(
+            "Invalid namespace [%s]. The namespace must be one of [%s] where the target namespace is [%s]",
+            candidate ? candidate : "", allowed ? allowed : "", targetNamespace ? targetNamespace : ""));
+}
+
+}  // namespace OrvexXmlLib5

@@ -1,0 +1,102 @@
+// The root of everything that is read from or written to XML: the element name,
+// the reference count, and the entry points where a caller enters the library.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "orvexxml/frame/InstanceMonitor.h"
+#include "orvexxml/frame/SmartPtr.h"
+#include "orvexxml/frame/XmlSerializationContext.h"
+#include "orvexxml/xml/XmlEnums.h"
+
+namespace OrvexXmlLib5 {
+
+class CXmlElement;
+class CXmlWriter;
+class CXmlCollectionBase;
+
+class CXmlObjectBase
+{
+public:
+    enum MsgType
+    {
+        MsgType_CollectionChange = 0
+    };
+
+    CXmlObjectBase();
+    // A copy takes over the element name and starts with no references of its own.
+    CXmlObjectBase(const CXmlObjectBase& other);
+    // Assignment takes over the element name; the count stays with the object.
+    CXmlObjectBase& operator=(const CXmlObjectBase& other);
+    virtual ~CXmlObjectBase();
+
+    // The CXmlObjectBase part of the object; collections use it as the object's
+    // identity. Each concrete class gives itself.
+    virtual CXmlObjectBase* GetBase() = 0;
+    const CXmlObjectBase* GetBase() const { return const_cast<CXmlObjectBase*>(this)->GetBase(); }
+
+    // Parses UTF-8 text (or text whose declaration names an encoding the parser
+    // knows) and reads the document element into this object. Empty input or bad
+    // XML fails with COrvexException; a failure inside the walk of a generated
+    // class comes as COrvexValidationException with its cause as inner chain.
+    void FromXml(const char* xml, const CXmlSerializationContext& context = CXmlSerializationContext::GetDefaultContext());
+    // The same for zero-terminated UTF-16 text.
+    void FromXml(const unsigned short* xml,
+                 const CXmlSerializationContext& context = CXmlSerializationContext::GetDefaultContext());
+    // Reads from an element of a tree that stays alive for the call; nothing is copied.
+    void FromXmlElement(const CXmlElement* element,
+                        CXmlSerializationContext& context = CXmlSerializationContext::GetDefaultContext());
+
+    // Writes this object as XML text in the local character encoding. With
+    // includeDocHeader, the text starts with the declaration and an element left
+    // open fails; an invalid eol fails with "Invalid EOL type.".
+    std::string ToXml(bool includeDocHeader = true, bool formatted = true, EOLType eol = EOL_CRLF,
+                      const CXmlSerializationContext& context = CXmlSerializationContext::GetDefaultContext()) const;
+
+    // Adds one reference and gives the new count.
+    std::int32_t AddRef() { return ++m_refCount; }
+    // Drops one reference and destroys the object when none is left; gives the new count.
+    std::int32_t Release();
+
+    virtual std::string GetTargetNamespace() const = 0;
+    virtual std::string GetNamespace() const = 0;
+
+protected:
+    virtual void OnEvent(CXmlObjectBase* source, MsgType type, void* data);
+    virtual void AttributesToXml_Int(CXmlWriter* writer, const CXmlSerializationContext& context) const;
+    virtual void ToXml_Int(CXmlWriter* writer, bool isRoot, const char* namespaceUri,
+                           const CXmlSerializationContext& context, bool isOptional) const = 0;
+    // Gives the next element not consumed by this object.
+    virtual CXmlElement* FromXml_Int(CXmlElement* element, CXmlElement* firstChild,
+                                     const CXmlSerializationContext& context, bool isOptional) = 0;
+
+    // Reach the protected virtuals of another object.
+    static void AttributesToXml_Int(const CXmlObjectBase* object, CXmlWriter* writer,
+                                    const CXmlSerializationContext& context);
+    static void ToXml_Int(const CXmlObjectBase* object, CXmlWriter* writer, bool isRoot, const char* namespaceUri,
+                          const CXmlSerializationContext& context, bool isOptional);
+    static CXmlElement* FromXml_Int(CXmlObjectBase* object, CXmlElement* element, CXmlElement* firstChild,
+                                    const CXmlSerializationContext& context);
+
+    std::string GetElementName() const { return m_elementName; }
+    const std::string& ElementNameRef() const { return m_elementName; }
+    void SetElementName(const char* name) { m_elementName = name ? name : ""; }
+    static void SetElementName(CXmlObjectBase* object, const char* name) { object->SetElementName(name); }
+
+    static void FireOnCollectionChangeEvent(CXmlObjectBase* listener, CXmlCollectionBase* collection);
+
+    // Fails with COrvexInvalidNamespaceException when candidate is not admitted by
+    // the space-separated list allowed (with ##any, ##other, ##local, ##targetNamespace).
+    void TestNamespace(const char* candidate, const char* allowed, const char* targetNamespace) const;
+    bool IsNamespaceValid(const char* candidate, const char* allowed, const char* targetNamespace) const;
+    // Local name equal to name and, unless namespaces are ignored, namespace equal to namespaceUri.
+    bool DoesElementNameMatch(const CXmlSerializationContext& context, const CXmlElement* element, const char* name,
+                              const char* namespaceUri) const;
+
+private:
+    std::string m_elementName;
+    std::int32_t m_refCount;
+};
+
+}  // namespace OrvexXmlLib5

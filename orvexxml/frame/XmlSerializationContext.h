@@ -1,0 +1,74 @@
+// The options of one read or write. The library never writes to a context it was
+// handed; the caller keeps it alive and unchanged during an entry point.
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace OrvexXmlLib5 {
+
+enum SchemaType
+{
+    SchemaType_Namespaced = 0,
+    // The parser runs without namespace processing, and names match on the local name alone.
+    SchemaType_NoNamespaces = 2
+};
+
+class CXmlSerializationContext
+{
+public:
+    CXmlSerializationContext();
+    CXmlSerializationContext(const CXmlSerializationContext& other) = default;
+    CXmlSerializationContext& operator=(const CXmlSerializationContext& other) = default;
+
+    // The one process-wide context, built at library load. Changes to it apply to
+    // every later use of the default.
+    static CXmlSerializationContext& GetDefaultContext();
+
+    bool GetIgnoreUnknownAttributes() const { return m_ignoreUnknownAttributes; }
+    void SetIgnoreUnknownAttributes(bool value) { m_ignoreUnknownAttributes = value; }
+    bool GetIgnoreUnknownElements() const { return m_ignoreUnknownElements; }
+    // Fails with COrvexInvalidStateException while missing mandatory elements are ignored.
+    void SetIgnoreUnknownElements(bool value);
+    bool GetIgnoreMissingMandatoryElements() const { return m_ignoreMissingMandatoryElements; }
+    // Fails with COrvexInvalidStateException while unknown elements are ignored.
+    void SetIgnoreMissingMandatoryElements(bool value);
+    bool GetIgnoreMissingChoice() const { return m_ignoreMissingChoice; }
+    void SetIgnoreMissingChoice(bool value) { m_ignoreMissingChoice = value; }
+    bool GetIgnoreInvalidCollectionCounts() const { return m_ignoreInvalidCollectionCounts; }
+    void SetIgnoreInvalidCollectionCounts(bool value) { m_ignoreInvalidCollectionCounts = value; }
+    // True when the flag is set or the schema type is SchemaType_NoNamespaces.
+    bool GetIgnoreNamespaces() const
+    {
+        return m_ignoreNamespaces || m_schemaType == SchemaType_NoNamespaces;
+    }
+    void SetIgnoreNamespaces(bool value) { m_ignoreNamespaces = value; }
+
+    SchemaType GetSchemaType() const { return m_schemaType; }
+    void SetSchemaType(SchemaType value) { m_schemaType = value; }
+
+    std::string GetDefaultNamespaceURI() const { return m_defaultNamespaceUri; }
+    void SetDefaultNamespaceURI(const char* value) { m_defaultNamespaceUri = value ? value : ""; }
+
+    // Complete text lines written in front of the root element, unescaped.
+    std::vector<std::string>& GetProcessingInstructions() { return m_processingInstructions; }
+    const std::vector<std::string>& GetProcessingInstructions() const { return m_processingInstructions; }
+
+    // Attribute text written unescaped inside the root start tag, behind its attributes.
+    std::string GetInLineSchema() const { return m_inLineSchema; }
+    void SetInLineSchema(const char* value) { m_inLineSchema = value ? value : ""; }
+
+private:
+    std::string m_defaultNamespaceUri;
+    std::vector<std::string> m_processingInstructions;
+    std::string m_inLineSchema;
+    bool m_ignoreInvalidCollectionCounts;
+    bool m_ignoreMissingChoice;
+    bool m_ignoreMissingMandatoryElements;
+    bool m_ignoreUnknownElements;
+    bool m_ignoreUnknownAttributes;
+    bool m_ignoreNamespaces;
+    SchemaType m_schemaType;
+};
+
+}  // namespace OrvexXmlLib5

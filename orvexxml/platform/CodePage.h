@@ -1,0 +1,50 @@
+// The local character encoding and the text conversions the library is built on.
+// Every char string inside the library is in one process-wide code page: 0 and 3
+// mean the platform default (UTF-8 here), 65001 is UTF-8, and any other number is
+// a Windows code page converted through iconv. Conversions never fail: a byte
+// sequence that is not valid in its source becomes U+FFFD, and a character the
+// target code page lacks becomes '?'.
+#pragma once
+
+#include <cstddef>
+#include <string>
+
+namespace OrvexXmlLib5 {
+
+// Replaces the process-wide local character encoding. Meant for start-up, before
+// any document is read or written; there is no lock. A code page iconv does not
+// know converts as US-ASCII.
+void SetLocalCharEncoding(unsigned int codePage);
+unsigned int GetLocalCharEncoding();
+
+namespace Platform {
+
+constexpr unsigned int CodePageDefault = 0;
+constexpr unsigned int CodePageThreadDefault = 3;
+constexpr unsigned int CodePageUtf8 = 65001;
+
+// True when the local character encoding is UTF-8 (0, 3 or 65001).
+bool LocalIsUtf8();
+
+// UTF-8 bytes to UTF-16 units; invalid sequences become U+FFFD.
+std::u16string Utf8ToUtf16(const char* text, std::size_t length);
+// UTF-16 units to UTF-8 bytes; a lone surrogate becomes U+FFFD.
+std::string Utf16ToUtf8(const char16_t* text, std::size_t length);
+
+// Parser text (UTF-8) to library text.
+std::string Utf8ToLocal(const char* text, std::size_t length);
+inline std::string Utf8ToLocal(const std::string& text) { return Utf8ToLocal(text.data(), text.size()); }
+// Wide text (UTF-16) to library text.
+std::string Utf16ToLocal(const char16_t* text, std::size_t length);
+// Library text to wide text (UTF-16).
+std::u16string LocalToUtf16(const char* text, std::size_t length);
+inline std::u16string LocalToUtf16(const std::string& text) { return LocalToUtf16(text.data(), text.size()); }
+// Library text to UTF-8, through UTF-16 as the Windows conversions do.
+std::string LocalToUtf8(const char* text, std::size_t length);
+inline std::string LocalToUtf8(const std::string& text) { return LocalToUtf8(text.data(), text.size()); }
+
+// Length in units of a zero-terminated UTF-16 string.
+std::size_t Utf16Length(const char16_t* text);
+
+}  // namespace Platform
+}  // namespace OrvexXmlLib5

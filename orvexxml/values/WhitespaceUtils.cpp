@@ -1,0 +1,81 @@
+#include "orvexxml/values/WhitespaceUtils.h"
+
+#include "orvexxml/frame/OrvexException.h"
+
+#include <cstring>
+
+namespace OrvexXmlLib5 {
+
+namespace {
+
+// The results are built as zero-terminated text: a zero byte ends them.
+std::string UpToZero(const std::string& s)
+{
+    std::size_t z = s.find('\0');
+    return z == std::string::npos ? s : s.substr(0, z);
+}
+
+}  // namespace
+
+std::string CWhitespaceUtils::ApplyRule(WhitespaceRule rule, const std::string& text)
+{
+    switch (rule) {
+    case WhitespaceRule::Preserve: return Preserve(text);
+    case WhitespaceRule::Replace: return Replace(text);
+    case WhitespaceRule::Collapse: return Collapse(text);
+    }
+    throw COrvexException("Unknown WhitespaceRule");
+}
+
+std::string CWhitespaceUtils::Preserve(const std::string& text)
+{
+    if (text.find('\r') == std::string::npos) return text;
+    return Preserve(text.c_str(), static_cast<int>(text.size()));
+}
+
+std::string CWhitespaceUtils::Preserve(const char* text, int length)
+{
+    std::string out;
+    if (text == nullptr || length <= 0) return out;
+    out.reserve(static_cast<std::size_t>(length));
+    for (int i = 0; i < length && text[i] != '\0'; ++i)
+        if (text[i] != '\r') out += text[i];
+    return out;
+}
+
+std::string CWhitespaceUtils::Replace(const std::string& text)
+{
+    if (text.find_first_of("\r\t\n") == std::string::npos) return UpToZero(text);
+    std::string out;
+    out.reserve(text.size());
+    for (char c : text) {
+        if (c == '\0') break;
+        if (c == '\r') continue;
+        out += (c == '\t' || c == '\n') ? ' ' : c;
+    }
+    return out;
+}
+
+std::string CWhitespaceUtils::Collapse(const std::string& text)
+{
+    std::string out;
+    out.reserve(text.size());
+    bool lastWasSpace = true;
+    for (char c : text) {
+        if (c == '\0') break;
+        if (c == '\r') continue;
+        if (c == ' ' || c == '\t' || c == '\n') {
+            if (!lastWasSpace) {
+                out += ' ';
+                lastWasSpace = true;
+            }
+        } else {
+            out += c;
+            lastWasSpace = false;
+        }
+    }
+    if (!out.empty() && out.back() == ' ') out.pop_back();
+    return out;
+}
+
+}  // namespace OrvexXmlLib5

@@ -1,0 +1,35 @@
+// The xs:whiteSpace facet: preserve, replace and collapse over bytes of text.
+// Whitespace is exactly 0x20, 0x09, 0x0D and 0x0A; bytes from 0x80 never are.
+#pragma once
+
+#include <string>
+
+namespace OrvexXmlLib5 {
+
+class CWhitespaceUtils
+{
+public:
+    // Stored in generated metadata: the numbers are fixed. A scoped enumeration,
+    // so that its names do not clash with the operations of the same names.
+    enum class WhitespaceRule : int
+    {
+        Preserve = 0,
+        Replace = 1,
+        Collapse = 2
+    };
+
+    // Fails with COrvexException "Unknown WhitespaceRule" for any other rule value.
+    static std::string ApplyRule(WhitespaceRule rule, const std::string& text);
+    // Drops every carriage return.
+    static std::string Preserve(const std::string& text);
+    // The same over at most length bytes; stops at a zero byte, and a length of
+    // zero or below gives an empty string.
+    static std::string Preserve(const char* text, int length);
+    // Tab, line feed and space become one space each; carriage returns go.
+    static std::string Replace(const std::string& text);
+    // Runs of whitespace become one space; leading and trailing ones go.
+    static std::string Collapse(const std::string& text);
+    static bool IsWhiteSpace(char c) { return c == ' ' || c == '\t' || c == '\r' || c == '\n'; }
+};
+
+}  // namespace OrvexXmlLib5

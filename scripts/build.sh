@@ -1,0 +1,18 @@
+#!/usr/bin/env bash
+# Configures and builds one build tree. Usage: scripts/build.sh [release|sanitize|fuzz]
+set -euo pipefail
+cd "$(dirname "$0")/.."
+
+kind="${1:-release}"
+jobs="$(nproc 2>/dev/null || echo 2)"
+case "$kind" in
+  release)  dir=build;          args=(-DCMAKE_BUILD_TYPE=RelWithDebInfo) ;;
+  sanitize) dir=build-sanitize; args=(-DCMAKE_BUILD_TYPE=Debug -DORVEX_SANITIZE=ON -DORVEX_BUILD_BENCH=OFF) ;;
+  fuzz)     dir=build-fuzz;     args=(-DCMAKE_BUILD_TYPE=Debug -DCMAKE_C_COMPILER=clang -DCMAKE_CXX_COMPILER=clang++
+                                      -DORVEX_SANITIZE=ON -DORVEX_BUILD_FUZZ=ON -DORVEX_BUILD_TESTS=OFF
+                                      -DORVEX_BUILD_BENCH=OFF -DORVEX_BUILD_EXAMPLES=OFF) ;;
+  *) echo "usage: $0 [release|sanitize|fuzz]" >&2; exit 2 ;;
+esac
+
+cmake -S . -B "$dir" "${args[@]}" >/dev/null
+cmake --build "$dir" -j "$jobs"

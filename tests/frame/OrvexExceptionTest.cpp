@@ -1,0 +1,104 @@
+#include "orvexxml/frame/FormatString.h"
+#include "orvexxml/frame/OrvexException.h"
+
+#include "TestUtil.h"
+
+#include <climits>
+#include <cstdint>
+
+using namespace OrvexXmlLib5;
+
+TEST(OrvexException, ChainOfThreeGivesThreeLinesOutermostFirst)
+{
+    COrvexInvalidValueException cause("cause");
+    COrvexValidationException middle("middle", cause);
+    COrvexException outer("outer", middle);
+    EXPECT_EQ(outer.GetFullMessage(), "outer\nmiddle\ncause");
+    EXPECT_EQ(outer.GetMessageA(), "outer");
+    EXPECT_STREQ(outer.what(), "outer");
+    ASSERT_NE(outer.GetInnerException(), nullptr);
+    ASSERT_NE(outer.GetInnerException()->GetInnerException(), nullptr);
+    EXPECT_EQ(outer.GetInnerException()->GetInnerException()->GetInnerException(), nullptr);
+}
+
+TEST(OrvexException, InnerKeepsItsMostDerivedClass)
+{
+    COrvexException outer("outer", COrvexInvalidNamespaceException("ns"));
+    const COrvexException* inner = outer.GetInnerException();
+    ASSERT_NE(inner, nullptr);
+    EXPECT_NE(dynamic_cast<const COrvexInvalidNamespaceException*>(inner), nullptr);
+    EXPECT_NE(dynamic_cast<const COrvexValidationException*>(inner), nullptr);
+}
+
+TEST(OrvexException, CopyAndAssignmentCloneTheChain)
+{
+    COrvexException a("a", COrvexOverFlowException("deep"));
+    COrvexException b(a);
+    EXPECT_NE(b.GetInnerException(), a.GetInnerException());
+    EXPECT_EQ(b.GetFullMessage(), "a\ndeep");
+    COrvexException c("c");
+    c = a;
+    EXPECT_EQ(c.GetFullMessage(), "a\ndeep");
+    c = COrvexException("plain");
+    EXPECT_EQ(c.GetInnerException(), nullptr);
+    COrvexException& self = c;
+    c = self;  // self-assignment keeps the object intact
+    EXPECT_EQ(c.GetFullMessage(), "plain");
+    COrvexInvalidStateException fromBase = COrvexException("x", COrvexException("y"));
+    EXPECT_EQ(fromBase.GetFullMessage(), "x\ny");
+}
+
+TEST(OrvexException, HierarchyCatchesAsSpecified)
+{
+    struct Case
+    {
+        std::function<void()> thrower;
+        bool isValidation;
+        bool isStdException;
+    };
+    const Case cases[] = {
+        {[] { throw COrvexInvalidValueException("v"); }, true, true},
+        {[] { throw COrvexInvalidNamespaceException("n"); }, true, true},
+        {[] { throw COrvexValidationException("v"); }, true, true},
+        {[] { throw COrvexInvalidParamException("p"); }, false, true},
+        {[] { throw COrvexInvalidStateException("s"); }, false, true},
+        {[] { throw COrvexOverFlowException("o"); }, false, true},
+        {[] { throw COrvexException("e"); }, false, true},
+    };
+    for (const Case& c : cases) {
+        bool asValidation = false;
+        try {
+            c.thrower();
+        } catch (const COrvexValidationException&) {
+            asValidation = true;
+        } catch (const COrvexException&) {
+        }
+        EXPECT_EQ(asValidation, c.isValidation);
+        EXPECT_THROW(c.thrower(), std::exception);
+    }
+}
+
+TEST(FormatString, ConversionsAndMicrosoftPrefixes)
+{
+    const std::int64_t big = INT64_MIN;
+    const std::uint64_t ubig = UINT64_MAX;
+    EXPECT_EQ(FormatString("%I64d|%I64u", big, ubig), "-9223372036854775808|18446744073709551615");
+    EXPECT_EQ(FormatString("%d %5s|%-3c|%%", 42, "ab", 'z'), "42    ab|z  |%");
+    EXPECT_EQ(FormatString("%hd %ld %I32d", static_cast<short>(-3), 7L, 9), "-3 7 9");
+    EXPECT_EQ(FormatString("%.3f %e", 3.14159, 1.5), "3.142 1.500000e+00");
+    EXPECT_EQ(FormatString("%*d|%.*s", 4, 7, 2, "xyz"), "   7|xy");
+    EXPECT_EQ(FormatString("%#x %Fs %Ns", 255, "far", "near"), "0xff far near");
+    EXPECT_EQ(FormatString("%Iu", static_cast<size_t>(12)), "12");
+    EXPECT_EQ(FormatString("%s", static_cast<const char*>(nullptr)), "(null)");
+    EXPECT_EQ(FormatString("plain"), "plain");
+    EXPECT_EQ(FormatString("%f", 1e300).size(), 308u);
+}
+
+TEST(FormatString, NeverTruncates)
+{
+    std::string longText(100000, 'q');
+    longText[99999] = 'z';
+    std::string out = FormatString("[%s]", longText.c_str());
+    ASSERT_EQ(out.size(), 100002u);
+    EXPECT_EQ(out.substr(99999, 3), "qz]");
+}

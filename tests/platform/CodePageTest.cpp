@@ -1,0 +1,74 @@
+#include "orvexxml/platform/CodePage.h"
+
+#include <gtest/gtest.h>
+
+using namespace OrvexXmlLib5;
+using namespace OrvexXmlLib5::Platform;
+
+namespace {
+
+// Restores the process-wide encoding whatever a test sets.
+class LocalEncoding : public ::testing::Test
+{
+protected:
+    void TearDown() override { SetLocalCharEncoding(3); }
+};
+
+std::u16string U16(std::initializer_list<char16_t> units) { return std::u16string(units); }
+
+}  // namespace
+
+TEST_F(LocalEncoding, StartsAsThreadDefaultWhichIsUtf8)
+{
+    EXPECT_EQ(GetLocalCharEncoding(), 3u);
+    EXPECT_TRUE(LocalIsUtf8());
+    for (unsigned cp : {0u, 3u, 65001u}) {
+        SetLocalCharEncoding(cp);
+        EXPECT_TRUE(LocalIsUtf8()) << cp;
+    }
+    SetLocalCharEncoding(1252);
+    EXPECT_FALSE(LocalIsUtf8());
+}
+
+TEST_F(LocalEncoding, Utf8LocalPassesTextThroughAndRepairsBadSequences)
+{
+    SetLocalCharEncoding(65001);
+    const std::string text = "caf\xC3\xA9 \xE2\x82\xAC \xF0\x9F\x98\x80";
+    EXPECT_EQ(Utf8ToLocal(text), text);
+    EXPECT_EQ(LocalToUtf8(text), text);
+    // Truncated, overlong and surrogate encodings each become U+FFFD.
+    EXPECT_EQ(Utf8ToLocal(std::string("a\xC3")), "a\xEF\xBF\xBD");
+    EXPECT_EQ(Utf8ToLocal(std::string("\xC0\xAF")), "\xEF\xBF\xBD\xEF\xBF\xBD");
+    EXPECT_EQ(Utf8ToLocal(std::string("\xED\xA0\x80")), "\xEF\xBF\xBD");
+    EXPECT_EQ(Utf8ToLocal(std::string("")), "");
+}
+
+TEST_F(LocalEncoding, Latin1252MapsAndSubstitutesUnmappable)
+{
+    SetLocalCharEncoding(1252);
+    // U+00E9 and U+20AC exist in 1252; U+4E2D does not and becomes '?'.
+    EXPECT_EQ(Utf8ToLocal(std::string("\xC3\xA9\xE2\x82\xAC\xE4\xB8\xAD!")), "\xE9\x80?!");
+    EXPECT_EQ(LocalToUtf8(std::string("\xE9\x80")), "\xC3\xA9\xE2\x82\xAC");
+    EXPECT_EQ(LocalToUtf16(std::string("A\xE9")), U16({u'A', 0x00E9}));
+    EXPECT_EQ(Utf16ToLocal(U16({0x00E9, 0xD83D, 0xDE00}).data(), 3), "\xE9?");
+    SetLocalCharEncoding(28591);
+    EXPECT_EQ(Utf8ToLocal(std::string("\xC3\xBF\xE2\x82\xAC")), "\xFF?");
+}
+
+TEST_F(LocalEncoding, Utf16ConversionsHandleSurrogates)
+{
+    const std::u16string pair = U16({0xD83D, 0xDE00});
+    EXPECT_EQ(Utf16ToUtf8(pair.data(), pair.size()), "\xF0\x9F\x98\x80");
+    EXPECT_EQ(Utf8ToUtf16("\xF0\x9F\x98\x80", 4), pair);
+    const std::u16string lone = U16({u'a', 0xDC00, u'b'});
+    EXPECT_EQ(Utf16ToUtf8(lone.data(), lone.size()), "a\xEF\xBF\xBD" "b");
+    EXPECT_EQ(Utf16Length(u"abc"), 3u);
+    EXPECT_EQ(Utf16Length(nullptr), 0u);
+}
+
+TEST_F(LocalEncoding, UnknownCodePageFallsBackToAscii)
+{
+    SetLocalCharEncoding(4242);
+    EXPECT_EQ(Utf8ToLocal(std::string("a\xC3\xA9")), "a?");
+    EXPECT_EQ(LocalToUtf8(std::string("a\xE9")), "a\xEF\xBF\xBD");
+}
