@@ -9,7 +9,15 @@
 #include "orvexxml/frame/SmartPtr.h"
 #include "orvexxml/frame/XmlObjectBase.h"
 #include "orvexxml/frame/XmlSerializationContext.h"
+#include "orvexxml/frame/XmlGeneratedClass.h"
+
+#include "orvexxml/collections/XmlCollectionBase.h"
+#include "orvexxml/collections/XmlCollection.h"
+#include "orvexxml/collections/XmlTypeCollection.h"
+#include "orvexxml/collections/OrvexIterator.h"
+#include "orvexxml/collections/Attribute.h"
 
 #include "orvexxml/xml/XmlEnums.h"
+#include "orvexxml/xml/NamespaceAliasMap.h"
 
 #include "orvexxml/values/WhitespaceUtils.h"
