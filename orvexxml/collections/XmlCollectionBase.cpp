@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "orvexxml/frame/FormatString.h"
+#include "orvexxml/data/OrvexVariant.h"
 #include "orvexxml/frame/OrvexException.h"
 
 namespace OrvexXmlLib5 {
@@ -50,6 +51,27 @@ void CXmlCollectionBase::FireOnCollectionChange()
     // Indexed, so that a listener that adds another listener while being told does
     // not invalidate the walk.
     for (std::size_t i = 0; i < m_listeners.size(); ++i) FireOnCollectionChangeEvent(m_listeners[i], this);
+}
+
+}  // namespace OrvexXmlLib5
+
+// The collection kind of the variant lives with the collections, which it needs
+// complete. The collection is held through its object part, as an object is.
+namespace OrvexXmlLib5 {
+
+void OrvexVariant::SetXmlCollection(CXmlCollectionBase* collection)
+{
+    Clear();
+    m_type = ItemType_XmlCollection;
+    m_value.object = collection ? collection->GetBase() : nullptr;
+    if (m_value.object) m_value.object->AddRef();
+}
+
+CSmartPtr<CXmlCollectionBase> OrvexVariant::GetXmlCollection() const
+{
+    // A variant of a plain kind holds no pointer to look through.
+    if (m_type != ItemType_XmlCollection && m_type != ItemType_XmlObject) return CSmartPtr<CXmlCollectionBase>();
+    return CSmartPtr<CXmlCollectionBase>(dynamic_cast<CXmlCollectionBase*>(m_value.object));
 }
 
 }  // namespace OrvexXmlLib5

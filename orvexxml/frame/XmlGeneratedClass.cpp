@@ -90,8 +90,12 @@ void CXmlGeneratedClass::ToXmlBody(CXmlWriter* writer, bool isRoot, const char* 
     if (textIndex != -1) {
         OrvexVariant value;
         ReadProperty(textIndex, value);
-        // An unset text property has nothing to write.
-        if (value.IsValid()) writer->WriteText(value.GetString());
+        // An unset text property has nothing to write; a text property of another
+        // kind than string is written in its lexical form.
+        if (value.GetItemType() == ItemType_string)
+            writer->WriteText(value.GetString());
+        else if (value.IsValid())
+            writer->WriteText(value.ToString(nullptr));
     }
 
     if (ownElement) writer->WriteEndElement();
