@@ -10,6 +10,8 @@
 #include "orvexxml/frame/XmlObjectBase.h"
 #include "orvexxml/frame/XmlSerializationContext.h"
 
+#include "orvexxml/xml/ExpatReader.h"
+#include "orvexxml/xml/XmlDocument.h"
 #include "orvexxml/xml/XmlEnums.h"
 
 #include "orvexxml/values/WhitespaceUtils.h"
