@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <utility>
 
 #include "orvexxml/frame/OrvexException.h"
 #include "orvexxml/xml/ExpatReader.h"
@@ -267,6 +268,12 @@ unsigned char* CXmlDocument::AllocateInput(std::size_t length)
     m_input.reset(new unsigned char[length ? length : 1]);
     m_inputLength = length;
     return m_input.get();
+}
+
+void CXmlDocument::ReplaceInput(std::unique_ptr<unsigned char[]> data, std::size_t length)
+{
+    m_input = std::move(data);
+    m_inputLength = m_input ? length : 0;
 }
 
 void CXmlDocument::FreeInput()

@@ -171,6 +171,8 @@ private:
 
     // Input buffer: owned bytes that a load fills and Parse hands to a reader.
     unsigned char* AllocateInput(std::size_t length);
+    // Takes over bytes prepared elsewhere (inflated input, for one) in place of the buffer.
+    void ReplaceInput(std::unique_ptr<unsigned char[]> data, std::size_t length);
     void FreeInput();
     const unsigned char* GetInput() const { return m_input.get(); }
     std::size_t GetInputLength() const { return m_inputLength; }
