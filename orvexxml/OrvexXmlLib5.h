@@ -17,6 +17,8 @@
 #include "orvexxml/collections/OrvexIterator.h"
 #include "orvexxml/collections/Attribute.h"
 
+#include "orvexxml/xml/ExpatReader.h"
+#include "orvexxml/xml/XmlDocument.h"
 #include "orvexxml/xml/XmlEnums.h"
 #include "orvexxml/xml/NamespaceAliasMap.h"
 
