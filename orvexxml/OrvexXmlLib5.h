@@ -12,4 +12,10 @@
 
 #include "orvexxml/xml/XmlEnums.h"
 
+#include "orvexxml/values/Conversions.h"
 #include "orvexxml/values/WhitespaceUtils.h"
+
+#include "orvexxml/data/BinaryData.h"
+#include "orvexxml/data/OrvexVariant.h"
+
+#include "orvexxml/metadata/PrimitiveRestrictions.h"
