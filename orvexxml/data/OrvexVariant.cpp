@@ -196,6 +196,12 @@ void OrvexVariant::SetXmlObject(CXmlObjectBase* object)
     m_value.object = object;
 }
 
+const std::string& OrvexVariant::GetStringRef() const
+{
+    static const std::string empty;
+    return m_value.str ? *m_value.str : empty;
+}
+
 CSmartPtr<CXmlObjectBase> OrvexVariant::GetXmlObject() const
 {
     return CSmartPtr<CXmlObjectBase>(m_value.object);

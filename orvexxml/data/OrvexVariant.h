@@ -101,6 +101,8 @@ public:
     bool GetBoolean() const { return m_value.u8 != 0; }
     // A copy; empty when no string is held.
     std::string GetString() const { return m_value.str ? *m_value.str : std::string(); }
+    // The held string itself, without a copy; valid until the variant changes.
+    const std::string& GetStringRef() const;
     CSmartPtr<CXmlObjectBase> GetXmlObject() const;
 
     // The type name; fails with "Invalid Type %d" outside 1 to 26.

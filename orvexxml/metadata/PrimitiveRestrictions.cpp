@@ -116,7 +116,7 @@ void CheckPrimitiveRestriction(const char* name, const OrvexVariant& value, Item
         return;
     case ItemType_r4: CheckFloating(name, value.GetR4(), r, CConversions::r4FromString); return;
     case ItemType_r8: CheckFloating(name, value.GetR8(), r, CConversions::r8FromString); return;
-    case ItemType_string: CheckString(name, value.GetString(), r); return;
+    case ItemType_string: CheckString(name, value.GetStringRef(), r); return;
     case ItemType_boolean: return;
     // The value classes and the date parts join here together with their classes.
     default: throw COrvexInvalidValueException("unknown type [" + value.GetType() + "]");

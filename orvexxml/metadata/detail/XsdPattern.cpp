@@ -53,18 +53,25 @@ public:
 
     CompiledPattern* Find(const std::string& pattern, unsigned int codePage)
     {
+        // A facet is usually checked many times in a row: try the last one first.
+        if (m_last && m_last->second.codePage == codePage && m_last->first == pattern) return &m_last->second;
         auto it = m_patterns.find(pattern);
         if (it == m_patterns.end()) return nullptr;
-        if (it->second.codePage == codePage) return &it->second;
-        Free(it->second);
-        m_patterns.erase(it);
-        return nullptr;
+        if (it->second.codePage != codePage) {
+            Free(it->second);
+            m_patterns.erase(it);
+            m_last = nullptr;
+            return nullptr;
+        }
+        m_last = &*it;
+        return &it->second;
     }
 
     CompiledPattern* Add(const std::string& pattern, CompiledPattern compiled)
     {
         if (m_patterns.size() >= MaxPatterns) Flush();
-        return &m_patterns.emplace(pattern, compiled).first->second;
+        m_last = &*m_patterns.emplace(pattern, compiled).first;
+        return &m_last->second;
     }
 
 private:
@@ -80,9 +87,12 @@ private:
     {
         for (auto& entry : m_patterns) Free(entry.second);
         m_patterns.clear();
+        m_last = nullptr;
     }
 
+    // Pointers to elements of an unordered_map stay valid until they are erased.
     std::unordered_map<std::string, CompiledPattern> m_patterns;
+    std::pair<const std::string, CompiledPattern>* m_last = nullptr;
 };
 
 thread_local PatternCache t_cache;
