@@ -1,6 +1,7 @@
 #include "orvexxml/data/BinaryData.h"
 
 #include <cerrno>
+#include <cstdint>
 #include <cstring>
 #include <fcntl.h>
 #include <new>
@@ -224,6 +225,10 @@ void CBinaryData::AppendBytes(const unsigned char* data, unsigned long length)
         return;
     }
     GetExclusiveDataHolder();
+    // The source may lie in this very buffer, which growth frees.
+    const auto base = reinterpret_cast<std::uintptr_t>(m_holder->data);
+    const auto source = reinterpret_cast<std::uintptr_t>(data);
+    const bool inside = data && m_holder->data && source >= base && source < base + m_holder->capacity;
     unsigned long newLength = m_holder->length + length;
     if (newLength > m_holder->capacity) {
         unsigned long capacity = newLength * 2;
@@ -232,6 +237,7 @@ void CBinaryData::AppendBytes(const unsigned char* data, unsigned long length)
         delete[] m_holder->data;
         m_holder->data = bytes;
         m_holder->capacity = capacity;
+        if (inside) data = bytes + (source - base);
     }
     if (length > 0) {
         if (data)
@@ -257,13 +263,6 @@ void CBinaryData::Append(const CBinaryData& other)
 {
     if (other.GetLength() == 0) {
         if (!m_holder) m_holder = NewCopyingHolder(nullptr, 0);
-        return;
-    }
-    if (&other == this || other.m_holder == m_holder) {
-        // Appending an object to itself: the source bytes must survive the growth.
-        CBinaryData copy;
-        copy.SetBuffer(other.m_holder->data, other.m_holder->length);
-        AppendBytes(copy.m_holder->data, copy.m_holder->length);
         return;
     }
     AppendBytes(other.m_holder->data, other.m_holder->length);

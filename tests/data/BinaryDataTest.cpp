@@ -131,6 +131,13 @@ TEST(BinaryDataAppend, SelfAndOtherObjects)
     EXPECT_EQ(a.GetString(), "abab");
     b.Append(Bytes("xyz"), 2);
     EXPECT_EQ(b.GetString(), "ababababxy");
+
+    // A source inside the buffer itself survives the reallocation of growth.
+    unsigned char* own = new unsigned char[4];
+    std::memcpy(own, "wxyz", 4);
+    CBinaryData c(own, 4, true);
+    c.Append(c.GetData() + 1, 3);
+    EXPECT_EQ(c.GetString(), "wxyzxyz");
 }
 
 TEST(BinaryDataRelease, CallerGetsPrivateArray)
