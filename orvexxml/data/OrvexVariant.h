@@ -12,8 +12,9 @@ namespace OrvexXmlLib5 {
 
 class CXmlObjectBase;
 
-// Stored in generated code: the numbers are fixed.
-enum ItemType
+// Stored in generated code: the numbers are fixed. The fixed underlying type
+// lets any number reach the checks that refuse it.
+enum ItemType : int
 {
     ItemType_Invalid = 0,
     ItemType_hexBinary = 1,
@@ -104,6 +105,8 @@ public:
     // The held string itself, without a copy; valid until the variant changes.
     const std::string& GetStringRef() const;
     CSmartPtr<CXmlObjectBase> GetXmlObject() const;
+    // The collection kind (28) is set and read by the collection layer; it is held,
+    // copied and released through its CXmlObjectBase part like the object kind.
 
     // The type name; fails with "Invalid Type %d" outside 1 to 26.
     std::string GetType() const;
