@@ -11,7 +11,7 @@ namespace Detail {
 // The rewriting is textual, so escapes inside square brackets are rewritten too.
 std::string TranslateXsdPattern(const std::string& utf8Pattern);
 
-// True when the whole UTF-8 subject matches the pattern (local encoding) from its
+// True when the whole subject (valid UTF-8: it is not checked again) matches the pattern (local encoding) from its
 // first byte. A pattern that does not compile fails with COrvexException
 // "Invalid Regular Expression: %s Error: '%s' for '%s'" naming the pattern and
 // name. Any match error, a resource limit included, counts as no match.
