@@ -144,12 +144,13 @@ void PatternPcre2(benchmark::State& state)
     const auto& texts = CodeTexts();
     int error = 0;
     PCRE2_SIZE offset = 0;
-    pcre2_code* code =
-        pcre2_compile(reinterpret_cast<PCRE2_SPTR>(CodePattern), PCRE2_ZERO_TERMINATED, PCRE2_UTF, &error, &offset, nullptr);
+    pcre2_code* code = pcre2_compile(reinterpret_cast<PCRE2_SPTR>(CodePattern), PCRE2_ZERO_TERMINATED, PCRE2_UTF,
+                                     &error, &offset, nullptr);
     pcre2_match_data* md = pcre2_match_data_create_from_pattern(code, nullptr);
     for (auto _ : state) {
         for (const auto& t : texts) {
-            int rc = pcre2_match(code, reinterpret_cast<PCRE2_SPTR>(t.data()), t.size(), 0, PCRE2_ANCHORED, md, nullptr);
+            int rc =
+                pcre2_match(code, reinterpret_cast<PCRE2_SPTR>(t.data()), t.size(), 0, PCRE2_ANCHORED, md, nullptr);
             if (rc < 1 || pcre2_get_ovector_pointer(md)[1] != t.size()) std::abort();
         }
     }

@@ -19,8 +19,8 @@ constexpr unsigned long MinimumCapacity = 4096;
 
 [[noreturn]] void ThrowWriteFailure(const char* fileName, int error)
 {
-    throw COrvexException(FormatString("Failed to write data to the file [%s] error [0x%08X]", fileName,
-                                       static_cast<unsigned>(error)));
+    throw COrvexException(
+        FormatString("Failed to write data to the file [%s] error [0x%08X]", fileName, static_cast<unsigned>(error)));
 }
 
 // Writes everything, resuming after partial writes and interrupted calls.
@@ -176,15 +176,13 @@ std::string CBinaryData::GetString() const
 
 const unsigned char& CBinaryData::operator[](unsigned int index) const
 {
-    if (!m_holder || index >= m_holder->length)
-        throw COrvexException(FormatString("Index Out of range [%d]", index));
+    if (!m_holder || index >= m_holder->length) throw COrvexException(FormatString("Index Out of range [%d]", index));
     return m_holder->data[index];
 }
 
 unsigned char& CBinaryData::operator[](unsigned int index)
 {
-    if (!m_holder || index >= m_holder->length)
-        throw COrvexException(FormatString("Index Out of range [%d]", index));
+    if (!m_holder || index >= m_holder->length) throw COrvexException(FormatString("Index Out of range [%d]", index));
     GetExclusiveDataHolder();
     return m_holder->data[index];
 }

@@ -9,10 +9,10 @@ namespace OrvexXmlLib5 {
 
 namespace {
 
-const char* const TypeNames[] = {
-    nullptr,     "hexBinary", "base64Binary", "i1",      "i2",       "i4",     "i8",     "ui1",     "ui2",
-    "ui4",       "ui8",       "r4",           "r8",      "duration", "yearMonth", "monthDay", "year", "month",
-    "day",       "date",      "datetime",     "time",    "char",     "string", "boolean", "decimal", "integer"};
+const char* const TypeNames[] = {nullptr,     "hexBinary", "base64Binary", "i1",      "i2",      "i4",     "i8",
+                                 "ui1",       "ui2",       "ui4",          "ui8",     "r4",      "r8",     "duration",
+                                 "yearMonth", "monthDay",  "year",         "month",   "day",     "date",   "datetime",
+                                 "time",      "char",      "string",       "boolean", "decimal", "integer"};
 
 [[noreturn]] void ThrowNoText(int type)
 {
@@ -33,19 +33,19 @@ const OrvexVariant& OrvexVariant::operator=(const OrvexVariant& other)
     const ItemType type = other.m_type;
     if (static_cast<unsigned>(type) > ItemType_XmlCollection) throw COrvexException("Unknown Type");
     switch (type) {
-    case ItemType_string:
-        m_value.str = other.m_value.str ? new std::string(*other.m_value.str) : nullptr;
-        break;
-    case ItemType_XmlObject:
-    case ItemType_XmlCollection:
-        m_value.object = other.m_value.object;
-        if (m_value.object) m_value.object->AddRef();
-        break;
-    default:
-        // In-place kinds: the whole word carries the value with its zero padding.
-        // The value-class kinds are never set yet, so their pointer is null.
-        m_value.bits = other.m_value.bits;
-        break;
+        case ItemType_string:
+            m_value.str = other.m_value.str ? new std::string(*other.m_value.str) : nullptr;
+            break;
+        case ItemType_XmlObject:
+        case ItemType_XmlCollection:
+            m_value.object = other.m_value.object;
+            if (m_value.object) m_value.object->AddRef();
+            break;
+        default:
+            // In-place kinds: the whole word carries the value with its zero padding.
+            // The value-class kinds are never set yet, so their pointer is null.
+            m_value.bits = other.m_value.bits;
+            break;
     }
     m_type = type;
     return *this;
@@ -54,19 +54,19 @@ const OrvexVariant& OrvexVariant::operator=(const OrvexVariant& other)
 void OrvexVariant::Clear()
 {
     switch (m_type) {
-    case ItemType_string:
-        delete m_value.str;
-        break;
-    case ItemType_XmlObject:
-    case ItemType_XmlCollection:
-        if (m_value.object) {
-            CXmlObjectBase* object = m_value.object;
-            m_value.object = nullptr;
-            object->Release();
-        }
-        break;
-    default:
-        break;
+        case ItemType_string:
+            delete m_value.str;
+            break;
+        case ItemType_XmlObject:
+        case ItemType_XmlCollection:
+            if (m_value.object) {
+                CXmlObjectBase* object = m_value.object;
+                m_value.object = nullptr;
+                object->Release();
+            }
+            break;
+        default:
+            break;
     }
     m_type = ItemType_Invalid;
     m_value.bits = 0;
@@ -217,25 +217,42 @@ std::string OrvexVariant::GetType() const
 std::string OrvexVariant::ToString(const char* format) const
 {
     switch (m_type) {
-    case ItemType_i1: return CConversions::i1ToString(GetI1());
-    case ItemType_i2: return CConversions::i2ToString(GetI2());
-    case ItemType_i4: return CConversions::i4ToString(GetI4());
-    case ItemType_i8: return CConversions::i8ToString(GetI8());
-    case ItemType_ui1: return CConversions::ui1ToString(GetUI1());
-    case ItemType_ui2: return CConversions::ui2ToString(GetUI2());
-    case ItemType_ui4: return CConversions::ui4ToString(GetUI4());
-    case ItemType_ui8: return CConversions::ui8ToString(GetUI8());
-    case ItemType_r4: return CConversions::r4ToString(GetR4(), format);
-    case ItemType_r8: return CConversions::r8ToString(GetR8(), format);
-    case ItemType_year: return CConversions::yearToString(GetYear());
-    case ItemType_month: return CConversions::monthToString(GetMonth());
-    case ItemType_day: return CConversions::dayToString(GetDay());
-    case ItemType_char: return CConversions::charToString(GetChar());
-    case ItemType_string: return m_value.str ? CConversions::stringToString(*m_value.str) : std::string();
-    case ItemType_boolean: return CConversions::booleanToString(GetBoolean());
-    // The value-class kinds (binary, dates, duration, decimal, integer) join here
-    // together with their classes.
-    default: ThrowNoText(static_cast<int>(m_type));
+        case ItemType_i1:
+            return CConversions::i1ToString(GetI1());
+        case ItemType_i2:
+            return CConversions::i2ToString(GetI2());
+        case ItemType_i4:
+            return CConversions::i4ToString(GetI4());
+        case ItemType_i8:
+            return CConversions::i8ToString(GetI8());
+        case ItemType_ui1:
+            return CConversions::ui1ToString(GetUI1());
+        case ItemType_ui2:
+            return CConversions::ui2ToString(GetUI2());
+        case ItemType_ui4:
+            return CConversions::ui4ToString(GetUI4());
+        case ItemType_ui8:
+            return CConversions::ui8ToString(GetUI8());
+        case ItemType_r4:
+            return CConversions::r4ToString(GetR4(), format);
+        case ItemType_r8:
+            return CConversions::r8ToString(GetR8(), format);
+        case ItemType_year:
+            return CConversions::yearToString(GetYear());
+        case ItemType_month:
+            return CConversions::monthToString(GetMonth());
+        case ItemType_day:
+            return CConversions::dayToString(GetDay());
+        case ItemType_char:
+            return CConversions::charToString(GetChar());
+        case ItemType_string:
+            return m_value.str ? CConversions::stringToString(*m_value.str) : std::string();
+        case ItemType_boolean:
+            return CConversions::booleanToString(GetBoolean());
+        // The value-class kinds (binary, dates, duration, decimal, integer) join here
+        // together with their classes.
+        default:
+            ThrowNoText(static_cast<int>(m_type));
     }
 }
 
@@ -243,28 +260,53 @@ void OrvexVariant::FromString(const std::string& text, ItemType type, CWhitespac
 {
     // Each parser runs before the setter: a failure leaves the old value.
     switch (type) {
-    case ItemType_i1: SetI1(CConversions::i1FromString(text, rule)); return;
-    case ItemType_i2: SetI2(CConversions::i2FromString(text, rule)); return;
-    case ItemType_i4: SetI4(CConversions::i4FromString(text, rule)); return;
-    case ItemType_i8: SetI8(CConversions::i8FromString(text, rule)); return;
-    case ItemType_ui1: SetUI1(CConversions::ui1FromString(text, rule)); return;
-    case ItemType_ui2: SetUI2(CConversions::ui2FromString(text, rule)); return;
-    case ItemType_ui4: SetUI4(CConversions::ui4FromString(text, rule)); return;
-    case ItemType_ui8: SetUI8(CConversions::ui8FromString(text, rule)); return;
-    case ItemType_r4: SetR4(CConversions::r4FromString(text, rule)); return;
-    case ItemType_r8: SetR8(CConversions::r8FromString(text, rule)); return;
-    case ItemType_char: SetChar(CConversions::charFromString(text, rule)); return;
-    case ItemType_string: {
-        std::string* value = new std::string(CConversions::stringFromString(text, rule));
-        Clear();
-        m_type = ItemType_string;
-        m_value.str = value;
-        return;
-    }
-    case ItemType_boolean: SetBoolean(CConversions::booleanFromString(text, rule)); return;
-    // The date parts (16 to 18) are parsed through the date parser, and the
-    // value-class kinds through their classes; both join here with those classes.
-    default: ThrowNoText(static_cast<int>(type));
+        case ItemType_i1:
+            SetI1(CConversions::i1FromString(text, rule));
+            return;
+        case ItemType_i2:
+            SetI2(CConversions::i2FromString(text, rule));
+            return;
+        case ItemType_i4:
+            SetI4(CConversions::i4FromString(text, rule));
+            return;
+        case ItemType_i8:
+            SetI8(CConversions::i8FromString(text, rule));
+            return;
+        case ItemType_ui1:
+            SetUI1(CConversions::ui1FromString(text, rule));
+            return;
+        case ItemType_ui2:
+            SetUI2(CConversions::ui2FromString(text, rule));
+            return;
+        case ItemType_ui4:
+            SetUI4(CConversions::ui4FromString(text, rule));
+            return;
+        case ItemType_ui8:
+            SetUI8(CConversions::ui8FromString(text, rule));
+            return;
+        case ItemType_r4:
+            SetR4(CConversions::r4FromString(text, rule));
+            return;
+        case ItemType_r8:
+            SetR8(CConversions::r8FromString(text, rule));
+            return;
+        case ItemType_char:
+            SetChar(CConversions::charFromString(text, rule));
+            return;
+        case ItemType_string: {
+            std::string* value = new std::string(CConversions::stringFromString(text, rule));
+            Clear();
+            m_type = ItemType_string;
+            m_value.str = value;
+            return;
+        }
+        case ItemType_boolean:
+            SetBoolean(CConversions::booleanFromString(text, rule));
+            return;
+        // The date parts (16 to 18) are parsed through the date parser, and the
+        // value-class kinds through their classes; both join here with those classes.
+        default:
+            ThrowNoText(static_cast<int>(type));
     }
 }
 

@@ -117,8 +117,7 @@ public:
 
 private:
     // Both object kinds are held through their CXmlObjectBase part.
-    union Value
-    {
+    union Value {
         std::uint64_t bits;
         std::uint32_t u32;
         std::uint16_t u16;

@@ -35,9 +35,8 @@ void CheckSmallNumber(const char* name, T value, const CPrimitiveRestrictions& r
 template <typename T, typename Parse, typename Print>
 void CheckWideNumber(const char* name, T value, const CPrimitiveRestrictions& r, Parse parse, Print print)
 {
-    CheckBounds(value, r, parse, [&] {
-        throw COrvexException(FormatString("Invalid Value for %s [%s]", name, print(value).c_str()));
-    });
+    CheckBounds(value, r, parse,
+                [&] { throw COrvexException(FormatString("Invalid Value for %s [%s]", name, print(value).c_str())); });
 }
 
 template <typename T, typename Parse>
@@ -101,25 +100,45 @@ void CheckPrimitiveRestriction(const char* name, const OrvexVariant& value, Item
 {
     const CPrimitiveRestrictions& r = restrictions;
     switch (type) {
-    case ItemType_i1: CheckSmallNumber(name, value.GetI1(), r, CConversions::i1FromString); return;
-    case ItemType_i2: CheckSmallNumber(name, value.GetI2(), r, CConversions::i2FromString); return;
-    case ItemType_i4: CheckSmallNumber(name, value.GetI4(), r, CConversions::i4FromString); return;
-    case ItemType_i8:
-        CheckWideNumber(name, value.GetI8(), r, CConversions::i8FromString, CConversions::i8ToString);
-        return;
-    case ItemType_ui1: CheckSmallNumber(name, value.GetUI1(), r, CConversions::ui1FromString); return;
-    case ItemType_ui2: CheckSmallNumber(name, value.GetUI2(), r, CConversions::ui2FromString); return;
-    // A value above the signed range shows as the negative number of its bits.
-    case ItemType_ui4: CheckSmallNumber(name, value.GetUI4(), r, CConversions::ui4FromString); return;
-    case ItemType_ui8:
-        CheckWideNumber(name, value.GetUI8(), r, CConversions::ui8FromString, CConversions::ui8ToString);
-        return;
-    case ItemType_r4: CheckFloating(name, value.GetR4(), r, CConversions::r4FromString); return;
-    case ItemType_r8: CheckFloating(name, value.GetR8(), r, CConversions::r8FromString); return;
-    case ItemType_string: CheckString(name, value.GetStringRef(), r); return;
-    case ItemType_boolean: return;
-    // The value classes and the date parts join here together with their classes.
-    default: throw COrvexInvalidValueException("unknown type [" + value.GetType() + "]");
+        case ItemType_i1:
+            CheckSmallNumber(name, value.GetI1(), r, CConversions::i1FromString);
+            return;
+        case ItemType_i2:
+            CheckSmallNumber(name, value.GetI2(), r, CConversions::i2FromString);
+            return;
+        case ItemType_i4:
+            CheckSmallNumber(name, value.GetI4(), r, CConversions::i4FromString);
+            return;
+        case ItemType_i8:
+            CheckWideNumber(name, value.GetI8(), r, CConversions::i8FromString, CConversions::i8ToString);
+            return;
+        case ItemType_ui1:
+            CheckSmallNumber(name, value.GetUI1(), r, CConversions::ui1FromString);
+            return;
+        case ItemType_ui2:
+            CheckSmallNumber(name, value.GetUI2(), r, CConversions::ui2FromString);
+            return;
+        // A value above the signed range shows as the negative number of its bits.
+        case ItemType_ui4:
+            CheckSmallNumber(name, value.GetUI4(), r, CConversions::ui4FromString);
+            return;
+        case ItemType_ui8:
+            CheckWideNumber(name, value.GetUI8(), r, CConversions::ui8FromString, CConversions::ui8ToString);
+            return;
+        case ItemType_r4:
+            CheckFloating(name, value.GetR4(), r, CConversions::r4FromString);
+            return;
+        case ItemType_r8:
+            CheckFloating(name, value.GetR8(), r, CConversions::r8FromString);
+            return;
+        case ItemType_string:
+            CheckString(name, value.GetStringRef(), r);
+            return;
+        case ItemType_boolean:
+            return;
+        // The value classes and the date parts join here together with their classes.
+        default:
+            throw COrvexInvalidValueException("unknown type [" + value.GetType() + "]");
     }
 }
 

@@ -256,8 +256,7 @@ std::int32_t CConversions::i4FromString(const std::string& text, WhitespaceRule 
     std::string processed = CWhitespaceUtils::ApplyRule(rule, text);
     DecimalScan scan = ScanDecimal32(processed.c_str());
     if (scan.converted && scan.magnitude > (scan.negative ? 2147483648ull : 2147483647ull))
-        throw COrvexInvalidValueException(
-            FormatString("The value [%s] is to large to fit in a i4", processed.c_str()));
+        throw COrvexInvalidValueException(FormatString("The value [%s] is to large to fit in a i4", processed.c_str()));
     if (!scan.complete)
         throw COrvexInvalidValueException(
             FormatString("The value [%s] can not be converted to a i4", processed.c_str()));

@@ -20,7 +20,11 @@ public:
     CXmlObjectBase* GetBase() override { return this; }
     std::string GetTargetNamespace() const override { return ""; }
     std::string GetNamespace() const override { return ""; }
-    int References() { AddRef(); return Release(); }
+    int References()
+    {
+        AddRef();
+        return Release();
+    }
 
 protected:
     void ToXml_Int(CXmlWriter*, bool, const char*, const CXmlSerializationContext&, bool) const override {}

@@ -1,6 +1,7 @@
 #include "orvexxml/values/Conversions.h"
 
 #include <cmath>
+#include <functional>
 #include <limits>
 
 #include "TestUtil.h"
@@ -51,7 +52,8 @@ TEST(ConversionsI4, FailuresNameI4AndQuoteProcessedText)
     const FailCase cases[] = {
         {"2147483648", Rule::Preserve, "The value [2147483648] is to large to fit in a i4"},
         {"-2147483649", Rule::Preserve, "The value [-2147483649] is to large to fit in a i4"},
-        {"  99999999999999999999999x", Rule::Collapse, "The value [99999999999999999999999x] is to large to fit in a i4"},
+        {"  99999999999999999999999x", Rule::Collapse,
+         "The value [99999999999999999999999x] is to large to fit in a i4"},
         {"abc", Rule::Preserve, "The value [abc] can not be converted to a i4"},
         {"42 ", Rule::Preserve, "The value [42 ] can not be converted to a i4"},
         {" ", Rule::Preserve, "The value [ ] can not be converted to a i4"},
@@ -88,27 +90,26 @@ TEST(ConversionsNarrow, RangeOfEachTypeAndRawTextInMessage)
     EXPECT_EQ(CConversions::ui1FromString("255", Rule::Preserve), 255);
     EXPECT_EQ(CConversions::ui2FromString("65535", Rule::Preserve), 65535);
 
-    EXPECT_THROW_MSG(CConversions::i1FromString("128", Rule::Preserve), Invalid,
-                     "The value [128] is to large to fit in a i1");
-    EXPECT_THROW_MSG(CConversions::i1FromString("-129", Rule::Preserve), Invalid,
-                     "The value [-129] is to large to fit in a i1");
-    EXPECT_THROW_MSG(CConversions::i2FromString(" 40000 ", Rule::Collapse), Invalid,
-                     "The value [ 40000 ] is to large to fit in a i2");
-    EXPECT_THROW_MSG(CConversions::i2FromString("-32769", Rule::Preserve), Invalid,
-                     "The value [-32769] is to large to fit in a i2");
-    EXPECT_THROW_MSG(CConversions::ui1FromString("256", Rule::Preserve), Invalid,
-                     "The value [256] is to large to fit in a ui1");
-    EXPECT_THROW_MSG(CConversions::ui1FromString("-1", Rule::Preserve), Invalid,
-                     "The value [-1] is to large to fit in a ui1");
-    EXPECT_THROW_MSG(CConversions::ui2FromString("65536", Rule::Preserve), Invalid,
-                     "The value [65536] is to large to fit in a ui2");
-    // A text that is no number names the wide type, and one beyond 32 bits too.
-    EXPECT_THROW_MSG(CConversions::i1FromString("abc", Rule::Preserve), Invalid,
-                     "The value [abc] can not be converted to a i4");
-    EXPECT_THROW_MSG(CConversions::i2FromString("3000000000", Rule::Preserve), Invalid,
-                     "The value [3000000000] is to large to fit in a i4");
-    EXPECT_THROW_MSG(CConversions::ui2FromString("x", Rule::Preserve), Invalid,
-                     "The value [x] can not be converted to a ui4");
+    const struct
+    {
+        std::function<void()> parse;
+        const char* message;
+    } cases[] = {
+        {[] { CConversions::i1FromString("128", Rule::Preserve); }, "The value [128] is to large to fit in a i1"},
+        {[] { CConversions::i1FromString("-129", Rule::Preserve); }, "The value [-129] is to large to fit in a i1"},
+        {[] { CConversions::i2FromString(" 40000 ", Rule::Collapse); },
+         "The value [ 40000 ] is to large to fit in a i2"},
+        {[] { CConversions::i2FromString("-32769", Rule::Preserve); }, "The value [-32769] is to large to fit in a i2"},
+        {[] { CConversions::ui1FromString("256", Rule::Preserve); }, "The value [256] is to large to fit in a ui1"},
+        {[] { CConversions::ui1FromString("-1", Rule::Preserve); }, "The value [-1] is to large to fit in a ui1"},
+        {[] { CConversions::ui2FromString("65536", Rule::Preserve); }, "The value [65536] is to large to fit in a ui2"},
+        // A text that is no number names the wide type, and one beyond 32 bits too.
+        {[] { CConversions::i1FromString("abc", Rule::Preserve); }, "The value [abc] can not be converted to a i4"},
+        {[] { CConversions::i2FromString("3000000000", Rule::Preserve); },
+         "The value [3000000000] is to large to fit in a i4"},
+        {[] { CConversions::ui2FromString("x", Rule::Preserve); }, "The value [x] can not be converted to a ui4"},
+    };
+    for (const auto& c : cases) EXPECT_THROW_MSG(c.parse(), Invalid, c.message);
 }
 
 TEST(ConversionsI8, StopsAtFirstBadCharacterAndWraps)
