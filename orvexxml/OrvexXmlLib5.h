@@ -14,4 +14,10 @@
 #include "orvexxml/xml/XmlDocument.h"
 #include "orvexxml/xml/XmlEnums.h"
 
+#include "orvexxml/values/Conversions.h"
 #include "orvexxml/values/WhitespaceUtils.h"
+
+#include "orvexxml/data/BinaryData.h"
+#include "orvexxml/data/OrvexVariant.h"
+
+#include "orvexxml/metadata/PrimitiveRestrictions.h"
