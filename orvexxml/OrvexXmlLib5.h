@@ -22,4 +22,10 @@
 #include "orvexxml/xml/XmlEnums.h"
 #include "orvexxml/xml/NamespaceAliasMap.h"
 
+#include "orvexxml/values/Conversions.h"
 #include "orvexxml/values/WhitespaceUtils.h"
+
+#include "orvexxml/data/BinaryData.h"
+#include "orvexxml/data/OrvexVariant.h"
+
+#include "orvexxml/metadata/PrimitiveRestrictions.h"
