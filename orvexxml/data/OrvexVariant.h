@@ -11,6 +11,7 @@
 namespace OrvexXmlLib5 {
 
 class CXmlObjectBase;
+class CXmlCollectionBase;
 
 // Stored in generated code: the numbers are fixed. The fixed underlying type
 // lets any number reach the checks that refuse it.
@@ -105,8 +106,11 @@ public:
     // The held string itself, without a copy; valid until the variant changes.
     const std::string& GetStringRef() const;
     CSmartPtr<CXmlObjectBase> GetXmlObject() const;
-    // The collection kind (28) is set and read by the collection layer; it is held,
-    // copied and released through its CXmlObjectBase part like the object kind.
+    // The collection kind (28) is held, copied and released through its
+    // CXmlObjectBase part like the object kind; a null collection still sets the type.
+    void SetXmlCollection(CXmlCollectionBase* collection);
+    // Null when the variant holds no collection.
+    CSmartPtr<CXmlCollectionBase> GetXmlCollection() const;
 
     // The type name; fails with "Invalid Type %d" outside 1 to 26.
     std::string GetType() const;

@@ -4,6 +4,7 @@
 
 #include "CollectionTestTypes.h"
 #include "TestUtil.h"
+#include "orvexxml/data/OrvexVariant.h"
 #include "orvexxml/frame/SmartPtr.h"
 #include "orvexxml/xml/XmlTextWriter.h"
 
@@ -196,4 +197,29 @@ TEST(XmlCollectionBase, DefaultsAndTargetNamespace)
     EXPECT_THROW_MSG(col->GetTargetNamespace(), COrvexException,
                      "CXmlCollectionBase::GetTargetNamespace Should not be used from within a Collection (program "
                      "logic error)");
+}
+
+TEST(XmlCollectionVariant, HoldsOneReferenceAndCopiesAddOne)
+{
+    CSmartPtr<CItemCol> col(new CItemCol());
+    auto count = [&] {
+        const int c = col->AddRef();
+        col->Release();
+        return c - 1;
+    };
+    {
+        OrvexVariant value;
+        value.SetXmlCollection(col);
+        EXPECT_EQ(ItemType_XmlCollection, value.GetItemType());
+        EXPECT_EQ(2, count());
+        OrvexVariant copy(value);
+        EXPECT_EQ(3, count());
+        EXPECT_EQ(col.Get(), copy.GetXmlCollection().Get());
+        value.SetXmlCollection(nullptr);
+        EXPECT_TRUE(value.IsValid());
+        EXPECT_TRUE(value.GetXmlCollection().IsNull());
+        value.SetI4(5);  // a plain kind has no collection to give
+        EXPECT_TRUE(value.GetXmlCollection().IsNull());
+    }
+    EXPECT_EQ(1, count());
 }
