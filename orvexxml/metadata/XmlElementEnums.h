@@ -1,10 +1,11 @@
 // The content model of a generated class and how a class or a child stands in the
-// document. Both are stored in generated tables, so their numbers are fixed.
+// document. Both are stored in generated tables, so their numbers are fixed; the
+// fixed underlying type lets any number reach the walks that refuse it.
 #pragma once
 
 namespace OrvexXmlLib5 {
 
-enum XmlElementGroupType
+enum XmlElementGroupType : int
 {
     // The descriptors are tried in table order, once each.
     ElementGroup_Sequence = 0,
@@ -14,7 +15,7 @@ enum XmlElementGroupType
     ElementGroup_All = 2
 };
 
-enum XmlElementType
+enum XmlElementType : int
 {
     // A start tag with its attributes, and children inside it.
     ElementType_Element = 0,

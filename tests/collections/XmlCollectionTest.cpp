@@ -15,8 +15,8 @@ int OrvexTest::CItem::s_live = 0;
 
 TEST(XmlCollection, AddingOperationsPlaceItemsReferenceThemAndSendOneEventEach)
 {
+    CListener listener;  // outlives the collection, which tells it of its last removals
     CSmartPtr<CItemCol> col(new CItemCol());
-    CListener listener;
     col->AddEventListener(&listener);
     CSmartPtr<CItem> a(new CItem("a")), b(new CItem("b")), c(new CItem("c")), d(new CItem("d")), e(new CItem("e")),
         f(new CItem("f")), g(new CItem("g"));
@@ -85,8 +85,8 @@ TEST(XmlCollection, RemovalReleasesAndClearTellsOncePerItem)
 
 TEST(XmlCollection, ListenersAddedTwiceHearTwiceAndGoTogether)
 {
-    CSmartPtr<CItemCol> col(new CItemCol());
     CListener once, twice;
+    CSmartPtr<CItemCol> col(new CItemCol());
     col->AddEventListener(&twice);
     col->AddEventListener(&once);
     col->AddEventListener(&twice);
@@ -101,11 +101,11 @@ TEST(XmlCollection, ListenersAddedTwiceHearTwiceAndGoTogether)
 
 TEST(XmlCollection, CopiesHaveTheirOwnNodesAndOneMoreReferencePerItem)
 {
+    CListener listener;
     CSmartPtr<CItem> a(new CItem("a")), b(new CItem("b"));
     CSmartPtr<CItemCol> source(new CItemCol("Item", 1, 4));
     source->AppendItem(a);
     source->AppendItem(b);
-    CListener listener;
     source->AddEventListener(&listener);
     {
         CItemCol copy(*source);
