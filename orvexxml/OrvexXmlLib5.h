@@ -1,7 +1,9 @@
 // OrvexXml: everything public in namespace OrvexXmlLib5.
 #pragma once
 
+#include "orvexxml/platform/Clock.h"
 #include "orvexxml/platform/CodePage.h"
+#include "orvexxml/platform/SystemTime.h"
 
 #include "orvexxml/frame/FormatString.h"
 #include "orvexxml/frame/InstanceMonitor.h"
@@ -12,4 +14,6 @@
 
 #include "orvexxml/xml/XmlEnums.h"
 
+#include "orvexxml/values/DateTime.h"
+#include "orvexxml/values/DateTimeSpan.h"
 #include "orvexxml/values/WhitespaceUtils.h"
