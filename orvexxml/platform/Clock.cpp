@@ -32,6 +32,8 @@ bool GmTime(std::time_t t, std::tm& out)
 
 bool LocalTime(std::time_t t, std::tm& out)
 {
+    // localtime_r need not look at TZ again; localtime does, and so do we.
+    tzset();
     return localtime_r(&t, &out) != nullptr;
 }
 

@@ -11,7 +11,8 @@ namespace Platform {
 
 // UTC broken-down time of t; false when the year does not fit a tm.
 bool GmTime(std::time_t t, std::tm& out);
-// Local broken-down time of t in the process's time zone; false on failure.
+// Local broken-down time of t in the process's current time zone (TZ is read
+// again on each call); false on failure.
 bool LocalTime(std::time_t t, std::tm& out);
 // Epoch seconds of the fields read as UTC; normalises fields out of range like
 // mktime and gives -1 when the result does not fit.

@@ -16,8 +16,9 @@ class CDateTimeSpan;
 class CDateTime
 {
 public:
-    // The kind of a value; the numbers are stored by generated code.
-    enum DTType
+    // The kind of a value; the numbers are stored by generated code. Any 32-bit
+    // number is a legal value of the type, so an unknown kind can be reported.
+    enum DTType : std::int32_t
     {
         yearZero = 0,
         dateTime = 1,
@@ -30,7 +31,7 @@ public:
         gMonthDay = 8
     };
 
-    enum DTCompareResult
+    enum DTCompareResult : std::int32_t
     {
         Equal = 0,
         LessThan = 1,

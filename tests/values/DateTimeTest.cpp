@@ -791,4 +791,34 @@ TEST(DateTimeSystem, TickCountIsTheLocalClock)
     ASSERT_TRUE(Platform::LocalTime(std::time(nullptr), local));
     const long long expected = Platform::TimeGm(local);
     EXPECT_LE(std::llabs(static_cast<long long>(now.GetTime()) - expected), 5);
+    ScopedTimeZone india("Asia/Kolkata");
+    const long long ahead = static_cast<long long>(DT::GetTickCount().GetTime()) - std::time(nullptr);
+    EXPECT_LE(std::llabs(ahead - 19800), 5);
+}
+
+TEST(DateTimeLexical, HostileTextFailsCleanly)
+{
+    // Texts built from the characters the parsers look at, at every length up to
+    // a full dateTime with zone: each either parses and writes something that
+    // parses back to an equal value, or fails with the value exception.
+    const char alphabet[] = "0123-:.TZ+9";
+    std::mt19937 random(99);
+    for (int i = 0; i < 30000; ++i) {
+        std::string text(std::uniform_int_distribution<int>(0, 32)(random), ' ');
+        for (char& c : text)
+            c = alphabet[random() % (sizeof alphabet - 1)];
+        for (Form form : {Form::DateTime, Form::Date, Form::Time}) {
+            try {
+                const DT v = Parse(form, text.c_str());
+                ASSERT_EQ(Parse(form, v.ToString().c_str()).ToString(), v.ToString()) << text;
+            } catch (const COrvexInvalidValueException&) {
+            }
+        }
+        try {
+            CDateTimeSpan s;
+            s.ParseXSDDuration(("P" + text).c_str());
+            ASSERT_EQ(Span(s.ToString().c_str()).ToString(), s.ToString()) << text;
+        } catch (const COrvexInvalidValueException&) {
+        }
+    }
 }
