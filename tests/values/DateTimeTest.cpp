@@ -2,6 +2,7 @@
 
 #include <cstdlib>
 #include <ctime>
+#include <limits>
 #include <random>
 #include <string>
 
@@ -35,112 +36,83 @@ CDateTimeSpan Span(const char* text)
     return s;
 }
 
+std::string BadDate(const std::string& text)
+{
+    return "Invalid XSD Date [" + text + "] expected CCYY-MM-DD[Z|[+|-]hh:mm]";
+}
+
+std::string BadTime(const std::string& text)
+{
+    return "Invalid XSD Time [" + text + "] expected hh:mm:ss[.ff]";
+}
+
 }  // namespace
 
 TEST(DateTimeLexical, EveryKindRoundTrips)
 {
-    struct Case
-    {
-        Form form;
-        const char* text;
-        DT::DTType kind;
-    };
+    // written: the canonical text when it differs from the input.
+    struct Case { Form form; const char* text; DT::DTType kind; const char* written; };
     const Case cases[] = {
-        {Form::DateTime, "2000-01-01T12:00:00", DT::dateTime},
-        {Form::DateTime, "2000-01-01T12:00:00.5", DT::dateTime},
-        {Form::DateTime, "-0044-03-15T01:02:03.123456789Z", DT::dateTime},
-        {Form::DateTime, "1999-12-31T23:59:59+05:30", DT::dateTime},
-        {Form::DateTime, "0001-01-01T00:00:00-14:00", DT::dateTime},
-        {Form::DateTime, "9999-12-31T23:59:59.999999999+23:59", DT::dateTime},
-        {Form::Date, "2000-02-29", DT::date},
-        {Form::Date, "-0044-03-15", DT::date},
-        {Form::Date, "2000-01-01+05:00", DT::date},
-        {Form::Date, "2000-12Z", DT::gYearMonth},
-        {Form::Date, "-0044", DT::gYear},
-        {Form::Date, "9999", DT::gYear},
-        {Form::Time, "12:00:00.000001", DT::time},
-        {Form::Time, "23:59:59.0000001-01:00", DT::time},
-        {Form::Time, "00:00:00.12", DT::time},
-        {Form::Date, "---07", DT::gDay},
-        {Form::Date, "---31Z", DT::gDay},
-        {Form::Date, "--05", DT::gMonth},
-        {Form::Date, "--02-29", DT::gMonthDay},
-        {Form::Date, "--05-01Z", DT::gMonthDay},
+        {Form::DateTime, "2000-01-01T12:00:00", DT::dateTime, nullptr},
+        {Form::DateTime, "2000-01-01T12:00:00.5", DT::dateTime, nullptr},
+        {Form::DateTime, "-0044-03-15T01:02:03.123456789Z", DT::dateTime, nullptr},
+        {Form::DateTime, "1999-12-31T23:59:59+05:30", DT::dateTime, nullptr},
+        {Form::DateTime, "9999-12-31T23:59:59.999999999-23:59", DT::dateTime, nullptr},
+        {Form::DateTime, "2000-01-01ZT12:00:00", DT::dateTime, "2000-01-01T12:00:00Z"},
+        {Form::DateTime, "2000-01-01+05:00T12:00:00Z", DT::dateTime, "2000-01-01T12:00:00Z"},
+        {Form::Date, "2000-02-29", DT::date, nullptr},          {Form::Date, "-0044-03-15", DT::date, nullptr},
+        {Form::Date, "2000-01-01+05:00", DT::date, nullptr},    {Form::Date, "2000-01-01x05:00", DT::date, "2000-01-01"},
+        {Form::Date, "2000-01-01-00:30", DT::date, "2000-01-01+00:30"},
+        {Form::Date, "2000-12Z", DT::gYearMonth, nullptr},      {Form::Date, "-0044", DT::gYear, nullptr},
+        {Form::Date, "9999", DT::gYear, nullptr},               {Form::Date, "---07", DT::gDay, nullptr},
+        {Form::Date, "---31Z", DT::gDay, nullptr},              {Form::Date, "--05", DT::gMonth, nullptr},
+        {Form::Date, "--05--", DT::gMonth, "--05"},             {Form::Date, "--05xy", DT::gMonth, "--05"},
+        {Form::Date, "--02-29", DT::gMonthDay, nullptr},        {Form::Date, "--05-01Z", DT::gMonthDay, nullptr},
+        {Form::Time, "12:00:00.000001", DT::time, nullptr},     {Form::Time, "23:59:59.0000001-01:00", DT::time, nullptr},
+        {Form::Time, "12:00:00.", DT::time, "12:00:00"},        {Form::Time, "12:00:00abc", DT::time, "12:00:00"},
+        {Form::Time, "12:00:00Zabc", DT::time, "12:00:00Z"},    {Form::Time, "12:00:00+24:00", DT::time, "12:00:00+00:00"},
+        {Form::Time, "12:00:00+24:30", DT::time, "12:00:00+00:30"},
+        {Form::Time, "12:00:00.100", DT::time, "12:00:00.1"},   {Form::Time, "12:00:00.000100", DT::time, "12:00:00.0001"},
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.text);
+        const std::string written = c.written ? c.written : c.text;
         const DT v = Parse(c.form, c.text);
         EXPECT_EQ(v.GetType(), c.kind);
-        EXPECT_EQ(v.ToString(), c.text);
-        EXPECT_EQ(Parse(c.form, v.ToString().c_str()).ToString(), c.text);
-        EXPECT_EQ(Parse(c.form, c.text).CompareTo(v), DT::Equal);
-    }
-    EXPECT_EQ(DT("2000-01-01T12:00:00").GetTypeAsString(), "dateTime");
-}
-
-TEST(DateTimeLexical, LenientShapesGiveCanonicalText)
-{
-    struct Case
-    {
-        Form form;
-        const char* text;
-        const char* written;
-    };
-    const Case cases[] = {
-        {Form::Date, "--05--", "--05"},
-        {Form::Date, "--05xy", "--05"},
-        {Form::Date, "2000-01-01x05:00", "2000-01-01"},
-        {Form::Date, "2000-01-01-00:30", "2000-01-01+00:30"},
-        {Form::Time, "12:00:00.", "12:00:00"},
-        {Form::Time, "12:00:00abc", "12:00:00"},
-        {Form::Time, "12:00:00Zabc", "12:00:00Z"},
-        {Form::Time, "12:00:00+24:00", "12:00:00+00:00"},
-        {Form::Time, "12:00:00+24:30", "12:00:00+00:30"},
-        {Form::Time, "12:00:00.100", "12:00:00.1"},
-        {Form::Time, "12:00:00.000100", "12:00:00.0001"},
-        {Form::Time, "12:00:00.120000000", "12:00:00.12"},
-        {Form::DateTime, "2000-01-01ZT12:00:00", "2000-01-01T12:00:00Z"},
-        {Form::DateTime, "2000-01-01+05:00T12:00:00Z", "2000-01-01T12:00:00Z"},
-        {Form::DateTime, "2000-01-01ZT12:00:00-03:00", "2000-01-01T12:00:00-03:00"},
-    };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.text);
-        EXPECT_EQ(Parse(c.form, c.text).ToString(), c.written);
+        EXPECT_EQ(v.ToString(), written);
+        EXPECT_EQ(Parse(c.form, written.c_str()).ToString(), written);
+        EXPECT_EQ(Parse(c.form, written.c_str()).CompareTo(v), DT::Equal);
     }
     const DT fractions = Parse(Form::Time, "12:00:00.123456789");
-    EXPECT_EQ(fractions.GetMilliSecond(), 123);
-    EXPECT_EQ(fractions.GetMicroSecond(), 456);
-    EXPECT_EQ(fractions.GetNanoSecond(), 789);
+    EXPECT_EQ(fractions.GetMilliSecond() * 1000000 + fractions.GetMicroSecond() * 1000 + fractions.GetNanoSecond(),
+              123456789);
     EXPECT_DOUBLE_EQ(fractions.GetRealSecond(), 0.123456789);
-    const DT negative = Parse(Form::Date, "-0044-03-15");
-    EXPECT_EQ(negative.GetYear(), -44);
+    EXPECT_EQ(Parse(Form::Date, "-0044-03-15").GetYear(), -44);
     EXPECT_TRUE(DT::IsLeapYear(-44));
     EXPECT_FALSE(DT::IsLeapYear(-100));
+
+    const DT v("2000-01-01T12:00:00");
+    EXPECT_EQ(v.ToString("x"), "Unknown Format: x");
+    EXPECT_EQ(v.ToString("G") + v.ToString("") + v.ToString(nullptr), "");
+    EXPECT_EQ(DT().ToString(), "Invalid Year Zero");
+    EXPECT_EQ(DT(2000, 1, 1, 12, 0, 0, 0, 0, 100).ToString(), "2000-01-01T12:00:00.0000001");
+    EXPECT_EQ(DT(7, 1, 1).ToString(), "0007-01-01");
 }
 
 TEST(DateTimeLexical, FailuresNameTheirCause)
 {
-    struct Case
-    {
-        Form form;
-        const char* text;
-        const char* message;
-    };
+    struct Case { Form form; const char* text; std::string message; };
     const Case cases[] = {
         {Form::Date, nullptr, "Invalid Date (Null String)"},
         {Form::Date, "", "Invalid Date (Empty String)"},
         {Form::Date, "2000-01-01T", "Invalid Date ('T' not allowed)"},
         {Form::Date, "2000-01-01+05:00Z", "Invalid Date (Bad Zone value)"},
-        {Form::Date, "12345-01-01", "Invalid XSD Date [12345-01-01] expected CCYY-MM-DD[Z|[+|-]hh:mm]"},
-        {Form::Date, "200-01-01", "Invalid XSD Date [200-01-01] expected CCYY-MM-DD[Z|[+|-]hh:mm]"},
-        {Form::Date, "2000-01-01+0500", "Invalid XSD Date [2000-01-01+0500] expected CCYY-MM-DD[Z|[+|-]hh:mm]"},
-        {Form::Date, "2000/01/01", "Invalid XSD Date [2000/01/01] expected CCYY-MM-DD[Z|[+|-]hh:mm]"},
-        {Form::Date, "--5", "Invalid XSD Date [--5] expected CCYY-MM-DD[Z|[+|-]hh:mm]"},
-        {Form::Date, "--0a", "Invalid XSD Date [--0a] expected CCYY-MM-DD[Z|[+|-]hh:mm]"},
-        {Form::Date, "-x-07", "Invalid XSD Date [-x-07] expected CCYY-MM-DD[Z|[+|-]hh:mm]"},
-        {Form::Date, "Z", "Invalid XSD Date [Z] expected CCYY-MM-DD[Z|[+|-]hh:mm]"},
-        {Form::Date, ":", "Invalid XSD Date [:] expected CCYY-MM-DD[Z|[+|-]hh:mm]"},
-        {Form::Date, "-", "Invalid XSD Date [-] expected CCYY-MM-DD[Z|[+|-]hh:mm]"},
+        {Form::Date, "12345-01-01", BadDate("12345-01-01")},    {Form::Date, "200-01-01", BadDate("200-01-01")},
+        {Form::Date, "2000-01-01+0500", BadDate("2000-01-01+0500")},
+        {Form::Date, "2000/01/01", BadDate("2000/01/01")},      {Form::Date, "--5", BadDate("--5")},
+        {Form::Date, "--0a", BadDate("--0a")},                  {Form::Date, "-x-07", BadDate("-x-07")},
+        {Form::Date, "Z", BadDate("Z")},                        {Form::Date, ":", BadDate(":")},
+        {Form::Date, "-", BadDate("-")},
         {Form::Date, "0000", "Invalid Year [0] (-9999 <= year <= 9999 && year != 0)"},
         {Form::Date, "2000-02-30", "Invalid Day [30] (1 <= day <= days in month"},
         {Form::Date, "1900-02-29", "Invalid Day [29] (1 <= day <= days in month"},
@@ -152,12 +124,9 @@ TEST(DateTimeLexical, FailuresNameTheirCause)
         {Form::Date, "2000-01-01+25:00", "Invalid TimeZone [25:0]"},
         {Form::Time, nullptr, "Invalid Time (Null String)"},
         {Form::Time, "", "Invalid XSD Time (Empty String)"},
-        {Form::Time, "24:00:00", "Invalid XSD Time [24:00:00] expected hh:mm:ss[.ff]"},
-        {Form::Time, "23:60:00", "Invalid XSD Time [23:60:00] expected hh:mm:ss[.ff]"},
-        {Form::Time, "23:59:60", "Invalid XSD Time [23:59:60] expected hh:mm:ss[.ff]"},
-        {Form::Time, "12:00", "Invalid XSD Time [12:00] expected hh:mm:ss[.ff]"},
-        {Form::Time, "12:00:0", "Invalid XSD Time [12:00:0] expected hh:mm:ss[.ff]"},
-        {Form::Time, "12-00-00", "Invalid XSD Time [12-00-00] expected hh:mm:ss[.ff]"},
+        {Form::Time, "24:00:00", BadTime("24:00:00")},          {Form::Time, "23:60:00", BadTime("23:60:00")},
+        {Form::Time, "23:59:60", BadTime("23:59:60")},          {Form::Time, "12:00", BadTime("12:00")},
+        {Form::Time, "12:00:0", BadTime("12:00:0")},            {Form::Time, "12-00-00", BadTime("12-00-00")},
         {Form::Time, "12:00:00.1234567890", "Invalid XSD Time [12:00:00.1234567890] Fraction part too long"},
         {Form::Time, "12:00:00+25:00", "Invalid TimeZone [25:0]"},
         {Form::Time, "12:00:00-25:00", "Invalid TimeZone [-25:0]"},
@@ -169,11 +138,11 @@ TEST(DateTimeLexical, FailuresNameTheirCause)
         {Form::DateTime, "2000-01-01", "Invalid XSD DateTime [2000-01-01]"},
         {Form::DateTime, "T12:00:00", "Invalid Date (Empty String)"},
         {Form::DateTime, "2000-01-01T", "Invalid XSD Time (Empty String)"},
-        {Form::DateTime, "2000-01T12:00:00", "Invalid XSD DateTime [2000-01T12:00:00] expected CCYY-MM-DDThh:mm:ss[.ff]"},
-        {Form::DateTime, "--05-01T12:00:00", "Invalid XSD DateTime [--05-01T12:00:00] expected CCYY-MM-DDThh:mm:ss[.ff]"},
+        {Form::DateTime, "2000-01T12:00:00",
+         "Invalid XSD DateTime [2000-01T12:00:00] expected CCYY-MM-DDThh:mm:ss[.ff]"},
         {Form::DateTime, "2000-02-30T12:00:00", "Invalid Day [30] (1 <= day <= days in month"},
-        {Form::DateTime, "2000-01-01T24:00:00", "Invalid XSD Time [24:00:00] expected hh:mm:ss[.ff]"},
-        {Form::DateTime, "10000-01-01T00:00:00", "Invalid XSD Date [10000-01-01] expected CCYY-MM-DD[Z|[+|-]hh:mm]"},
+        {Form::DateTime, "2000-01-01T24:00:00", BadTime("24:00:00")},
+        {Form::DateTime, "10000-01-01T00:00:00", BadDate("10000-01-01")},
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.text ? c.text : "(null)");
@@ -182,35 +151,15 @@ TEST(DateTimeLexical, FailuresNameTheirCause)
     EXPECT_THROW_MSG(DT("2000-01-01"), COrvexInvalidValueException, "Invalid XSD DateTime [2000-01-01]");
 }
 
-TEST(DateTimeLexical, ToStringFormats)
-{
-    const DT v("2000-01-01T12:00:00");
-    EXPECT_EQ(v.ToString("x"), "Unknown Format: x");
-    EXPECT_EQ(v.ToString("G"), "");
-    EXPECT_EQ(v.ToString(""), "");
-    EXPECT_EQ(v.ToString(nullptr), "");
-    EXPECT_EQ(DT().ToString(), "Invalid Year Zero");
-    EXPECT_EQ(DT(2000, 1, 1, 12, 0, 0, 0, 1, 0).ToString(), "2000-01-01T12:00:00.000001");
-    EXPECT_EQ(DT(2000, 1, 1, 12, 0, 0, 0, 0, 100).ToString(), "2000-01-01T12:00:00.0000001");
-    EXPECT_EQ(DT(7, 1, 1).ToString(), "0007-01-01");
-}
-
 TEST(DateTimeSetters, ValidateMessagesInOrder)
 {
-    using Setter = void (*)(DT&);
-    struct Case
-    {
-        Setter set;
-        const char* message;
-    };
+    struct Case { void (*set)(DT&); const char* message; };
     const Case cases[] = {
         {[](DT& v) { v.SetDate(1900, 2, 29); }, "Invalid Day [29] (1 <= day <= days in month"},
         {[](DT& v) { v.SetDate(2001, 4, 31); }, "Invalid Day [31] (1 <= day <= days in month"},
-        {[](DT& v) { v.SetDate(2001, 4, 0); }, "Invalid Day [0] (1 <= day <= days in month"},
         {[](DT& v) { v.SetDate(0, 13, 40); }, "Invalid Month [13] (1 <= month <= 12)"},
         {[](DT& v) { v.SetDate(-10000, 1, 40); }, "Invalid Year [-10000] (-9999 <= year <= 9999 && year != 0)"},
         {[](DT& v) { v.SetGYear(0); }, "Invalid Year [0] (-9999 <= year <= 9999 && year != 0)"},
-        {[](DT& v) { v.SetGYear(10000); }, "Invalid Year [10000] (-9999 <= year <= 9999 && year != 0)"},
         {[](DT& v) { v.SetGYearMonth(2000, 0); }, "Invalid Month [0] (1 <= month <= 12)"},
         {[](DT& v) { v.SetGMonth(13); }, "Invalid Month [13] (1 <= month <= 12)"},
         {[](DT& v) { v.SetGMonthDay(4, 31); }, "Invalid Day [31] (1 <= day <= days in month)"},
@@ -221,32 +170,27 @@ TEST(DateTimeSetters, ValidateMessagesInOrder)
         {[](DT& v) { v.SetTime(0, 0, 0, 1000, 1000, 1000); }, "Invalid Milli-Second [1000] (0 <= milli <= 999)"},
         {[](DT& v) { v.SetFracTime(0, 1000, 1000); }, "Invalid Micro-Second [1000] (0 <= micro <= 999)"},
         {[](DT& v) { v.SetDateTime(2000, 1, 1, 0, 0, 0, 0, 0, 1000); }, "Invalid Nano-Second [1000] (0 <= nano <= 999)"},
-        {[](DT& v) { v.SetDateTime(2000, 1, 1, 25, 61, 0); }, "Invalid Hour [25] (0 <= hour <= 23)"},
         {[](DT& v) { v.Validate(); }, "Invalid Year Zero"},
     };
     for (const Case& c : cases) {
         DT v;
         EXPECT_THROW_MSG(c.set(v), COrvexInvalidValueException, c.message);
     }
-    DT v;
-    EXPECT_NO_THROW(v.SetDate(2000, 2, 29));
+    EXPECT_NO_THROW(DT().SetDate(2000, 2, 29));
     EXPECT_NO_THROW(DT().SetGMonthDay(2, 29));
-    EXPECT_NO_THROW(DT().SetGDay(31));
-}
 
-TEST(DateTimeSetters, HiddenFieldsMustBeZero)
-{
-    // A kind whose hidden fields were left set by a conversion fails Validate.
-    const char* const expected[] = {"Invalid Month [3] for type gDay", "Invalid Year [2000] for type gMonthDay",
-                                    "Invalid Month [3] for type gYear", "Invalid Hour [4] for type date",
-                                    "Invalid Second [6] for type date", "Invalid Nano-Second [9] for type date"};
-    DT::DTType kinds[] = {DT::gDay, DT::gMonthDay, DT::gYear, DT::date, DT::date, DT::date};
-    const char* sources[] = {"2000-03-15T00:00:00", "2000-03-15T00:00:00", "2000-03-15T00:00:00",
-                             "2000-03-15T04:00:00", "2000-03-15T00:00:06", "2000-03-15T00:00:00.000000009"};
-    for (int i = 0; i < 6; ++i) {
+    // Fields that a conversion left behind, unseen by the kind, fail Validate.
+    const struct { const char* source; DT::DTType kind; const char* message; } hidden[] = {
+        {"2000-03-15T00:00:00", DT::gDay, "Invalid Month [3] for type gDay"},
+        {"2000-03-15T00:00:00", DT::gMonthDay, "Invalid Year [2000] for type gMonthDay"},
+        {"2000-03-15T00:00:00", DT::gYear, "Invalid Month [3] for type gYear"},
+        {"2000-03-15T00:00:06", DT::date, "Invalid Second [6] for type date"},
+        {"2000-03-15T00:00:00.000000009", DT::date, "Invalid Nano-Second [9] for type date"},
+    };
+    for (const auto& h : hidden) {
         DT v;
-        v.SetDateTime(DT(sources[i]), kinds[i]);
-        EXPECT_THROW_MSG(v.Validate(), COrvexInvalidValueException, expected[i]);
+        v.SetDateTime(DT(h.source), h.kind);
+        EXPECT_THROW_MSG(v.Validate(), COrvexInvalidValueException, h.message);
     }
 }
 
@@ -258,106 +202,75 @@ TEST(DateTimeSetters, KindCheckAndSilentConstructors)
                      "Failed to copy CDateTime. Invalid Date Type: time, expected: date.");
     EXPECT_THROW_MSG(d = std::time_t(0), COrvexInvalidStateException,
                      "Failed to copy CDateTime. Invalid Date Type: dateTime, expected: date.");
-    d.SetDate(2001, 2, 28);  // same kind: allowed, and it clears the zone
     d.SetUTC();
-    d.SetDate(2001, 3, 1);
+    d.SetDate(2001, 3, 1);  // same kind: allowed, and the zone is cleared
     EXPECT_FALSE(d.IsUTC());
 
     EXPECT_EQ(DT(2001, 2, 30).GetType(), DT::yearZero);
     EXPECT_EQ(DT(2001, 2, 28, 24, 0, 0).GetType(), DT::yearZero);
     EXPECT_EQ(DT(2001, 2, 28, 23, 0, 0, 1000, 0, 0).GetType(), DT::yearZero);
-    EXPECT_EQ(DT(2000, 2, 29).ToString(), "2000-02-29");
     DT failed;
     EXPECT_THROW(failed.SetDate(2001, 2, 30), COrvexInvalidValueException);
     EXPECT_EQ(failed.GetType(), DT::date);  // what was stored stays
-    EXPECT_EQ(DT(DT::gDay).GetType(), DT::gDay);
 }
 
 TEST(DateTimeGetters, KindDecidesWhichFieldsExist)
 {
-    // Bits: year, month, day, time, day of year/week.
-    struct Case
-    {
-        const char* text;
-        Form form;
-        unsigned fields;
-    };
+    // fields: bits for year, month, day, time of day, day of year and week.
+    struct Case { const char* text; Form form; unsigned fields; };
     const Case cases[] = {
-        {"2000-03-04T05:06:07.008", Form::DateTime, 31}, {"2000-03-04", Form::Date, 23},
-        {"2000-03", Form::Date, 3},                      {"2000", Form::Date, 1},
-        {"05:06:07.008", Form::Time, 8},                 {"---04", Form::Date, 4},
-        {"--03", Form::Date, 2},                         {"--03-04", Form::Date, 6},
+        {"2000-03-04T05:06:07.008", Form::DateTime, 31}, {"2000-03-04", Form::Date, 23}, {"2000-03", Form::Date, 3},
+        {"2000", Form::Date, 1}, {"05:06:07.008", Form::Time, 8}, {"---04", Form::Date, 4}, {"--03", Form::Date, 2},
+        {"--03-04", Form::Date, 6},
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.text);
         const DT v = Parse(c.form, c.text);
         const std::string kind = v.GetTypeAsString();
-        const auto msg = [&](const char* op) { return std::string("Failed to ") + op + ". Invalid Date Type: " + kind + "."; };
-        if (c.fields & 1)
-            EXPECT_EQ(v.GetYear(), 2000);
-        else
-            EXPECT_THROW_MSG(v.GetYear(), COrvexInvalidStateException, msg("GetYear"));
-        if (c.fields & 2)
-            EXPECT_EQ(v.GetMonth(), 3);
-        else
-            EXPECT_THROW_MSG(v.GetMonth(), COrvexInvalidStateException, msg("GetMonth"));
-        if (c.fields & 4)
-            EXPECT_EQ(v.GetDay(), 4);
-        else
-            EXPECT_THROW_MSG(v.GetDay(), COrvexInvalidStateException, msg("GetDay"));
-        if (c.fields & 8) {
-            EXPECT_EQ(v.GetHour(), 5);
-            EXPECT_EQ(v.GetMinute(), 6);
-            EXPECT_EQ(v.GetSecond(), 7);
-            EXPECT_EQ(v.GetMilliSecond(), 8);
-            EXPECT_EQ(v.GetMicroSecond(), 0);
-            EXPECT_EQ(v.GetNanoSecond(), 0);
-            EXPECT_DOUBLE_EQ(v.GetRealSecond(), 7.008);
-        } else {
-            EXPECT_THROW_MSG(v.GetHour(), COrvexInvalidStateException, msg("GetHour"));
-            EXPECT_THROW_MSG(v.GetMinute(), COrvexInvalidStateException, msg("GetMinute"));
-            EXPECT_THROW_MSG(v.GetSecond(), COrvexInvalidStateException, msg("GetSecond"));
-            EXPECT_THROW_MSG(v.GetRealSecond(), COrvexInvalidStateException, msg("GetRealSecond"));
-            EXPECT_THROW_MSG(v.GetMilliSecond(), COrvexInvalidStateException, msg("GetMilliSecond"));
-            EXPECT_THROW_MSG(v.GetMicroSecond(), COrvexInvalidStateException, msg("GetMicroSecond"));
-            EXPECT_THROW_MSG(v.GetNanoSecond(), COrvexInvalidStateException, msg("GetNanoSecond"));
-        }
-        if (c.fields & 16) {
-            EXPECT_EQ(v.GetDayOfYear(), 64);
-            EXPECT_EQ(v.GetDayOfWeek(), 7);  // a Saturday
-        } else {
-            EXPECT_THROW_MSG(v.GetDayOfYear(), COrvexInvalidStateException, msg("GetDayOfYear"));
-            EXPECT_THROW_MSG(v.GetDayOfWeek(), COrvexInvalidStateException, msg("GetDayOfWeek"));
+        const auto check = [&](unsigned bit, const char* op, double expected, double (*get)(const DT&)) {
+            if (c.fields & bit)
+                EXPECT_DOUBLE_EQ(get(v), expected) << op;
+            else
+                EXPECT_THROW_MSG(get(v), COrvexInvalidStateException,
+                                 std::string("Failed to ") + op + ". Invalid Date Type: " + kind + ".");
+        };
+        check(1, "GetYear", 2000, [](const DT& x) -> double { return x.GetYear(); });
+        check(2, "GetMonth", 3, [](const DT& x) -> double { return x.GetMonth(); });
+        check(4, "GetDay", 4, [](const DT& x) -> double { return x.GetDay(); });
+        check(8, "GetHour", 5, [](const DT& x) -> double { return x.GetHour(); });
+        check(8, "GetMinute", 6, [](const DT& x) -> double { return x.GetMinute(); });
+        check(8, "GetSecond", 7, [](const DT& x) -> double { return x.GetSecond(); });
+        check(8, "GetRealSecond", 7.008, [](const DT& x) { return x.GetRealSecond(); });
+        check(8, "GetMilliSecond", 8, [](const DT& x) -> double { return x.GetMilliSecond(); });
+        check(8, "GetMicroSecond", 0, [](const DT& x) -> double { return x.GetMicroSecond(); });
+        check(8, "GetNanoSecond", 0, [](const DT& x) -> double { return x.GetNanoSecond(); });
+        check(16, "GetDayOfYear", 64, [](const DT& x) -> double { return x.GetDayOfYear(); });
+        check(16, "GetDayOfWeek", 7, [](const DT& x) -> double { return x.GetDayOfWeek(); });  // a Saturday
+        if (!(c.fields & 16)) {
             EXPECT_THROW_MSG(v.GetTime(), COrvexInvalidValueException,
                              "Failed to GetTime, Date Status must be dateTime or date. Invalid Date Type: " + kind + ".");
         }
-        if (v.GetType() != DT::dateTime) {
+        if (c.fields != 31) {
             EXPECT_THROW_MSG(v.GetAsSystemTime(), COrvexInvalidValueException,
                              "Failed to GetAsSystemTime, Date Status must be dateTime. Invalid Date Type: " + kind + ".");
         }
     }
     EXPECT_EQ(DT(2000, 3, 1).GetDayOfYear(), 61);
     EXPECT_EQ(DT(1900, 3, 1).GetDayOfYear(), 60);
-    EXPECT_EQ(DT(1900, 1, 1).GetDayOfYear(), 1);
     EXPECT_EQ(DT(-4, 12, 31).GetDayOfYear(), 366);
 }
 
-TEST(DateTimeZone, FlagsAndRanges)
+TEST(DateTimeZone, FlagsRangesAndNormalization)
 {
     DT v("2000-01-01T12:00:00");
-    EXPECT_FALSE(v.IsUTC());
-    EXPECT_FALSE(v.HasTimeZone());
+    EXPECT_FALSE(v.IsUTC() || v.HasTimeZone());
     EXPECT_THROW_MSG(v.GetZoneHour(), COrvexInvalidStateException, "TimeZone is not been used");
     v.SetUTC();
-    EXPECT_TRUE(v.IsUTC());
-    EXPECT_FALSE(v.HasTimeZone());
+    EXPECT_TRUE(v.IsUTC() && !v.HasTimeZone());
     EXPECT_THROW_MSG(v.GetZoneMinute(), COrvexInvalidStateException, "TimeZone is not been used");
     v.SetTimeZone(-5, 30);
-    EXPECT_TRUE(v.IsUTC());
-    EXPECT_TRUE(v.HasTimeZone());
-    EXPECT_EQ(v.GetZoneHour(), -5);
-    EXPECT_EQ(v.GetZoneMinute(), 30);
-    EXPECT_EQ(v.ToString(), "2000-01-01T12:00:00-05:30");
+    EXPECT_TRUE(v.IsUTC() && v.HasTimeZone());
+    EXPECT_EQ(v.GetZoneHour() * 100 + v.GetZoneMinute(), -470);
     EXPECT_THROW_MSG(v.SetTimeZone(24, 0), COrvexInvalidValueException, "Invalid TimeZone [24:0]");
     EXPECT_THROW_MSG(v.SetTimeZone(-24, 0), COrvexInvalidValueException, "Invalid TimeZone [-24:0]");
     EXPECT_THROW_MSG(v.SetTimeZone(0, 60), COrvexInvalidValueException, "Invalid TimeZone [0:60]");
@@ -379,6 +292,8 @@ TEST(DateTimeConversion, KindTable)
         {1, 0, 0, 0, 0, 0, 1, 0, 0}, {1, 0, 0, 0, 0, 0, 0, 1, 0}, {1, 0, 0, 0, 0, 0, 1, 1, 1},
     };
     const DT full("2000-03-04T05:06:07Z");
+    const char* const written[9] = {"Invalid Year Zero", "2000-03-04T05:06:07Z", "2000-03-04Z", "2000-03Z", "2000Z",
+                                    "05:06:07Z", "---04Z", "--03Z", "--03-04Z"};
     for (int s = 0; s < 9; ++s) {
         DT source;
         if (s != 0)
@@ -388,8 +303,7 @@ TEST(DateTimeConversion, KindTable)
             DT v;
             if (allowed[s][t]) {
                 EXPECT_NO_THROW(v.SetDateTime(source, target)) << s << "->" << t;
-                EXPECT_EQ(v.GetType(), target);
-                EXPECT_EQ(v.IsUTC(), s != 0);
+                EXPECT_EQ(v.ToString(), written[t]);
             } else {
                 EXPECT_THROW_MSG(v.SetDateTime(source, target), COrvexInvalidValueException,
                                  "Attempting to set a CDateTime of type " + DT::TypeName(target) +
@@ -398,12 +312,6 @@ TEST(DateTimeConversion, KindTable)
             }
         }
     }
-    DT v;
-    v.SetDateTime(full, DT::gMonthDay);
-    EXPECT_EQ(v.ToString(), "--03-04Z");
-    DT back;
-    back.SetDateTime(full, DT::time);
-    EXPECT_EQ(back.ToString(), "05:06:07Z");
     EXPECT_THROW_MSG(DT().SetDateTime(DT(static_cast<DT::DTType>(42)), DT::date), COrvexInvalidValueException,
                      "Unknown date type 42.");
     EXPECT_EQ(DT(static_cast<DT::DTType>(42)).GetTypeAsString(), "");
@@ -411,46 +319,30 @@ TEST(DateTimeConversion, KindTable)
 
 TEST(DateTimeArithmetic, CarriesAcrossMonthsYearsAndLeapDays)
 {
-    struct Case
-    {
-        Form form;
-        const char* start;
-        const char* span;
-        bool subtract;
-        const char* result;
-    };
+    struct Case { Form form; const char* start; const char* span; bool subtract; const char* result; };
     const Case cases[] = {
         {Form::DateTime, "2000-12-31T23:59:59", "PT1S", false, "2001-01-01T00:00:00"},
         {Form::DateTime, "2000-03-01T00:00:00", "PT1S", true, "2000-02-29T23:59:59"},
         {Form::DateTime, "1900-03-01T00:00:00", "PT1S", true, "1900-02-28T23:59:59"},
         {Form::DateTime, "2000-03-01T00:00:00", "-PT1S", false, "2000-02-29T23:59:59"},
-        {Form::DateTime, "2000-03-01T00:00:00", "-PT1S", true, "2000-02-29T23:59:59"},
+        {Form::DateTime, "2000-03-01T00:00:00", "-PT1S", true, "2000-02-29T23:59:59"},  // minus stays minus
         {Form::DateTime, "2000-01-01T00:00:00", "PT0.000000001S", true, "1999-12-31T23:59:59.999999999"},
         {Form::DateTime, "1999-12-31T23:59:59.999999999", "PT0.000000001S", false, "2000-01-01T00:00:00"},
         {Form::DateTime, "2000-01-01T00:00:00", "P1Y2M3DT4H5M6.789S", false, "2001-03-04T04:05:06.789"},
-        {Form::DateTime, "2000-01-01T00:00:00", "PT90M", false, "2000-01-01T01:30:00"},
         {Form::DateTime, "2000-01-01T00:00:00", "PT100000000S", false, "2003-03-03T09:46:40"},
         {Form::DateTime, "2000-01-01T00:00:00", "PT100000000S", true, "1996-10-30T14:13:20"},
         {Form::DateTime, "2000-02-28T12:00:00", "PT36H", false, "2000-03-01T00:00:00"},
         {Form::DateTime, "2000-01-31T00:00:00", "P400D", false, "2001-03-06T00:00:00"},
-        {Form::DateTime, "2000-01-31T00:00:00", "P1M", false, "2000-02-31T00:00:00"},
         {Form::DateTime, "2000-01-31T00:00:00", "P13M", true, "1998-12-31T00:00:00"},
         {Form::DateTime, "-0001-12-31T23:59:59", "PT1S", false, "0000-01-01T00:00:00"},
-        {Form::Date, "2001-01-31", "P1M", false, "2001-02-31"},
-        {Form::Date, "2000-02-28", "P1D", false, "2000-02-29"},
-        {Form::Date, "1900-02-28", "P1D", false, "1900-03-01"},
-        {Form::Date, "2000-02-29", "P1Y", false, "2001-02-29"},
-        {Form::Date, "2000-02-29", "P4Y", true, "1996-02-29"},
-        {Form::Date, "2000-01-01", "PT1S", true, "1999-12-31"},
+        {Form::Date, "2001-01-31", "P1M", false, "2001-02-31"},    {Form::Date, "2000-02-28", "P1D", false, "2000-02-29"},
+        {Form::Date, "1900-02-28", "P1D", false, "1900-03-01"},    {Form::Date, "2000-02-29", "P1Y", false, "2001-02-29"},
+        {Form::Date, "2000-02-29", "P4Y", true, "1996-02-29"},     {Form::Date, "2000-01-01", "PT1S", true, "1999-12-31"},
         {Form::Date, "2000-01-01", "P36524D", false, "2099-12-31"},
-        {Form::Date, "2000", "P1Y", false, "2001"},
-        {Form::Date, "2000", "P1D", true, "1999"},
-        {Form::Date, "2000-12", "P1M", false, "2001-01"},
-        {Form::Date, "--12", "P1M", false, "--01"},
-        {Form::Date, "--02-28", "P1D", false, "--02-29"},
-        {Form::Date, "---31", "P1D", false, "---01"},
-        {Form::Time, "23:00:00", "PT2H", false, "01:00:00"},
-        {Form::Time, "00:00:00", "PT1S", true, "23:59:59"},
+        {Form::Date, "2000", "P1Y", false, "2001"},                {Form::Date, "2000", "P1D", true, "1999"},
+        {Form::Date, "2000-12", "P1M", false, "2001-01"},          {Form::Date, "--12", "P1M", false, "--01"},
+        {Form::Date, "--02-28", "P1D", false, "--02-29"},          {Form::Date, "---31", "P1D", false, "---01"},
+        {Form::Time, "23:00:00", "PT2H", false, "01:00:00"},       {Form::Time, "00:00:00", "PT1S", true, "23:59:59"},
         {Form::Time, "12:00:00+05:00", "PT1H", false, "13:00:00+05:00"},
     };
     for (const Case& c : cases) {
@@ -458,14 +350,8 @@ TEST(DateTimeArithmetic, CarriesAcrossMonthsYearsAndLeapDays)
         const DT start = Parse(c.form, c.start);
         const CDateTimeSpan span = Span(c.span);
         DT inPlace(start);
-        if (c.subtract) {
-            EXPECT_EQ((start - span).ToString(), c.result);
-            inPlace -= span;
-        } else {
-            EXPECT_EQ((start + span).ToString(), c.result);
-            inPlace += span;
-        }
-        EXPECT_EQ(inPlace.ToString(), c.result);
+        EXPECT_EQ((c.subtract ? start - span : start + span).ToString(), c.result);
+        EXPECT_EQ((c.subtract ? inPlace -= span : inPlace += span).ToString(), c.result);
     }
     // Going back inside the month keeps a day beyond its end.
     DT feb = DT("2001-01-31T00:00:00") + Span("P1M");
@@ -481,34 +367,21 @@ void WalkDays(long long& year, int& month, int& day, long long d)
 {
     const auto dim = [&]() {
         static const int days[13] = {0, 31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
-        const bool leap = year % 4 == 0 && (year % 100 != 0 || year % 400 == 0);
-        return month == 2 && leap ? 29 : days[month];
+        return month == 2 && year % 4 == 0 && (year % 100 != 0 || year % 400 == 0) ? 29 : days[month];
     };
-    while (d != 0) {
-        if (d > 0) {
-            if (day + d <= dim()) {
-                day += static_cast<int>(d);
-                return;
-            }
-            d += day - dim() - 1;
-            day = 1;
-            if (++month == 13) {
-                month = 1;
-                ++year;
-            }
-        } else {
-            if (day - 1 >= -d) {
-                day += static_cast<int>(d);
-                return;
-            }
-            d += day;
-            if (--month == 0) {
-                month = 12;
-                --year;
-            }
-            day = dim();
-        }
+    while (d > 0 && day + d > dim()) {
+        d += day - dim() - 1;
+        day = 1;
+        month = month % 12 + 1;
+        year += month == 1;
     }
+    while (d < 0 && day - 1 < -d) {
+        d += day;
+        month = (month + 10) % 12 + 1;
+        year -= month == 12;
+        day = dim();
+    }
+    day += static_cast<int>(d);
 }
 
 }  // namespace
@@ -516,43 +389,37 @@ void WalkDays(long long& year, int& month, int& day, long long d)
 TEST(DateTimeArithmetic, DayStepsMatchTheMonthByMonthWalk)
 {
     std::mt19937 random(20261122);
+    const auto pick = [&](int lo, int hi) { return std::uniform_int_distribution<int>(lo, hi)(random); };
     for (int i = 0; i < 20000; ++i) {
-        const short year = static_cast<short>(std::uniform_int_distribution<int>(-2000, 3000)(random));
-        if (year == 0)
-            continue;
-        const int month = std::uniform_int_distribution<int>(1, 12)(random);
-        const int day = std::uniform_int_distribution<int>(1, 28)(random);
-        const int months = std::uniform_int_distribution<int>(0, 30)(random);
-        const int days = std::uniform_int_distribution<int>(0, 3000)(random);
-        const bool negative = (random() & 1) != 0;
-        // Day 28 to 31 moved by whole months may stand beyond the month's end.
-        DT start(year, static_cast<unsigned char>(month), static_cast<unsigned char>(day + (i % 4)));
+        // Days 28 to 31 moved by whole months may stand beyond the month's end.
+        DT start(static_cast<short>(pick(-2000, 3000)), pick(1, 12), pick(1, 28) + i % 4);
+        const int days = pick(0, 3000);
+        const bool negative = (i & 1) != 0;
         if (start.GetType() == DT::yearZero)
             continue;
-        start += CDateTimeSpan(0, static_cast<std::uint32_t>(months), 0, 0, 0, 0);
+        start += CDateTimeSpan(0, pick(0, 30), 0, 0, 0, 0);
         long long y = start.GetYear();
         int m = start.GetMonth();
         int d = start.GetDay();
         WalkDays(y, m, d, negative ? -days : days);
-        CDateTimeSpan span(0, 0, static_cast<std::uint32_t>(days), 0, 0, 0);
+        CDateTimeSpan span(0, 0, days, 0, 0, 0);
         if (negative)
             span.Negate();
         const DT moved = start + span;
-        ASSERT_EQ(moved.GetYear(), y) << start.ToString() << " " << span.ToString();
-        ASSERT_EQ(moved.GetMonth(), m) << start.ToString() << " " << span.ToString();
-        ASSERT_EQ(moved.GetDay(), d) << start.ToString() << " " << span.ToString();
+        ASSERT_EQ(moved.GetYear() * 10000LL + moved.GetMonth() * 100 + moved.GetDay(), y * 10000 + m * 100 + d)
+            << start.ToString() << " " << span.ToString();
     }
 }
 
 TEST(DateTimeArithmetic, DifferenceAddsBack)
 {
     std::mt19937 random(7);
+    const auto pick = [&](int lo, int hi) { return std::uniform_int_distribution<int>(lo, hi)(random); };
     for (int i = 0; i < 2000; ++i) {
-        const auto pick = [&](int lo, int hi) { return std::uniform_int_distribution<int>(lo, hi)(random); };
-        const DT a(static_cast<short>(pick(1, 3000)), pick(1, 12), pick(1, 28), pick(0, 23), pick(0, 59), pick(0, 59),
-                   pick(0, 999), pick(0, 999), pick(0, 999));
-        const DT b(static_cast<short>(pick(1, 3000)), pick(1, 12), pick(1, 28), pick(0, 23), pick(0, 59), pick(0, 59),
-                   pick(0, 999), pick(0, 999), pick(0, 999));
+        const DT a(pick(1, 3000), pick(1, 12), pick(1, 28), pick(0, 23), pick(0, 59), pick(0, 59), pick(0, 999),
+                   pick(0, 999), pick(0, 999));
+        const DT b(pick(1, 3000), pick(1, 12), pick(1, 28), pick(0, 23), pick(0, 59), pick(0, 59), pick(0, 999),
+                   pick(0, 999), pick(0, 999));
         const CDateTimeSpan diff = a - b;
         ASSERT_EQ((b + diff).ToString(), a.ToString()) << diff.ToString();
         ASSERT_EQ(diff.IsNegative(), a < b);
@@ -564,25 +431,19 @@ TEST(DateTimeArithmetic, DifferenceAddsBack)
                      "Failed to subtract a CDateTime of type dateTime from a CDateTime of type date.");
 }
 
-TEST(DateTimeArithmetic, HugeSpansStayFinite)
+TEST(DateTimeArithmetic, HugeSpansStayInRange)
 {
     CDateTimeSpan spans[] = {Span("PT4294967295H"), Span("P4294967295D"), Span("P65535Y4294967295M"),
-                             Span("PT2147483648S"), Span("PT4294967295M")};
-    CDateTimeSpan widest(65535, 0xFFFFFFFFu, 0xFFFFFFFFu, 0xFFFFFFFFu, ~0ULL, ~0ULL, 65535, 65535, 65535);
-    const DT starts[] = {DT("9999-12-31T23:59:59.999999999+14:00"), DT("-9999-01-01T00:00:00")};
-    for (const DT& start : starts) {
+                             Span("PT2147483648S"), Span("PT4294967295M"),
+                             CDateTimeSpan(65535, ~0u, ~0u, ~0u, ~0ULL, ~0ULL, 65535, 65535, 65535)};
+    for (const DT& start : {DT("9999-12-31T23:59:59.999999999+14:00"), DT("-9999-01-01T00:00:00")}) {
         for (CDateTimeSpan span : spans) {
-            for (int sign = 0; sign < 2; ++sign) {
+            for (int sign = 0; sign < 2; ++sign, span.Negate()) {
                 const DT r = start + span;
-                EXPECT_GE(r.GetMonth(), 1);
-                EXPECT_LE(r.GetMonth(), 12);
-                EXPECT_LE(r.GetHour(), 23);
-                EXPECT_NE(r.ToString(), "");
-                span.Negate();
+                EXPECT_TRUE(r.GetMonth() >= 1 && r.GetMonth() <= 12 && r.GetDay() >= 1 && r.GetDay() <= 31);
+                EXPECT_TRUE(r.GetHour() <= 23 && r.GetMinute() <= 59 && r.GetSecond() <= 59 && r.GetNanoSecond() <= 999);
             }
         }
-        EXPECT_LE((start + widest).GetSecond(), 59);
-        EXPECT_LE((start - widest).GetNanoSecond(), 999);
     }
     // The seconds of a span are signed 64-bit in the sum: 2^64 - 1 is one second back.
     CDateTimeSpan minusOne;
@@ -592,13 +453,7 @@ TEST(DateTimeArithmetic, HugeSpansStayFinite)
 
 TEST(DateTimeOrder, PartialOrderOfZones)
 {
-    struct Case
-    {
-        Form form;
-        const char* a;
-        const char* b;
-        DT::DTCompareResult result;
-    };
+    struct Case { Form form; const char* a; const char* b; DT::DTCompareResult result; };
     const Case cases[] = {
         {Form::DateTime, "2000-01-01T12:00:00", "2000-01-01T12:00:00", DT::Equal},
         {Form::DateTime, "2000-01-01T12:00:00", "2000-01-01T12:00:00.000000001", DT::LessThan},
@@ -606,32 +461,22 @@ TEST(DateTimeOrder, PartialOrderOfZones)
         {Form::DateTime, "2000-01-01T12:00:00Z", "2000-01-01T16:00:00+05:00", DT::GreaterThan},
         {Form::DateTime, "2000-01-01T12:00:00Z", "2000-01-01T17:00:00+05:00", DT::Equal},
         {Form::DateTime, "2000-01-01T12:00:00Z", "2000-01-01T17:00:01+05:00", DT::LessThan},
-        {Form::DateTime, "2000-01-01T12:00:00Z", "2000-01-01T18:00:00+06:00", DT::Equal},
         {Form::DateTime, "2000-01-01T12:00:00+01:00", "2000-01-01T06:00:00-05:00", DT::Equal},
+        // Without a zone a value may lie anywhere from -14:00 to +14:00.
         {Form::DateTime, "2000-01-01T12:00:00Z", "2000-01-01T12:00:00", DT::Indeterminate},
         {Form::DateTime, "2000-01-01T12:00:00Z", "2000-01-02T12:00:00", DT::LessThan},
-        {Form::DateTime, "2000-01-01T12:00:00Z", "2000-01-01T21:59:59", DT::Indeterminate},
         {Form::DateTime, "2000-01-01T12:00:00Z", "2000-01-02T02:00:01", DT::LessThan},
         {Form::DateTime, "2000-01-01T12:00:00Z", "2000-01-02T02:00:00", DT::Indeterminate},
-        {Form::DateTime, "2000-01-02T12:00:00Z", "2000-01-01T12:00:00", DT::GreaterThan},
-        {Form::DateTime, "2000-01-01T12:00:00Z", "2000-01-01T00:00:00", DT::Indeterminate},
+        {Form::DateTime, "2000-01-01T12:00:00Z", "1999-12-31T22:00:00", DT::Indeterminate},
         {Form::DateTime, "2000-01-01T12:00:00Z", "1999-12-31T21:59:59", DT::GreaterThan},
-        {Form::DateTime, "2000-01-01T12:00:00", "2000-01-01T12:00:00Z", DT::Indeterminate},
-        {Form::DateTime, "2000-01-02T12:00:00", "2000-01-01T12:00:00Z", DT::GreaterThan},
-        {Form::DateTime, "1999-12-31T12:00:00", "2000-01-01T12:00:00Z", DT::LessThan},
         {Form::DateTime, "2000-01-01T12:00:00", "2000-01-01T12:00:00+14:00", DT::Indeterminate},
         {Form::DateTime, "2000-01-02T02:00:01", "2000-01-01T12:00:00+14:00", DT::GreaterThan},
         {Form::DateTime, "-0001-01-01T00:00:00", "0001-01-01T00:00:00", DT::Indeterminate},
-        {Form::Date, "2000-01-01", "2000-01-02", DT::LessThan},
-        {Form::Date, "2000-01-01", "2000-01", DT::Indeterminate},
-        {Form::Date, "2000-01", "2000-02", DT::LessThan},
-        {Form::Date, "2000", "1999", DT::GreaterThan},
-        {Form::Date, "2000Z", "2000+05:00", DT::GreaterThan},
-        {Form::Date, "--02-29", "--03-01", DT::LessThan},
-        {Form::Date, "---15", "---15", DT::Equal},
-        {Form::Date, "--05", "---05", DT::Indeterminate},
-        {Form::Time, "23:00:00-02:00", "00:30:00Z", DT::GreaterThan},
-        {Form::Time, "12:00:00", "12:00:00.5", DT::LessThan},
+        {Form::Date, "2000-01-01", "2000-01-02", DT::LessThan},   {Form::Date, "2000-01-01", "2000-01", DT::Indeterminate},
+        {Form::Date, "2000-01", "2000-02", DT::LessThan},         {Form::Date, "2000", "1999", DT::GreaterThan},
+        {Form::Date, "2000Z", "2000+05:00", DT::GreaterThan},     {Form::Date, "--02-29", "--03-01", DT::LessThan},
+        {Form::Date, "---15", "---15", DT::Equal},                {Form::Date, "--05", "---05", DT::Indeterminate},
+        {Form::Time, "23:00:00-02:00", "00:30:00Z", DT::GreaterThan}, {Form::Time, "12:00:00", "12:00:00.5", DT::LessThan},
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(std::string(c.a) + " ? " + c.b);
@@ -639,14 +484,9 @@ TEST(DateTimeOrder, PartialOrderOfZones)
         const DT b = Parse(c.form, c.b);
         const DT::DTCompareResult r = a.CompareTo(b);
         EXPECT_EQ(r, c.result);
-        EXPECT_EQ(a == b, r == DT::Equal);
-        EXPECT_EQ(a != b, r != DT::Equal);
-        EXPECT_EQ(a < b, r == DT::LessThan);
-        EXPECT_EQ(a <= b, r == DT::LessThan || r == DT::Equal);
-        EXPECT_EQ(a > b, r == DT::GreaterThan);
-        EXPECT_EQ(a >= b, r == DT::GreaterThan || r == DT::Equal);
-        const DT::DTCompareResult mirrored = r == DT::LessThan ? DT::GreaterThan : r == DT::GreaterThan ? DT::LessThan : r;
-        EXPECT_EQ(b.CompareTo(a), mirrored);
+        EXPECT_EQ(b.CompareTo(a), r == DT::LessThan ? DT::GreaterThan : r == DT::GreaterThan ? DT::LessThan : r);
+        EXPECT_EQ((a == b) + 2 * (a != b) + 4 * (a < b) + 8 * (a <= b) + 16 * (a > b) + 32 * (a >= b),
+                  r == DT::Equal ? 1 + 8 + 32 : r == DT::LessThan ? 2 + 4 + 8 : r == DT::GreaterThan ? 2 + 16 + 32 : 2);
     }
     EXPECT_EQ(DT(2000, 1, 1).CompareTo(Parse(Form::Time, "12:00:00")), DT::Indeterminate);
 }
@@ -657,26 +497,21 @@ namespace {
 class ScopedTimeZone
 {
 public:
-    explicit ScopedTimeZone(const char* zone)
+    explicit ScopedTimeZone(const char* zone) : m_had(std::getenv("TZ") != nullptr)
     {
-        const char* old = std::getenv("TZ");
-        m_had = old != nullptr;
         if (m_had)
-            m_old = old;
+            m_old = std::getenv("TZ");
         setenv("TZ", zone, 1);
         tzset();
     }
     ~ScopedTimeZone()
     {
-        if (m_had)
-            setenv("TZ", m_old.c_str(), 1);
-        else
-            unsetenv("TZ");
+        m_had ? setenv("TZ", m_old.c_str(), 1) : unsetenv("TZ");
         tzset();
     }
 
 private:
-    bool m_had = false;
+    bool m_had;
     std::string m_old;
 };
 
@@ -685,11 +520,8 @@ private:
 TEST(DateTimeSystem, CalendarMatchesTheCLibraryFrom1900To2100)
 {
     std::tm first{};
-    first.tm_year = 0;
     first.tm_mday = 1;
     first.tm_hour = 13;
-    first.tm_min = 14;
-    first.tm_sec = 15;
     const std::time_t start = Platform::TimeGm(first);
     std::tm last{};
     last.tm_year = 200;
@@ -700,16 +532,12 @@ TEST(DateTimeSystem, CalendarMatchesTheCLibraryFrom1900To2100)
         std::tm fields{};
         ASSERT_TRUE(Platform::GmTime(t, fields));
         const DT v(t);
-        ASSERT_EQ(v.GetYear(), fields.tm_year + 1900);
-        ASSERT_EQ(v.GetMonth(), fields.tm_mon + 1);
-        ASSERT_EQ(v.GetDay(), fields.tm_mday);
-        ASSERT_EQ(v.GetHour(), 13);
+        ASSERT_EQ(v.GetYear() * 10000 + v.GetMonth() * 100 + v.GetDay(),
+                  (fields.tm_year + 1900) * 10000 + (fields.tm_mon + 1) * 100 + fields.tm_mday);
         ASSERT_EQ(v.GetDayOfWeek(), fields.tm_wday + 1) << v.ToString();
         ASSERT_EQ(v.GetDayOfYear(), fields.tm_yday + 1) << v.ToString();
         ASSERT_EQ(v.GetTime(), t) << v.ToString();
-        DT d;
-        d.SetDate(v.GetYear(), v.GetMonth(), v.GetDay());
-        ASSERT_EQ(d.GetTime(), t - (13 * 60 + 14) * 60 - 15);
+        ASSERT_EQ(DT(v.GetYear(), v.GetMonth(), v.GetDay()).GetTime(), t - 13 * 3600);
         ASSERT_EQ(v.GetAsSystemTime().wDayOfWeek, fields.tm_wday);
     }
 }
@@ -719,8 +547,7 @@ TEST(DateTimeSystem, GetTimeIgnoresTheProcessTimeZone)
     const char* const texts[] = {"2021-03-14T02:30:00", "2021-11-07T01:30:00", "1970-01-01T00:00:00",
                                  "2038-01-19T03:14:08", "1901-12-13T20:45:52", "2000-06-30T23:59:59-04:00",
                                  "2024-02-29T12:00:00+05:30", "9999-12-31T23:59:59"};
-    const char* const zones[] = {"UTC", "America/New_York", "Asia/Kolkata", "Australia/Lord_Howe"};
-    for (const char* zone : zones) {
+    for (const char* zone : {"UTC", "America/New_York", "Asia/Kolkata", "Australia/Lord_Howe"}) {
         ScopedTimeZone scoped(zone);
         for (const char* text : texts) {
             SCOPED_TRACE(std::string(zone) + " " + text);
@@ -742,44 +569,35 @@ TEST(DateTimeSystem, GetTimeIgnoresTheProcessTimeZone)
 
 TEST(DateTimeSystem, SystemTimeAndFileTime)
 {
-    const SYSTEMTIME st = {2024, 2, 0, 29, 13, 14, 15, 678};
-    const DT v(st);
+    const DT v(SYSTEMTIME{2024, 2, 0, 29, 13, 14, 15, 678});
     EXPECT_EQ(v.ToString(), "2024-02-29T13:14:15.678");
     const SYSTEMTIME back = v.GetAsSystemTime();
     EXPECT_EQ(back.wDayOfWeek, 4);  // Thursday
-    EXPECT_EQ(back.wYear, 2024);
+    EXPECT_EQ(back.wYear * 10000 + back.wMonth * 100 + back.wDay, 20240229);
     EXPECT_EQ(back.wMilliseconds, 678);
 
-    const FILETIME origin = {0, 0};
-    EXPECT_EQ(DT(origin).ToString(), "1601-01-01T00:00:00");
+    EXPECT_EQ(DT(FILETIME{0, 0}).ToString(), "1601-01-01T00:00:00");
     const std::uint64_t epoch = 116444736000000000ULL + 12345678;
-    const FILETIME unix = {static_cast<std::uint32_t>(epoch), static_cast<std::uint32_t>(epoch >> 32)};
-    EXPECT_EQ(DT(unix).ToString(), "1970-01-01T00:00:01.234");
-
-    const FILETIME negative = {0, 0x80000000u};
-    EXPECT_EQ(DT(negative).GetType(), DT::yearZero);
+    EXPECT_EQ(DT(FILETIME{std::uint32_t(epoch), std::uint32_t(epoch >> 32)}).ToString(), "1970-01-01T00:00:01.234");
     DT target;
-    EXPECT_THROW_MSG(target = negative, COrvexInvalidValueException, "Failed to convert FILETIME to SYSTEMTIME");
-    const FILETIME latest = {0xFFFFFFFFu, 0x7FFFFFFFu};
-    EXPECT_EQ(DT(latest).GetType(), DT::yearZero);
-    EXPECT_THROW_MSG(target = latest, COrvexInvalidValueException,
+    EXPECT_EQ(DT(FILETIME{0, 0x80000000u}).GetType(), DT::yearZero);
+    EXPECT_THROW_MSG(target = (FILETIME{0, 0x80000000u}), COrvexInvalidValueException,
+                     "Failed to convert FILETIME to SYSTEMTIME");
+    EXPECT_EQ(DT(FILETIME{~0u, 0x7FFFFFFFu}).GetType(), DT::yearZero);
+    EXPECT_THROW_MSG(target = (FILETIME{~0u, 0x7FFFFFFFu}), COrvexInvalidValueException,
                      "Invalid Year [30828] (-9999 <= year <= 9999 && year != 0)");
 
     // Wide fields are reported as they are, not wrapped into the narrow ones.
-    const SYSTEMTIME wide = {65535, 1, 0, 1, 0, 0, 0, 0};
-    EXPECT_EQ(DT(wide).GetType(), DT::yearZero);
-    EXPECT_THROW_MSG(DT() = wide, COrvexInvalidValueException,
+    EXPECT_EQ(DT(SYSTEMTIME{65535, 1, 0, 1, 0, 0, 0, 0}).GetType(), DT::yearZero);
+    EXPECT_THROW_MSG(target = (SYSTEMTIME{65535, 1, 0, 1, 0, 0, 0, 0}), COrvexInvalidValueException,
                      "Invalid Year [65535] (-9999 <= year <= 9999 && year != 0)");
-    const SYSTEMTIME month = {2000, 257, 0, 1, 0, 0, 0, 0};
-    EXPECT_THROW_MSG(DT() = month, COrvexInvalidValueException, "Invalid Month [257] (1 <= month <= 12)");
-    const SYSTEMTIME milli = {2000, 1, 0, 1, 0, 0, 0, 1000};
-    EXPECT_THROW_MSG(DT() = milli, COrvexInvalidValueException, "Invalid Milli-Second [1000] (0 <= milli <= 999)");
+    EXPECT_THROW_MSG(target = (SYSTEMTIME{2000, 257, 0, 1, 0, 0, 0, 0}), COrvexInvalidValueException,
+                     "Invalid Month [257] (1 <= month <= 12)");
 
-    EXPECT_EQ(DT(std::time_t(0)).ToString(), "1970-01-01T00:00:00");
     EXPECT_EQ(DT(std::time_t(-1)).ToString(), "1969-12-31T23:59:59");
     EXPECT_EQ(DT(std::time_t(253402300800LL)).GetType(), DT::yearZero);  // year 10000
     EXPECT_EQ(DT(std::numeric_limits<std::time_t>::max()).GetType(), DT::yearZero);
-    EXPECT_THROW(DT() = std::numeric_limits<std::time_t>::max(), COrvexInvalidValueException);
+    EXPECT_THROW(target = std::numeric_limits<std::time_t>::max(), COrvexInvalidValueException);
 }
 
 TEST(DateTimeSystem, TickCountIsTheLocalClock)
@@ -789,8 +607,7 @@ TEST(DateTimeSystem, TickCountIsTheLocalClock)
     EXPECT_FALSE(now.IsUTC());
     std::tm local{};
     ASSERT_TRUE(Platform::LocalTime(std::time(nullptr), local));
-    const long long expected = Platform::TimeGm(local);
-    EXPECT_LE(std::llabs(static_cast<long long>(now.GetTime()) - expected), 5);
+    EXPECT_LE(std::llabs(static_cast<long long>(now.GetTime()) - Platform::TimeGm(local)), 5);
     ScopedTimeZone india("Asia/Kolkata");
     const long long ahead = static_cast<long long>(DT::GetTickCount().GetTime()) - std::time(nullptr);
     EXPECT_LE(std::llabs(ahead - 19800), 5);
@@ -798,9 +615,8 @@ TEST(DateTimeSystem, TickCountIsTheLocalClock)
 
 TEST(DateTimeLexical, HostileTextFailsCleanly)
 {
-    // Texts built from the characters the parsers look at, at every length up to
-    // a full dateTime with zone: each either parses and writes something that
-    // parses back to an equal value, or fails with the value exception.
+    // Texts made of the characters the parsers look at: each either parses and
+    // writes a text that parses to the same, or fails with the value exception.
     const char alphabet[] = "0123-:.TZ+9";
     std::mt19937 random(99);
     for (int i = 0; i < 30000; ++i) {
@@ -815,8 +631,7 @@ TEST(DateTimeLexical, HostileTextFailsCleanly)
             }
         }
         try {
-            CDateTimeSpan s;
-            s.ParseXSDDuration(("P" + text).c_str());
+            const CDateTimeSpan s = Span(("P" + text).c_str());
             ASSERT_EQ(Span(s.ToString().c_str()).ToString(), s.ToString()) << text;
         } catch (const COrvexInvalidValueException&) {
         }
