@@ -1,7 +1,9 @@
 // OrvexXml: everything public in namespace OrvexXmlLib5.
 #pragma once
 
+#include "orvexxml/platform/Clock.h"
 #include "orvexxml/platform/CodePage.h"
+#include "orvexxml/platform/SystemTime.h"
 
 #include "orvexxml/frame/FormatString.h"
 #include "orvexxml/frame/InstanceMonitor.h"
@@ -23,6 +25,8 @@
 #include "orvexxml/xml/NamespaceAliasMap.h"
 
 #include "orvexxml/values/Conversions.h"
+#include "orvexxml/values/DateTime.h"
+#include "orvexxml/values/DateTimeSpan.h"
 #include "orvexxml/values/WhitespaceUtils.h"
 
 #include "orvexxml/data/BinaryData.h"
