@@ -2,7 +2,7 @@
 // driver tests look at: static tables built once, AccessProperty switching on the
 // index, Init resetting the properties. Reading for the element cells that the
 // library does not read yet comes from the plain readers of the binding example
-// and from the two test readers below.
+// and from the test readers below.
 #pragma once
 
 #include <string>
@@ -43,39 +43,30 @@ public:
     using CXmlGeneratedClass::IsElementInList;
 };
 
-// A primitive that declines a foreign element instead of failing, as a sequence
-// cell does for a pseudo owner.
-class CTryPrimReader : public CElementInfoSeqPrimMnd
+// A primitive member that takes its element when it stands at the position and
+// declines otherwise: the plain reading of a choice alternative and of an all
+// member, and of a sequence member of a pseudo owner.
+template <typename Cell>
+class CTakeOrDecline : public Cell
 {
 public:
-    using CElementInfoSeqPrimMnd::CElementInfoSeqPrimMnd;
+    using Cell::Cell;
     bool ElementFromXml(const CXmlSerializationContext& context, CXmlGeneratedClass* owner, CXmlElement*,
-                        CXmlElement** current, const char*, XmlElementType) override;
+                        CXmlElement** current, const char*, XmlElementType) override
+    {
+        if (!this->IsThisElement(context, *current)) return false;
+        OrvexVariant value;
+        value.FromString((*current)->GetText(), this->GetItemType(), this->GetWhitespaceRule());
+        this->AccessProperty(owner, false, value);
+        *current = (*current)->GetNextSiblingElement();
+        return true;
+    }
 };
+using CTryPrimReader = CTakeOrDecline<CElementInfoSeqPrimMnd>;
+using CChoicePrimReader = CTakeOrDecline<CElementInfoChoicePrimOpt>;
+using CAllPrimMndReader = CTakeOrDecline<CElementInfoAllPrimMnd>;
+using CAllPrimOptReader = CTakeOrDecline<CElementInfoAllPrimOpt>;
 
-// An alternative of a choice or a member of an all group: takes its element when
-// it stands at the position, and declines otherwise.
-class CChoicePrimReader : public CElementInfoChoicePrimOpt
-{
-public:
-    using CElementInfoChoicePrimOpt::CElementInfoChoicePrimOpt;
-    bool ElementFromXml(const CXmlSerializationContext& context, CXmlGeneratedClass* owner, CXmlElement*,
-                        CXmlElement** current, const char*, XmlElementType) override;
-};
-class CAllPrimMndReader : public CElementInfoAllPrimMnd
-{
-public:
-    using CElementInfoAllPrimMnd::CElementInfoAllPrimMnd;
-    bool ElementFromXml(const CXmlSerializationContext& context, CXmlGeneratedClass* owner, CXmlElement*,
-                        CXmlElement** current, const char*, XmlElementType) override;
-};
-class CAllPrimOptReader : public CElementInfoAllPrimOpt
-{
-public:
-    using CElementInfoAllPrimOpt::CElementInfoAllPrimOpt;
-    bool ElementFromXml(const CXmlSerializationContext& context, CXmlGeneratedClass* owner, CXmlElement*,
-                        CXmlElement** current, const char*, XmlElementType) override;
-};
 // A repeating alternative of a choice.
 class CChoiceColReader : public CElementInfoChoiceCol
 {
@@ -196,50 +187,6 @@ public:
 };
 
 // ---------------------------------------------------------------------------
-
-inline bool CTryPrimReader::ElementFromXml(const CXmlSerializationContext& context, CXmlGeneratedClass* owner,
-                                           CXmlElement*, CXmlElement** current, const char*, XmlElementType)
-{
-    if (!IsThisElement(context, *current)) return false;
-    OrvexVariant value;
-    value.FromString((*current)->GetText(), GetItemType(), GetWhitespaceRule());
-    AccessProperty(owner, false, value);
-    *current = (*current)->GetNextSiblingElement();
-    return true;
-}
-
-inline bool CChoicePrimReader::ElementFromXml(const CXmlSerializationContext& context, CXmlGeneratedClass* owner,
-                                              CXmlElement*, CXmlElement** current, const char*, XmlElementType)
-{
-    if (!IsThisElement(context, *current)) return false;
-    OrvexVariant value;
-    value.FromString((*current)->GetText(), GetItemType(), GetWhitespaceRule());
-    AccessProperty(owner, false, value);
-    *current = (*current)->GetNextSiblingElement();
-    return true;
-}
-
-inline bool CAllPrimMndReader::ElementFromXml(const CXmlSerializationContext& context, CXmlGeneratedClass* owner,
-                                              CXmlElement*, CXmlElement** current, const char*, XmlElementType)
-{
-    if (!IsThisElement(context, *current)) return false;
-    OrvexVariant value;
-    value.FromString((*current)->GetText(), GetItemType(), GetWhitespaceRule());
-    AccessProperty(owner, false, value);
-    *current = (*current)->GetNextSiblingElement();
-    return true;
-}
-
-inline bool CAllPrimOptReader::ElementFromXml(const CXmlSerializationContext& context, CXmlGeneratedClass* owner,
-                                              CXmlElement*, CXmlElement** current, const char*, XmlElementType)
-{
-    if (!IsThisElement(context, *current)) return false;
-    OrvexVariant value;
-    value.FromString((*current)->GetText(), GetItemType(), GetWhitespaceRule());
-    AccessProperty(owner, false, value);
-    *current = (*current)->GetNextSiblingElement();
-    return true;
-}
 
 inline bool CChoiceColReader::ElementFromXml(const CXmlSerializationContext& context, CXmlGeneratedClass* owner,
                                              CXmlElement* parent, CXmlElement** current, const char*, XmlElementType)
