@@ -13,3 +13,5 @@
 #include "orvexxml/xml/XmlEnums.h"
 
 #include "orvexxml/values/WhitespaceUtils.h"
+#include "orvexxml/values/BigInteger.h"
+#include "orvexxml/values/Decimal.h"
