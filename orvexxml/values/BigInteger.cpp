@@ -81,52 +81,144 @@ bool IsZeroDigits(const std::vector<char>& v)
     return v.size() <= 1 && (v.empty() || v[0] == 0);
 }
 
-// The window rem[k, k + n] (n + 1 digits) against the n digits of b.
-bool WindowNotBelow(const std::vector<char>& rem, std::size_t k, const std::vector<char>& b, std::size_t n)
+// Multiplication and division run on limbs of four digits: the results are the
+// same numbers that digit-by-digit schoolbook work gives, for a sixteenth of the steps.
+constexpr std::int64_t kLimbBase = 10000;
+
+std::vector<std::int64_t> ToLimbs(const std::vector<char>& v)
 {
-    if (rem[k + n] != 0)
-        return true;
-    for (std::size_t i = n; i-- > 0;) {
-        if (rem[k + i] != b[i])
-            return rem[k + i] > b[i];
-    }
-    return true;
+    static const std::int64_t scale[4] = {1, 10, 100, 1000};
+    std::vector<std::int64_t> limbs((v.size() + 3) / 4, 0);
+    for (std::size_t i = 0; i < v.size(); ++i)
+        limbs[i / 4] += v[i] * scale[i % 4];
+    while (limbs.size() > 1 && limbs.back() == 0)
+        limbs.pop_back();
+    if (limbs.empty())
+        limbs.push_back(0);
+    return limbs;
 }
 
-void SubtractAt(std::vector<char>& rem, std::size_t k, const std::vector<char>& b, std::size_t n)
+void FromLimbs(const std::int64_t* limbs, std::size_t count, std::vector<char>& out)
 {
-    char borrow = 0;
-    for (std::size_t i = 0; i < n; ++i) {
-        char d = static_cast<char>(rem[k + i] - b[i] - borrow);
-        borrow = d < 0;
-        rem[k + i] = borrow ? static_cast<char>(d + 10) : d;
+    out.resize(count * 4);
+    for (std::size_t i = 0; i < count; ++i) {
+        std::int64_t l = limbs[i];
+        for (std::size_t k = 0; k < 4; ++k) {
+            out[i * 4 + k] = static_cast<char>(l % 10);
+            l /= 10;
+        }
     }
-    rem[k + n] = static_cast<char>(rem[k + n] - borrow);
+    while (out.size() > 1 && out.back() == 0)
+        out.pop_back();
+    if (out.empty())
+        out.push_back(0);
 }
 
-template <typename Acc>
-void MultiplyDigits(const std::vector<char>& a, const std::vector<char>& b, std::vector<char>& out)
+void MultiplyLimbs(const std::vector<char>& a, const std::vector<char>& b, std::vector<char>& out)
 {
-    std::vector<Acc> acc(a.size() + b.size(), 0);
-    for (std::size_t i = 0; i < b.size(); ++i) {
-        const Acc bd = static_cast<Acc>(b[i]);
-        if (bd == 0)
+    const std::vector<std::int64_t> la = ToLimbs(a);
+    const std::vector<std::int64_t> lb = ToLimbs(b);
+    // Products stay below 10^8, so column sums fit in 64 bits for any length that
+    // fits in memory; carries wait until the end.
+    std::vector<std::uint64_t> acc(la.size() + lb.size() + 1, 0);
+    for (std::size_t i = 0; i < lb.size(); ++i) {
+        const std::uint64_t bl = static_cast<std::uint64_t>(lb[i]);
+        if (bl == 0)
             continue;
-        Acc* row = acc.data() + i;
-        for (std::size_t j = 0; j < a.size(); ++j)
-            row[j] += bd * static_cast<Acc>(a[j]);
+        std::uint64_t* row = acc.data() + i;
+        for (std::size_t j = 0; j < la.size(); ++j)
+            row[j] += bl * static_cast<std::uint64_t>(la[j]);
     }
-    out.resize(acc.size());
-    Acc carry = 0;
+    std::vector<std::int64_t> limbs(acc.size());
+    std::uint64_t carry = 0;
     for (std::size_t i = 0; i < acc.size(); ++i) {
-        Acc v = acc[i] + carry;
-        out[i] = static_cast<char>(v % 10);
-        carry = v / 10;
+        const std::uint64_t v = acc[i] + carry;
+        limbs[i] = static_cast<std::int64_t>(v % kLimbBase);
+        carry = v / kLimbBase;
     }
-    while (carry) {
-        out.push_back(static_cast<char>(carry % 10));
-        carry /= 10;
+    FromLimbs(limbs.data(), limbs.size(), out);
+}
+
+void ScaleLimbs(std::vector<std::int64_t>& limbs, std::int64_t factor, bool keepCarry)
+{
+    std::int64_t carry = 0;
+    for (std::int64_t& l : limbs) {
+        const std::int64_t t = l * factor + carry;
+        l = t % kLimbBase;
+        carry = t / kLimbBase;
     }
+    if (keepCarry)
+        limbs.push_back(carry);
+}
+
+// Long division on limbs. The divisor is normalised so that each quotient limb
+// estimated from the top two limbs is at most one too large, which one adding back
+// corrects. Requires a >= b > 0.
+void DivideLimbs(const std::vector<char>& a, const std::vector<char>& b, std::vector<char>& quotient,
+                 std::vector<char>& remainder)
+{
+    std::vector<std::int64_t> v = ToLimbs(b);
+    std::vector<std::int64_t> u = ToLimbs(a);
+    const std::size_t n = v.size();
+    const std::size_t m = u.size() - n;
+    std::vector<std::int64_t> q(m + 1, 0);
+    if (n == 1) {
+        std::int64_t r = 0;
+        for (std::size_t j = u.size(); j-- > 0;) {
+            const std::int64_t cur = r * kLimbBase + u[j];
+            q[j] = cur / v[0];
+            r = cur % v[0];
+        }
+        FromLimbs(q.data(), q.size(), quotient);
+        FromLimbs(&r, 1, remainder);
+        return;
+    }
+    const std::int64_t d = kLimbBase / (v[n - 1] + 1);
+    ScaleLimbs(v, d, false);
+    ScaleLimbs(u, d, true);
+    for (std::size_t j = m + 1; j-- > 0;) {
+        const std::int64_t num = u[j + n] * kLimbBase + u[j + n - 1];
+        std::int64_t qhat = num / v[n - 1];
+        std::int64_t rhat = num % v[n - 1];
+        while (qhat >= kLimbBase || qhat * v[n - 2] > rhat * kLimbBase + u[j + n - 2]) {
+            --qhat;
+            rhat += v[n - 1];
+            if (rhat >= kLimbBase)
+                break;
+        }
+        std::int64_t borrow = 0;
+        for (std::size_t i = 0; i < n; ++i) {
+            const std::int64_t p = qhat * v[i] + borrow;
+            borrow = p / kLimbBase;
+            std::int64_t t = u[i + j] - p % kLimbBase;
+            if (t < 0) {
+                t += kLimbBase;
+                ++borrow;
+            }
+            u[i + j] = t;
+        }
+        u[j + n] -= borrow;
+        if (u[j + n] < 0) {
+            --qhat;
+            std::int64_t c = 0;
+            for (std::size_t i = 0; i < n; ++i) {
+                const std::int64_t t = u[i + j] + v[i] + c;
+                u[i + j] = t % kLimbBase;
+                c = t / kLimbBase;
+            }
+            u[j + n] += c;
+        }
+        q[j] = qhat;
+    }
+    // The remainder is the low n limbs, scaled back.
+    std::int64_t r = 0;
+    for (std::size_t i = n; i-- > 0;) {
+        const std::int64_t cur = r * kLimbBase + u[i];
+        u[i] = cur / d;
+        r = cur % d;
+    }
+    FromLimbs(q.data(), q.size(), quotient);
+    FromLimbs(u.data(), n, remainder);
 }
 
 }  // namespace
@@ -272,13 +364,7 @@ void CBigInteger::Multiply(const Digits& a, const Digits& b, Digits& out)
         out.assign(1, 0);
         return;
     }
-    // The column sums hold at most 81 per digit of the shorter operand.
-    const std::size_t shorter = a.size() < b.size() ? a.size() : b.size();
-    if (shorter < (1u << 24))
-        MultiplyDigits<std::uint32_t>(a, b, out);
-    else
-        MultiplyDigits<std::uint64_t>(a, b, out);
-    Clean(out);
+    MultiplyLimbs(a, b, out);
 }
 
 void CBigInteger::Pow10(unsigned int n, Digits& out)
@@ -297,27 +383,11 @@ void CBigInteger::Divide(const Digits& a, const Digits& b, Digits& quotient, Dig
         remainder = std::move(r);
         return;
     }
-    // Long division without digit estimation: at each position the divisor is
-    // subtracted from the window while it fits, at most nine times, since the
-    // window is always below ten times the divisor.
-    Digits rem(a);
-    Clean(rem);
-    const std::size_t n = b.size();  // b is clean and not zero here, as a >= b > 0
-    const std::size_t na = rem.size();
-    Digits quot(na - n + 1, 0);
-    rem.push_back(0);
-    for (std::size_t k = na - n + 1; k-- > 0;) {
-        char count = 0;
-        while (WindowNotBelow(rem, k, b, n)) {
-            SubtractAt(rem, k, b, n);
-            ++count;
-        }
-        quot[k] = count;
-    }
-    Clean(quot);
-    Clean(rem);
-    quotient = std::move(quot);
-    remainder = std::move(rem);
+    Digits q;
+    Digits r;
+    DivideLimbs(a, b, q, r);
+    quotient = std::move(q);
+    remainder = std::move(r);
 }
 
 // ---------------------------------------------------------------- construction and text

@@ -117,6 +117,12 @@ protected:
 private:
     friend class CDecimal;
 
+    // An empty digit vector, to be filled at once: spares the allocation of a zero.
+    struct NoDigits
+    {
+    };
+    explicit CBigInteger(NoDigits) : m_sign(1) {}
+
     CBigInteger Sum(const CBigInteger& other, int otherSign) const;
     void DivideBy(const CBigInteger& other, CBigInteger* quotient, CBigInteger* remainder,
                   const char* zeroMessage) const;

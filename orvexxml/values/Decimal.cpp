@@ -91,7 +91,8 @@ CDecimal::CDecimal(long long value) : m_whole(value), m_divider(1) {}
 
 CDecimal::CDecimal(const CBigInteger& value) : m_whole(value), m_divider(1) {}
 
-CDecimal::CDecimal(double value) : m_divider(1)
+CDecimal::CDecimal(double value)
+    : m_whole(CBigInteger::NoDigits()), m_fraction(CBigInteger::NoDigits()), m_divider(1)
 {
     // Thirteen fixed places and a line feed that the parser skips as whitespace.
     char buffer[400];
@@ -103,7 +104,8 @@ CDecimal::CDecimal(double value) : m_divider(1)
     Parse(buffer);
 }
 
-CDecimal::CDecimal(const char* text) : m_divider(1)
+CDecimal::CDecimal(const char* text)
+    : m_whole(CBigInteger::NoDigits()), m_fraction(CBigInteger::NoDigits()), m_divider(1)
 {
     Parse(text);
 }

@@ -29,14 +29,72 @@ std::string Int128Text(__int128 v)
 class DigitLayer : public CBigInteger
 {
 public:
+    using CBigInteger::Add;
     using CBigInteger::Build;
+    using CBigInteger::Clean;
     using CBigInteger::Compare;
+    using CBigInteger::Multiply;
     using CBigInteger::Divide;
     using CBigInteger::Position;
     using CBigInteger::ShiftLeft;
     using CBigInteger::Subtract;
     using Digits = CBigInteger::Digits;
 };
+
+// The plain digit-by-digit algorithms, as references for the fast kernels.
+DigitLayer::Digits ReferenceProduct(const DigitLayer::Digits& a, const DigitLayer::Digits& b)
+{
+    DigitLayer::Digits sum{0};
+    for (std::size_t i = 0; i < b.size(); ++i) {
+        DigitLayer::Digits row;
+        DigitLayer::Multiply(a, b[i], row);
+        if (row != DigitLayer::Digits{0})
+            DigitLayer::ShiftLeft(row, static_cast<int>(i));
+        DigitLayer::Add(sum, row, sum);
+    }
+    DigitLayer::Clean(sum);
+    return sum;
+}
+
+void ReferenceDivide(const DigitLayer::Digits& a, const DigitLayer::Digits& b, DigitLayer::Digits& q,
+                     DigitLayer::Digits& r)
+{
+    if (DigitLayer::Compare(a, b) < 0) {
+        q = {0};
+        r = a;
+        return;
+    }
+    const int s = DigitLayer::Position(a) - DigitLayer::Position(b) - 1;
+    DigitLayer::Digits d = b, m{1};
+    if (s >= 1) {
+        DigitLayer::ShiftLeft(d, s);
+        DigitLayer::ShiftLeft(m, s);
+    }
+    r = a;
+    q = {0};
+    while (DigitLayer::Compare(r, d) >= 0) {
+        DigitLayer::Add(q, m, q);
+        DigitLayer::Subtract(r, d, r);
+    }
+    if (DigitLayer::Compare(r, b) >= 0) {
+        DigitLayer::Digits q2, r2;
+        ReferenceDivide(r, b, q2, r2);
+        r = r2;
+        DigitLayer::Add(q, q2, q);
+    }
+}
+
+// Digits heavy in 0 and 9, which drive quotient estimates to their corrections.
+DigitLayer::Digits AdversarialDigits(std::mt19937_64& rng, std::size_t n)
+{
+    DigitLayer::Digits v(n);
+    for (char& d : v) {
+        const unsigned k = static_cast<unsigned>(rng() % 4);
+        d = static_cast<char>(k == 0 ? 0 : k == 1 ? 9 : rng() % 10);
+    }
+    v.back() = static_cast<char>(1 + rng() % 9);
+    return v;
+}
 
 std::string RandomDigits(std::mt19937_64& rng, std::size_t n)
 {
@@ -263,5 +321,30 @@ TEST(BigInteger, IdentitiesOnLongNumbers)
         EXPECT_EQ((a + b - b).ToString(), as);
         EXPECT_TRUE(a % b < a.GetAbs() || a % b == a);
         EXPECT_EQ((a * a).SquareRoot().ToString(), as);
+    }
+}
+
+TEST(BigInteger, FastKernelsAgreeWithDigitByDigitWork)
+{
+    std::mt19937_64 rng(99);
+    for (int n = 0; n < 1500; ++n) {
+        const DigitLayer::Digits a = AdversarialDigits(rng, 1 + rng() % 70);
+        const DigitLayer::Digits b = AdversarialDigits(rng, 1 + rng() % 40);
+        DigitLayer::Digits product;
+        DigitLayer::Multiply(a, b, product);
+        ASSERT_EQ(product, ReferenceProduct(a, b));
+        DigitLayer::Digits q, r, rq, rr;
+        DigitLayer::Divide(a, b, q, r);
+        ReferenceDivide(a, b, rq, rr);
+        ASSERT_EQ(q, rq);
+        ASSERT_EQ(r, rr);
+        // A dividend built as b * q + r with r just below b.
+        DigitLayer::Digits bMinusOne;
+        DigitLayer::Subtract(b, DigitLayer::Digits{1}, bMinusOne);
+        DigitLayer::Digits built;
+        DigitLayer::Add(product, bMinusOne, built);
+        DigitLayer::Divide(built, b, q, r);
+        ASSERT_EQ(q, a);
+        ASSERT_EQ(r, bMinusOne);
     }
 }
