@@ -81,6 +81,25 @@ bool IsZeroDigits(const std::vector<char>& v)
     return v.size() <= 1 && (v.empty() || v[0] == 0);
 }
 
+// Scaling by powers of ten is how decimals change their number of places: those
+// products and quotients are digit moves, linear in the length.
+bool IsPowerOfTen(const std::vector<char>& v)
+{
+    if (v.empty() || v.back() != 1)
+        return false;
+    for (std::size_t i = 0; i + 1 < v.size(); ++i)
+        if (v[i] != 0)
+            return false;
+    return true;
+}
+
+void ShiftUp(const std::vector<char>& a, std::size_t k, std::vector<char>& out)
+{
+    if (&out != &a)
+        out = a;
+    out.insert(out.begin(), k, 0);
+}
+
 // Multiplication and division run on limbs of four digits: the results are the
 // same numbers that digit-by-digit schoolbook work gives, for a sixteenth of the steps.
 constexpr std::int64_t kLimbBase = 10000;
@@ -364,6 +383,14 @@ void CBigInteger::Multiply(const Digits& a, const Digits& b, Digits& out)
         out.assign(1, 0);
         return;
     }
+    if (IsPowerOfTen(b) && &out != &b) {
+        ShiftUp(a, b.size() - 1, out);
+        return;
+    }
+    if (IsPowerOfTen(a) && &out != &a) {
+        ShiftUp(b, a.size() - 1, out);
+        return;
+    }
     MultiplyLimbs(a, b, out);
 }
 
@@ -385,7 +412,17 @@ void CBigInteger::Divide(const Digits& a, const Digits& b, Digits& quotient, Dig
     }
     Digits q;
     Digits r;
-    DivideLimbs(a, b, q, r);
+    if (IsPowerOfTen(b)) {
+        const std::size_t k = b.size() - 1;
+        q.assign(a.begin() + static_cast<std::ptrdiff_t>(k), a.end());
+        r.assign(a.begin(), a.begin() + static_cast<std::ptrdiff_t>(k));
+        Clean(q);
+        Clean(r);
+        if (r.empty())
+            r.push_back(0);
+    } else {
+        DivideLimbs(a, b, q, r);
+    }
     quotient = std::move(q);
     remainder = std::move(r);
 }

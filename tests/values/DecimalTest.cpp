@@ -95,6 +95,15 @@ TEST(Decimal, HugeExponentsStayBounded)
     EXPECT_EQ(CDecimal(longWhole.c_str()).ToString(), longWhole);
     const std::string longFraction = "0." + std::string(700, '3');
     EXPECT_EQ(CDecimal(longFraction.c_str()).ToString(), "0." + std::string(30, '3'));
+
+    // Long runs with an exponent stay linear: scaling by ten is a digit move.
+    const auto longStart = std::chrono::steady_clock::now();
+    const std::string manyDigits(200000, '7');
+    EXPECT_EQ(CDecimal(("0." + manyDigits + "e3").c_str()).ToString(), "777." + std::string(29, '7') + "8");
+    EXPECT_EQ(CDecimal((manyDigits + "e-199990").c_str()).ToString(), "7777777777." + std::string(29, '7') + "8");
+    EXPECT_EQ(CDecimal(("-" + manyDigits + "." + manyDigits + "E+2").c_str()).ToString().size(),
+              1 + 200002 + 1 + 30u);
+    EXPECT_LT(std::chrono::steady_clock::now() - longStart, std::chrono::seconds(5));
 }
 
 TEST(Decimal, ArithmeticTable)
