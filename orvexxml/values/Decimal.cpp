@@ -117,9 +117,9 @@ CDecimal::CDecimal(const CBigInteger& whole, const CBigInteger& fraction, int di
 
 void CDecimal::SetMaxDecimalPlaces(int places)
 {
-    if (places < 0)
-        throw COrvexInvalidParamException(
-            FormatString("The number of decimal places can not be negative [%d]", places));
+    if (places < 0 || places > MAX_DECIMAL_PLACES)
+        throw COrvexInvalidParamException(FormatString(
+            "The number of decimal places must be between 0 and %d [%d]", MAX_DECIMAL_PLACES, places));
     m_maxDivider = places;
 }
 
@@ -230,8 +230,12 @@ void CDecimal::Rationalise()
 
 void CDecimal::CutToMaxDivider()
 {
-    if (m_divider > m_maxDivider)
+    // The rounding can leave zeros at the end ("...0667" cut from "...066700067"):
+    // they go as well, so that every result is in its shortest form.
+    if (m_divider > m_maxDivider) {
         ChangeFractionalDivider(m_maxDivider);
+        Rationalise();
+    }
 }
 
 CBigInteger CDecimal::FractionAt(int divider) const

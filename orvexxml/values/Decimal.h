@@ -16,6 +16,8 @@ public:
     // and a short text must not make the value that large. Negative exponents of any
     // size are taken; beyond the value's own digits they give zero.
     static constexpr int MAX_EXPONENT = 10000;
+    // The largest setting of SetMaxDecimalPlaces.
+    static constexpr int MAX_DECIMAL_PLACES = 1000000;
 
     // Zero.
     CDecimal();
@@ -74,7 +76,7 @@ public:
 
     // Products, quotients and parsed values are rounded to this many places.
     // Meant to be set at start-up; SetMaxDecimalPlaces fails with
-    // COrvexInvalidParamException for a negative count.
+    // COrvexInvalidParamException outside 0 to MAX_DECIMAL_PLACES.
     static int GetMaxDecimalPlaces() { return m_maxDivider; }
     static void SetMaxDecimalPlaces(int places);
 

@@ -62,6 +62,8 @@ TEST(Decimal, ParseAndPrintTable)
         {"0.1000000000000", "0.1"}, {"1e+-5", "0.00001"}, {"1.2345678901234567890123456789012", "1.234567890123456789012345678901"},
         {"0.0000000000000000000000000000005", "0"}, {"0.0000000000000000000000000000006", "0.000000000000000000000000000001"},
         {"-0.99e0", "-0.99"}, {"\t\r\n7\n", "7"},
+        {"12345.0000000000000000000000000667000000067", "12345.0000000000000000000000000667"},
+        {"0.99999999999999999999999999999951", "1"}, {"-0.99999999999999999999999999999951", "-1"},
     };
     for (const auto& c : cases)
         EXPECT_EQ(CDecimal(c.first).ToString(), c.second) << "[" << c.first << "]";
@@ -159,12 +161,16 @@ TEST(Decimal, MaxDecimalPlaces)
         EXPECT_EQ(CDecimal("1.2345").ToString(), "1.23");
         EXPECT_EQ(CDecimal("1.235").ToString(), "1.23");
         EXPECT_EQ(CDecimal("1.2351").ToString(), "1.24");
+        EXPECT_EQ(CDecimal("1.2049").ToString(), "1.2");
+        EXPECT_EQ((CDecimal("1.2") / CDecimal("0.99999")).ToString(), "1.2");
         EXPECT_EQ((CDecimal("0.05") * CDecimal("0.5")).ToString(), "0.02");
         MaxPlacesScope zero(0);
         EXPECT_EQ((CDecimal(7) / CDecimal(2)).ToString(), "3");
         EXPECT_EQ((CDecimal(8) / CDecimal(3)).ToString(), "3");
     }
-    EXPECT_THROW(CDecimal::SetMaxDecimalPlaces(-1), COrvexInvalidParamException);
+    EXPECT_THROW_MSG(CDecimal::SetMaxDecimalPlaces(-1), COrvexInvalidParamException,
+                     "The number of decimal places must be between 0 and 1000000 [-1]");
+    EXPECT_THROW(CDecimal::SetMaxDecimalPlaces(1000001), COrvexInvalidParamException);
     EXPECT_EQ(CDecimal::GetMaxDecimalPlaces(), 30);
 }
 
