@@ -442,6 +442,15 @@ CBigInteger::CBigInteger(long long value) : m_sign(value < 0 ? -1 : 1)
     BuildDWORDLONG(magnitude, m_digits);
 }
 
+CBigInteger::CBigInteger(unsigned int value) : CBigInteger(static_cast<unsigned long long>(value)) {}
+
+CBigInteger::CBigInteger(unsigned long value) : CBigInteger(static_cast<unsigned long long>(value)) {}
+
+CBigInteger::CBigInteger(unsigned long long value) : m_sign(1)
+{
+    BuildDWORDLONG(value, m_digits);
+}
+
 CBigInteger::CBigInteger(double value) : m_sign(value < 0 ? -1 : 1)
 {
     if (!std::isfinite(value))

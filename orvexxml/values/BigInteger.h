@@ -28,6 +28,9 @@ public:
     CBigInteger(int value);
     CBigInteger(long value);
     CBigInteger(long long value);
+    CBigInteger(unsigned int value);
+    CBigInteger(unsigned long value);
+    CBigInteger(unsigned long long value);
     // Rounds to the nearest whole number, a half towards zero (2.5 gives 2).
     // Fails with COrvexOverFlowException for an infinity or NaN.
     CBigInteger(double value);

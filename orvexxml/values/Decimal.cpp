@@ -89,6 +89,12 @@ CDecimal::CDecimal(long value) : m_whole(value), m_divider(1) {}
 
 CDecimal::CDecimal(long long value) : m_whole(value), m_divider(1) {}
 
+CDecimal::CDecimal(unsigned int value) : m_whole(value), m_divider(1) {}
+
+CDecimal::CDecimal(unsigned long value) : m_whole(value), m_divider(1) {}
+
+CDecimal::CDecimal(unsigned long long value) : m_whole(value), m_divider(1) {}
+
 CDecimal::CDecimal(const CBigInteger& value) : m_whole(value), m_divider(1) {}
 
 CDecimal::CDecimal(double value)

@@ -24,6 +24,9 @@ public:
     CDecimal(int value);
     CDecimal(long value);
     CDecimal(long long value);
+    CDecimal(unsigned int value);
+    CDecimal(unsigned long value);
+    CDecimal(unsigned long long value);
     CDecimal(const CBigInteger& value);
     // Thirteen places of the double, then rationalised. Fails with
     // COrvexInvalidValueException for an infinity or NaN, as their text does.

@@ -230,6 +230,8 @@ TEST(BigInteger, ConversionLimits)
         EXPECT_THROW_MSG(static_cast<std::int64_t>(CBigInteger(bad)), COrvexInvalidValueException,
                          "ERROR: Domain in operator int()!");
     EXPECT_EQ(CBigInteger(INT64_MIN).ToString(), "-9223372036854775808");
+    EXPECT_EQ(CBigInteger(UINT64_MAX).ToString(), "18446744073709551615");
+    EXPECT_EQ(CBigInteger(4294967295u).ToString(), "4294967295");
 }
 
 TEST(BigInteger, FromDoubleRoundsHalfDown)
