@@ -93,6 +93,17 @@ bool IsPowerOfTen(const std::vector<char>& v)
     return true;
 }
 
+// Values of up to 19 digits fit in 64 bits, and so do products of up to 19 digits.
+constexpr std::size_t kMachineDigits = 19;
+
+std::uint64_t ToMachine(const std::vector<char>& v)
+{
+    std::uint64_t value = 0;
+    for (std::size_t i = v.size(); i-- > 0;)
+        value = value * 10 + static_cast<std::uint64_t>(v[i]);
+    return value;
+}
+
 void ShiftUp(const std::vector<char>& a, std::size_t k, std::vector<char>& out)
 {
     if (&out != &a)
@@ -391,6 +402,10 @@ void CBigInteger::Multiply(const Digits& a, const Digits& b, Digits& out)
         ShiftUp(b, a.size() - 1, out);
         return;
     }
+    if (a.size() + b.size() <= kMachineDigits) {
+        BuildDWORDLONG(ToMachine(a) * ToMachine(b), out);
+        return;
+    }
     MultiplyLimbs(a, b, out);
 }
 
@@ -412,7 +427,12 @@ void CBigInteger::Divide(const Digits& a, const Digits& b, Digits& quotient, Dig
     }
     Digits q;
     Digits r;
-    if (IsPowerOfTen(b)) {
+    if (a.size() <= kMachineDigits) {
+        const std::uint64_t x = ToMachine(a);
+        const std::uint64_t y = ToMachine(b);
+        BuildDWORDLONG(x / y, q);
+        BuildDWORDLONG(x % y, r);
+    } else if (IsPowerOfTen(b)) {
         const std::size_t k = b.size() - 1;
         q.assign(a.begin() + static_cast<std::ptrdiff_t>(k), a.end());
         r.assign(a.begin(), a.begin() + static_cast<std::ptrdiff_t>(k));
