@@ -3,6 +3,7 @@
 #include "orvexxml/frame/OrvexException.h"
 #include "orvexxml/values/Decimal.h"
 
+#include <algorithm>
 #include <cmath>
 #include <cstring>
 #include <utility>
@@ -111,16 +112,26 @@ void ShiftUp(const std::vector<char>& a, std::size_t k, std::vector<char>& out)
     out.insert(out.begin(), k, 0);
 }
 
-// Multiplication and division run on limbs of four digits: the results are the
-// same numbers that digit-by-digit schoolbook work gives, for a sixteenth of the steps.
-constexpr std::int64_t kLimbBase = 10000;
+// Multiplication and division run on limbs of several digits: the results are the
+// same numbers that digit-by-digit schoolbook work gives, in far fewer steps.
+// Products of four-digit limbs sum up without carries; division takes nine-digit
+// limbs, whose products and two-limb estimates still fit in 63 bits.
+constexpr std::size_t kProductLimbDigits = 4;
+constexpr std::int64_t kProductLimbBase = 10000;
+constexpr std::size_t kQuotientLimbDigits = 9;
+constexpr std::int64_t kLimbBase = 1000000000;
 
-std::vector<std::int64_t> ToLimbs(const std::vector<char>& v)
+// Limbs of k digits, least significant first, with no zero limbs at the top.
+std::vector<std::int64_t> ToLimbs(const std::vector<char>& v, std::size_t k)
 {
-    static const std::int64_t scale[4] = {1, 10, 100, 1000};
-    std::vector<std::int64_t> limbs((v.size() + 3) / 4, 0);
-    for (std::size_t i = 0; i < v.size(); ++i)
-        limbs[i / 4] += v[i] * scale[i % 4];
+    std::vector<std::int64_t> limbs((v.size() + k - 1) / k, 0);
+    for (std::size_t i = limbs.size(); i-- > 0;) {
+        std::int64_t limb = 0;
+        const std::size_t low = i * k;
+        for (std::size_t j = std::min(low + k, v.size()); j-- > low;)
+            limb = limb * 10 + v[j];
+        limbs[i] = limb;
+    }
     while (limbs.size() > 1 && limbs.back() == 0)
         limbs.pop_back();
     if (limbs.empty())
@@ -128,13 +139,13 @@ std::vector<std::int64_t> ToLimbs(const std::vector<char>& v)
     return limbs;
 }
 
-void FromLimbs(const std::int64_t* limbs, std::size_t count, std::vector<char>& out)
+void FromLimbs(const std::int64_t* limbs, std::size_t count, std::size_t k, std::vector<char>& out)
 {
-    out.resize(count * 4);
+    out.resize(count * k);
     for (std::size_t i = 0; i < count; ++i) {
         std::int64_t l = limbs[i];
-        for (std::size_t k = 0; k < 4; ++k) {
-            out[i * 4 + k] = static_cast<char>(l % 10);
+        for (std::size_t j = 0; j < k; ++j) {
+            out[i * k + j] = static_cast<char>(l % 10);
             l /= 10;
         }
     }
@@ -146,8 +157,8 @@ void FromLimbs(const std::int64_t* limbs, std::size_t count, std::vector<char>& 
 
 void MultiplyLimbs(const std::vector<char>& a, const std::vector<char>& b, std::vector<char>& out)
 {
-    const std::vector<std::int64_t> la = ToLimbs(a);
-    const std::vector<std::int64_t> lb = ToLimbs(b);
+    const std::vector<std::int64_t> la = ToLimbs(a, kProductLimbDigits);
+    const std::vector<std::int64_t> lb = ToLimbs(b, kProductLimbDigits);
     // Products stay below 10^8, so column sums fit in 64 bits for any length that
     // fits in memory; carries wait until the end.
     std::vector<std::uint64_t> acc(la.size() + lb.size() + 1, 0);
@@ -163,10 +174,10 @@ void MultiplyLimbs(const std::vector<char>& a, const std::vector<char>& b, std::
     std::uint64_t carry = 0;
     for (std::size_t i = 0; i < acc.size(); ++i) {
         const std::uint64_t v = acc[i] + carry;
-        limbs[i] = static_cast<std::int64_t>(v % kLimbBase);
-        carry = v / kLimbBase;
+        limbs[i] = static_cast<std::int64_t>(v % kProductLimbBase);
+        carry = v / kProductLimbBase;
     }
-    FromLimbs(limbs.data(), limbs.size(), out);
+    FromLimbs(limbs.data(), limbs.size(), kProductLimbDigits, out);
 }
 
 void ScaleLimbs(std::vector<std::int64_t>& limbs, std::int64_t factor, bool keepCarry)
@@ -187,8 +198,8 @@ void ScaleLimbs(std::vector<std::int64_t>& limbs, std::int64_t factor, bool keep
 void DivideLimbs(const std::vector<char>& a, const std::vector<char>& b, std::vector<char>& quotient,
                  std::vector<char>& remainder)
 {
-    std::vector<std::int64_t> v = ToLimbs(b);
-    std::vector<std::int64_t> u = ToLimbs(a);
+    std::vector<std::int64_t> v = ToLimbs(b, kQuotientLimbDigits);
+    std::vector<std::int64_t> u = ToLimbs(a, kQuotientLimbDigits);
     const std::size_t n = v.size();
     const std::size_t m = u.size() - n;
     std::vector<std::int64_t> q(m + 1, 0);
@@ -199,8 +210,8 @@ void DivideLimbs(const std::vector<char>& a, const std::vector<char>& b, std::ve
             q[j] = cur / v[0];
             r = cur % v[0];
         }
-        FromLimbs(q.data(), q.size(), quotient);
-        FromLimbs(&r, 1, remainder);
+        FromLimbs(q.data(), q.size(), kQuotientLimbDigits, quotient);
+        FromLimbs(&r, 1, kQuotientLimbDigits, remainder);
         return;
     }
     const std::int64_t d = kLimbBase / (v[n - 1] + 1);
@@ -247,8 +258,8 @@ void DivideLimbs(const std::vector<char>& a, const std::vector<char>& b, std::ve
         u[i] = cur / d;
         r = cur % d;
     }
-    FromLimbs(q.data(), q.size(), quotient);
-    FromLimbs(u.data(), n, remainder);
+    FromLimbs(q.data(), q.size(), kQuotientLimbDigits, quotient);
+    FromLimbs(u.data(), n, kQuotientLimbDigits, remainder);
 }
 
 }  // namespace
