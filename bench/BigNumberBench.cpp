@@ -115,6 +115,97 @@ std::string Digits(std::mt19937& rng, std::size_t n)
     return s;
 }
 
+// The plain digit-by-digit algorithms over the same digit vectors, as the baseline
+// of the arithmetic: a row per digit of b, and division by scaled subtraction.
+class DigitLayer : public CBigInteger
+{
+public:
+    using CBigInteger::Add;
+    using CBigInteger::Compare;
+    using CBigInteger::Position;
+    using CBigInteger::ShiftLeft;
+    using CBigInteger::Subtract;
+    using Digits = CBigInteger::Digits;
+
+    static Digits DigitsOf(const std::string& text)
+    {
+        Digits v;
+        for (auto it = text.rbegin(); it != text.rend(); ++it)
+            v.push_back(static_cast<char>(*it - '0'));
+        return v;
+    }
+
+    static void PlainMultiply(const Digits& a, const Digits& b, Digits& out)
+    {
+        out.assign(1, 0);
+        for (std::size_t i = 0; i < b.size(); ++i) {
+            if (b[i] == 0)
+                continue;
+            Digits row(a.size() + 1, 0);
+            int carry = 0;
+            for (std::size_t j = 0; j < a.size(); ++j) {
+                const int v = a[j] * b[i] + carry;
+                row[j] = static_cast<char>(v % 10);
+                carry = v / 10;
+            }
+            row[a.size()] = static_cast<char>(carry);
+            if (row.back() == 0)
+                row.pop_back();
+            ShiftLeft(row, static_cast<int>(i));
+            Add(out, row, out);
+        }
+    }
+
+    static void PlainDivide(const Digits& a, const Digits& b, Digits& q, Digits& r)
+    {
+        if (Compare(a, b) < 0) {
+            q.assign(1, 0);
+            r = a;
+            return;
+        }
+        const int s = Position(a) - Position(b) - 1;
+        Digits d = b, m{1};
+        if (s >= 1) {
+            ShiftLeft(d, s);
+            ShiftLeft(m, s);
+        }
+        r = a;
+        q.assign(1, 0);
+        while (Compare(r, d) >= 0) {
+            Add(q, m, q);
+            Subtract(r, d, r);
+        }
+        if (Compare(r, b) >= 0) {
+            Digits q2, r2;
+            PlainDivide(r, b, q2, r2);
+            r = r2;
+            Add(q, q2, q);
+        }
+    }
+};
+
+void BM_PlainMultiply1000(benchmark::State& state)
+{
+    std::mt19937 rng(5);
+    const DigitLayer::Digits a = DigitLayer::DigitsOf(Digits(rng, 1000)), b = DigitLayer::DigitsOf(Digits(rng, 1000));
+    for (auto _ : state) {
+        DigitLayer::Digits p;
+        DigitLayer::PlainMultiply(a, b, p);
+        benchmark::DoNotOptimize(p);
+    }
+}
+
+void BM_PlainDivide2000By1000(benchmark::State& state)
+{
+    std::mt19937 rng(6);
+    const DigitLayer::Digits a = DigitLayer::DigitsOf(Digits(rng, 2000)), b = DigitLayer::DigitsOf(Digits(rng, 1000));
+    for (auto _ : state) {
+        DigitLayer::Digits q, r;
+        DigitLayer::PlainDivide(a, b, q, r);
+        benchmark::DoNotOptimize(q);
+    }
+}
+
 void BM_Multiply1000(benchmark::State& state)
 {
     std::mt19937 rng(5);
@@ -177,6 +268,8 @@ BENCHMARK(BM_ParseStrtod)->Unit(benchmark::kMillisecond)->Iterations(3);
 BENCHMARK(BM_PrintDecimal)->Unit(benchmark::kMillisecond)->Iterations(3);
 BENCHMARK(BM_PrintSnprintf)->Unit(benchmark::kMillisecond)->Iterations(3);
 BENCHMARK(BM_Multiply1000)->Unit(benchmark::kMicrosecond);
+BENCHMARK(BM_PlainMultiply1000)->Unit(benchmark::kMicrosecond)->Iterations(20);
+BENCHMARK(BM_PlainDivide2000By1000)->Unit(benchmark::kMicrosecond)->Iterations(2);
 BENCHMARK(BM_Divide2000By1000)->Unit(benchmark::kMicrosecond);
 BENCHMARK(BM_Remainder1000By500)->Unit(benchmark::kMicrosecond);
 BENCHMARK(BM_DecimalDivide1000)->Unit(benchmark::kMicrosecond);
@@ -190,13 +283,15 @@ int main(int argc, char** argv)
     auto& s = reporter.seconds;
     auto ratio = [&](const char* ours, const char* base) {
         if (s.count(ours) && s.count(base) && s[base] > 0)
-            std::printf("%-22s %9.1f ms  vs %-18s %9.1f ms  ratio %.2f\n", ours, s[ours] * 1e3, base, s[base] * 1e3,
+            std::printf("%-22s %10.3f ms  vs %-24s %10.3f ms  ratio %.3g\n", ours, s[ours] * 1e3, base, s[base] * 1e3,
                         s[ours] / s[base]);
     };
     std::printf("\nOne million decimal texts:\n");
     ratio("BM_ParseDecimal", "BM_ParseStrtod");
     ratio("BM_PrintDecimal", "BM_PrintSnprintf");
-    std::printf("\n1000-digit integers:\n");
+    std::printf("\n1000-digit integers, against digit-by-digit schoolbook work:\n");
+    ratio("BM_Multiply1000", "BM_PlainMultiply1000");
+    ratio("BM_Divide2000By1000", "BM_PlainDivide2000By1000");
     for (const char* name : {"BM_Multiply1000", "BM_Divide2000By1000", "BM_Remainder1000By500", "BM_DecimalDivide1000"})
         if (s.count(name))
             std::printf("%-22s %9.1f us\n", name, s[name] * 1e6);
