@@ -20,6 +20,8 @@
 #include "orvexxml/values/DateTime.h"
 #include "orvexxml/values/DateTimeSpan.h"
 #include "orvexxml/values/WhitespaceUtils.h"
+#include "orvexxml/values/BigInteger.h"
+#include "orvexxml/values/Decimal.h"
 
 #include "orvexxml/data/BinaryData.h"
 #include "orvexxml/data/OrvexVariant.h"
