@@ -20,20 +20,17 @@ namespace {
 
 struct ItemForm
 {
-    unsigned size;             // octets per item
-    unsigned typicalWidth;     // characters per item and blank, to reserve the result
+    unsigned size;              // octets per item
+    unsigned typicalWidth;      // characters per item and blank, to reserve the result
     const char* lengthFailure;  // takes the first byte of the data
 };
 
 // Indexed by the item encodings, ByteEncoding_Short to ByteEncoding_Uuid; the
 // boolean bit list has no item size.
 const ItemForm ItemForms[] = {
-    {2, 7, "Invalid value [%c] for SHORT byte encoding."},
-    {4, 12, "Invalid value [%c] for INT byte encoding."},
-    {8, 21, "Invalid value [%c] for LONG byte encoding."},
-    {0, 6, nullptr},
-    {4, 15, "Invalid value [%c] for FLOAT byte encoding."},
-    {8, 24, "Invalid value [%c] for DOUBLE byte encoding."},
+    {2, 7, "Invalid value [%c] for SHORT byte encoding."},  {4, 12, "Invalid value [%c] for INT byte encoding."},
+    {8, 21, "Invalid value [%c] for LONG byte encoding."},  {0, 6, nullptr},
+    {4, 15, "Invalid value [%c] for FLOAT byte encoding."}, {8, 24, "Invalid value [%c] for DOUBLE byte encoding."},
     {16, 33, "Invalid value [%c] for UUID byte encoding."},
 };
 
@@ -200,15 +197,15 @@ CBinaryData CBinaryData::CompressData(CompressionType type)
 {
     GetExclusiveDataHolder();
     if (m_holder && m_holder->refCount > 1)
-        throw COrvexException(FormatString("Failed to compress data. [RefCount=%d]", static_cast<int>(m_holder->refCount)));
+        throw COrvexException(
+            FormatString("Failed to compress data. [RefCount=%d]", static_cast<int>(m_holder->refCount)));
     if (type == Compression_GZIP || type == Compression_ZLIB) {
         // The output may be no longer than the input; an empty object counts as 0
         // bytes, which no wrapper fits into.
         const unsigned long length = GetLength();
         std::unique_ptr<unsigned char[]> out(new unsigned char[length]);
         std::size_t written = 0;
-        const int result =
-            Detail::DeflateInto(GetData(), length, out.get(), length, type == Compression_GZIP, written);
+        const int result = Detail::DeflateInto(GetData(), length, out.get(), length, type == Compression_GZIP, written);
         if (result != Z_STREAM_END || m_holder == nullptr)
             throw COrvexException(FormatString("Failed to compress data. [Error Code: %d]", result));
         delete[] m_holder->data;

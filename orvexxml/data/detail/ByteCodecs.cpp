@@ -18,8 +18,8 @@ constexpr signed char Base64Stop = -2;
 
 struct CodecTables
 {
-    char hexPairs[512];          // the two digits of every byte value
-    unsigned char hexValue[256];  // 0 to 15, or NoHexDigit
+    char hexPairs[512];            // the two digits of every byte value
+    unsigned char hexValue[256];   // 0 to 15, or NoHexDigit
     signed char base64Value[128];  // 0 to 63, Base64Skip for '=', else Base64Stop
 
     CodecTables()
@@ -35,7 +35,8 @@ struct CodecTables
             hexValue['a' + d] = static_cast<unsigned char>(10 + d);
         }
         std::memset(base64Value, Base64Stop, sizeof base64Value);
-        for (int v = 0; v < 64; ++v) base64Value[static_cast<unsigned char>(Base64Alphabet[v])] = static_cast<signed char>(v);
+        for (int v = 0; v < 64; ++v)
+            base64Value[static_cast<unsigned char>(Base64Alphabet[v])] = static_cast<signed char>(v);
         base64Value[static_cast<unsigned char>('=')] = Base64Skip;
     }
 };
