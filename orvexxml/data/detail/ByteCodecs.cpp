@@ -16,11 +16,17 @@ constexpr unsigned char NoHexDigit = 0xFF;
 constexpr signed char Base64Skip = -1;
 constexpr signed char Base64Stop = -2;
 
+constexpr std::uint32_t NotInAlphabet = 0xFF000000;
+
 struct CodecTables
 {
     char hexPairs[512];            // the two digits of every byte value
+    char base64Pairs[8192];        // the two characters of every 12-bit group
     unsigned char hexValue[256];   // 0 to 15, or NoHexDigit
     signed char base64Value[128];  // 0 to 63, Base64Skip for '=', else Base64Stop
+    // base64Value shifted to its place in a group of four characters; anything
+    // outside the alphabet, '=' included, sets the top byte.
+    std::uint32_t base64Shifted[4][128];
 
     CodecTables()
     {
@@ -28,6 +34,10 @@ struct CodecTables
             hexPairs[2 * b] = HexDigits[b >> 4];
             hexPairs[2 * b + 1] = HexDigits[b & 0xF];
             hexValue[b] = NoHexDigit;
+        }
+        for (int g = 0; g < 4096; ++g) {
+            base64Pairs[2 * g] = Base64Alphabet[g >> 6];
+            base64Pairs[2 * g + 1] = Base64Alphabet[g & 0x3F];
         }
         for (int d = 0; d < 10; ++d) hexValue['0' + d] = static_cast<unsigned char>(d);
         for (int d = 0; d < 6; ++d) {
@@ -38,6 +48,10 @@ struct CodecTables
         for (int v = 0; v < 64; ++v)
             base64Value[static_cast<unsigned char>(Base64Alphabet[v])] = static_cast<signed char>(v);
         base64Value[static_cast<unsigned char>('=')] = Base64Skip;
+        for (int c = 0; c < 128; ++c)
+            for (int k = 0; k < 4; ++k)
+                base64Shifted[k][c] =
+                    base64Value[c] < 0 ? NotInAlphabet : std::uint32_t(base64Value[c]) << (6 * (3 - k));
     }
 };
 
@@ -52,11 +66,7 @@ const CodecTables& Tables()
 void HexEncode(const unsigned char* data, std::size_t length, char* out)
 {
     const char* pairs = Tables().hexPairs;
-    for (std::size_t i = 0; i < length; ++i) {
-        const char* pair = pairs + 2 * data[i];
-        out[2 * i] = pair[0];
-        out[2 * i + 1] = pair[1];
-    }
+    for (std::size_t i = 0; i < length; ++i) std::memcpy(out + 2 * i, pairs + 2 * data[i], 2);
 }
 
 bool HexDecode(const char* text, std::size_t length, unsigned char* out, char& badChar)
@@ -83,51 +93,50 @@ bool HexDecode(const char* text, std::size_t length, unsigned char* out, char& b
 
 void CBase64Codec::Encode(char* out)
 {
-    const char* alphabet = Base64Alphabet;
+    const char* pairs = Tables().base64Pairs;
     const unsigned char* s = source;
     std::size_t left = sourceLength;
     while (left >= 3) {
         const std::uint32_t group = std::uint32_t(s[0]) << 16 | std::uint32_t(s[1]) << 8 | s[2];
-        out[0] = alphabet[group >> 18];
-        out[1] = alphabet[(group >> 12) & 0x3F];
-        out[2] = alphabet[(group >> 6) & 0x3F];
-        out[3] = alphabet[group & 0x3F];
+        std::memcpy(out, pairs + 2 * (group >> 12), 2);
+        std::memcpy(out + 2, pairs + 2 * (group & 0xFFF), 2);
         s += 3;
         out += 4;
         left -= 3;
     }
     if (left > 0) {
         const std::uint32_t group = std::uint32_t(s[0]) << 16 | (left == 2 ? std::uint32_t(s[1]) << 8 : 0);
-        out[0] = alphabet[group >> 18];
-        out[1] = alphabet[(group >> 12) & 0x3F];
-        out[2] = left == 2 ? alphabet[(group >> 6) & 0x3F] : '=';
+        out[0] = Base64Alphabet[group >> 18];
+        out[1] = Base64Alphabet[(group >> 12) & 0x3F];
+        out[2] = left == 2 ? Base64Alphabet[(group >> 6) & 0x3F] : '=';
         out[3] = '=';
     }
 }
 
 std::size_t CBase64Codec::Decode(unsigned char* out)
 {
-    const signed char* value = Tables().base64Value;
+    const CodecTables& tables = Tables();
+    const signed char* value = tables.base64Value;
+    const auto& shifted = tables.base64Shifted;
     unsigned char* o = out;
     const unsigned char* p = source;
     const unsigned char* const end = source + sourceLength;
     bitsHeld = 0;
     accumulator = 0;
     while (p < end) {
-        if (end - p >= 4) {
-            const int a = value[p[0] & 0x7F], b = value[p[1] & 0x7F], c = value[p[2] & 0x7F], d = value[p[3] & 0x7F];
-            if ((a | b | c | d) >= 0) {
-                // At most 6 bits wait from before, so 30 bits fit the accumulator.
-                accumulator = accumulator << 24 | std::uint32_t(a) << 18 | std::uint32_t(b) << 12 |
-                              std::uint32_t(c) << 6 | std::uint32_t(d);
-                o[0] = static_cast<unsigned char>(accumulator >> (bitsHeld + 16));
-                o[1] = static_cast<unsigned char>(accumulator >> (bitsHeld + 8));
-                o[2] = static_cast<unsigned char>(accumulator >> bitsHeld);
-                accumulator &= (1u << bitsHeld) - 1;
+        // Whole groups of four alphabet characters on a byte boundary: the usual case.
+        if (bitsHeld == 0) {
+            while (end - p >= 4) {
+                const std::uint32_t group = shifted[0][p[0] & 0x7F] | shifted[1][p[1] & 0x7F] |
+                                            shifted[2][p[2] & 0x7F] | shifted[3][p[3] & 0x7F];
+                if (group & NotInAlphabet) break;
+                o[0] = static_cast<unsigned char>(group >> 16);
+                o[1] = static_cast<unsigned char>(group >> 8);
+                o[2] = static_cast<unsigned char>(group);
                 o += 3;
                 p += 4;
-                continue;
             }
+            if (p == end) break;
         }
         const int v = value[*p++ & 0x7F];
         if (v == Base64Stop) return 0;
