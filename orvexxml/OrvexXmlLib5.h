@@ -5,6 +5,7 @@
 #include "orvexxml/platform/CodePage.h"
 #include "orvexxml/platform/SystemTime.h"
 
+#include "orvexxml/frame/CompressionType.h"
 #include "orvexxml/frame/FormatString.h"
 #include "orvexxml/frame/InstanceMonitor.h"
 #include "orvexxml/frame/OrvexException.h"
@@ -28,6 +29,8 @@
 #include "orvexxml/values/DateTime.h"
 #include "orvexxml/values/DateTimeSpan.h"
 #include "orvexxml/values/WhitespaceUtils.h"
+#include "orvexxml/values/BigInteger.h"
+#include "orvexxml/values/Decimal.h"
 
 #include "orvexxml/data/BinaryData.h"
 #include "orvexxml/data/OrvexVariant.h"
