@@ -10,6 +10,9 @@
 #include "orvexxml/frame/XmlObjectBase.h"
 #include "orvexxml/frame/XmlSerializationContext.h"
 
+#include "orvexxml/xml/StringBuffer.h"
 #include "orvexxml/xml/XmlEnums.h"
+#include "orvexxml/xml/XmlTextWriter.h"
+#include "orvexxml/xml/XmlWriter.h"
 
 #include "orvexxml/values/WhitespaceUtils.h"
