@@ -233,8 +233,10 @@ void CXmlTextWriter::WriteEndElement()
         if (!namespaceUri.empty() && namespaceUri != context->GetDefaultNamespace()) {
             const NamespaceMap& namespaces = context->GetNamespaceMap();
             NamespaceMap::const_iterator found = namespaces.find(namespaceUri);
-            if (found != namespaces.end()) m_buffer->Append(found->second);
-            m_buffer->AppendChar(':');
+            if (found != namespaces.end()) {
+                m_buffer->Append(found->second);
+                m_buffer->AppendChar(':');
+            }
         }
         m_buffer->Append(context->m_localName);
         m_buffer->AppendChar('>');
