@@ -1,8 +1,11 @@
 // OrvexXml: everything public in namespace OrvexXmlLib5.
 #pragma once
 
+#include "orvexxml/platform/Clock.h"
 #include "orvexxml/platform/CodePage.h"
+#include "orvexxml/platform/SystemTime.h"
 
+#include "orvexxml/frame/CompressionType.h"
 #include "orvexxml/frame/FormatString.h"
 #include "orvexxml/frame/InstanceMonitor.h"
 #include "orvexxml/frame/OrvexException.h"
@@ -10,9 +13,21 @@
 #include "orvexxml/frame/XmlObjectBase.h"
 #include "orvexxml/frame/XmlSerializationContext.h"
 
+#include "orvexxml/xml/ExpatReader.h"
 #include "orvexxml/xml/StringBuffer.h"
+#include "orvexxml/xml/XmlDocument.h"
 #include "orvexxml/xml/XmlEnums.h"
 #include "orvexxml/xml/XmlTextWriter.h"
 #include "orvexxml/xml/XmlWriter.h"
 
+#include "orvexxml/values/Conversions.h"
+#include "orvexxml/values/DateTime.h"
+#include "orvexxml/values/DateTimeSpan.h"
 #include "orvexxml/values/WhitespaceUtils.h"
+#include "orvexxml/values/BigInteger.h"
+#include "orvexxml/values/Decimal.h"
+
+#include "orvexxml/data/BinaryData.h"
+#include "orvexxml/data/OrvexVariant.h"
+
+#include "orvexxml/metadata/PrimitiveRestrictions.h"

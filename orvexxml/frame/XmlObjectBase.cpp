@@ -2,6 +2,7 @@
 
 #include "orvexxml/frame/FormatString.h"
 #include "orvexxml/frame/OrvexException.h"
+#include "orvexxml/xml/XmlDocument.h"
 #include "orvexxml/xml/XmlTextWriter.h"
 
 #include <cstring>
@@ -47,6 +48,39 @@ CXmlElement* CXmlObjectBase::FromXml_Int(CXmlObjectBase* object, CXmlElement* el
                                          const CXmlSerializationContext& context)
 {
     return object->FromXml_Int(element, firstChild, context, false);
+}
+
+void CXmlObjectBase::FromXml(const char* xml, const CXmlSerializationContext& context)
+{
+    CXmlDocument document(context.GetSchemaType());
+    document.LoadXml(xml);
+    CXmlElement* root = document.GetDocumentElement();
+    FromXml_Int(root, root->GetFirstElement(), context, false);
+}
+
+void CXmlObjectBase::FromXml(const unsigned short* xml, const CXmlSerializationContext& context)
+{
+    CXmlDocument document(context.GetSchemaType());
+    document.LoadXml(xml);
+    CXmlElement* root = document.GetDocumentElement();
+    FromXml_Int(root, root->GetFirstElement(), context, false);
+}
+
+void CXmlObjectBase::FromXmlElement(const CXmlElement* element, CXmlSerializationContext& context)
+{
+    // No tree to read from is the same failure as a document without an element.
+    if (!element) throw COrvexException("Invalid or empty XML document");
+    // The walk takes mutable pointers to move along the tree; it never changes it.
+    CXmlElement* start = const_cast<CXmlElement*>(element);
+    FromXml_Int(start, start->GetFirstElement(), context, false);
+}
+
+bool CXmlObjectBase::DoesElementNameMatch(const CXmlSerializationContext& context, const CXmlElement* element,
+                                          const char* name, const char* namespaceUri) const
+{
+    if (!element) return false;
+    if (element->GetLocalName() != (name ? name : "")) return false;
+    return context.GetIgnoreNamespaces() || element->GetNamespaceURI() == (namespaceUri ? namespaceUri : "");
 }
 
 bool CXmlObjectBase::IsNamespaceValid(const char* candidate, const char* allowed, const char* targetNamespace) const

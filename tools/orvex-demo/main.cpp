@@ -1,11 +1,85 @@
-// The main demo: shows the library at work on the samples shipped in examples/.
+// The main demo: loads an XML document into the library's intermediate tree and
+// prints it, indented, with namespaces, attributes and text.
 #include "orvexxml/OrvexXmlLib5.h"
 
-#include <iostream>
+#include "examples/ExamplePaths.h"
 
-int main()
+#include <fstream>
+#include <iostream>
+#include <sstream>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace {
+
+using namespace OrvexXmlLib5;
+
+// Text with its leading and trailing blanks removed, inner line breaks shown as \n.
+std::string Shown(const std::string& text)
 {
-    using namespace OrvexXmlLib5;
-    std::cout << FormatString("OrvexXml %s\n", "5.0");
+    const char* blanks = " \t\n";
+    const std::size_t first = text.find_first_not_of(blanks);
+    if (first == std::string::npos) return std::string();
+    const std::size_t last = text.find_last_not_of(blanks);
+    std::string shown;
+    for (char c : text.substr(first, last - first + 1)) shown += c == '\n' ? std::string("\\n") : std::string(1, c);
+    return shown;
+}
+
+std::string Qualified(const std::string& namespaceUri, const std::string& localName)
+{
+    return namespaceUri.empty() ? localName : "{" + namespaceUri + "}" + localName;
+}
+
+// Depth-first with an explicit stack, so that any depth of nesting prints.
+void PrintTree(const CXmlElement* root, std::ostream& out)
+{
+    std::vector<std::pair<const CXmlElement*, std::size_t>> pending{{root, 0}};
+    while (!pending.empty()) {
+        auto [element, depth] = pending.back();
+        pending.pop_back();
+        const std::string indent(2 * depth, ' ');
+        out << indent << Qualified(element->GetNamespaceURI(), element->GetLocalName()) << "\n";
+        for (const CXmlAttribute* attribute : element->GetAttributes())
+            out << indent << "  @" << Qualified(attribute->GetNamespaceURI(), attribute->GetLocalName()) << " = \""
+                << attribute->GetValue() << "\"" << (attribute->IsNamespaceAttribute() ? "  (schema attribute)" : "")
+                << "\n";
+        const std::string text = Shown(element->GetText());
+        if (!text.empty()) out << indent << "  text: \"" << text << "\"\n";
+        // Children go on the stack last first, so they print in document order.
+        std::vector<const CXmlElement*> children;
+        for (const CXmlElement* child = element->GetFirstElement(); child; child = child->GetNextSiblingElement())
+            children.push_back(child);
+        for (auto it = children.rbegin(); it != children.rend(); ++it) pending.emplace_back(*it, depth + 1);
+    }
+}
+
+}  // namespace
+
+int main(int argc, char** argv)
+{
+    const std::string path = argc > 1 ? argv[1] : OrvexExamples::ExamplePath("data/sample.xml");
+    std::ifstream file(path, std::ios::binary);
+    if (!file) {
+        std::cerr << "orvex-demo: cannot open " << path << "\n";
+        return 1;
+    }
+    std::ostringstream bytes;
+    bytes << file.rdbuf();
+
+    try {
+        CXmlDocument document;
+        document.LoadXml(bytes.str().c_str());
+        std::cout << "Document: " << path << "\n\nPrefixes:\n";
+        for (const auto& [prefix, uri] : document.GetPrefixTable())
+            std::cout << "  " << (prefix.empty() ? "(default)" : prefix) << " = " << (uri.empty() ? "(none)" : uri)
+                      << "\n";
+        std::cout << "\nTree ({namespace}name, @attribute, text):\n";
+        PrintTree(document.GetDocumentElement(), std::cout);
+    } catch (const COrvexException& e) {
+        std::cerr << "orvex-demo: " << path << ": " << e.GetFullMessage() << "\n";
+        return 2;
+    }
     return 0;
 }

@@ -1,0 +1,124 @@
+// Loading a ~20 MB document into CXmlDocument against raw Expat with handlers that
+// do nothing, on the same bytes. Prints the ratio of the two times.
+#include <benchmark/benchmark.h>
+
+#include <expat.h>
+
+#include <cstdio>
+#include <map>
+#include <string>
+
+#include "orvexxml/xml/XmlDocument.h"
+
+namespace {
+
+using namespace OrvexXmlLib5;
+
+// Orders with nested customers, addresses and items: two namespaces besides the
+// default, attributes on most elements, text in the leaves and indentation between.
+const std::string& Document()
+{
+    static const std::string text = [] {
+        std::string xml;
+        xml.reserve(21 << 20);
+        xml += "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
+               "<orders xmlns=\"http://example.com/orders\" xmlns:a=\"http://example.com/address\""
+               " xmlns:xsi=\"http://www.w3.org/2001/XMLSchema-instance\" batch=\"17\">\n";
+        for (int order = 0; xml.size() < (20u << 20); ++order) {
+            const std::string n = std::to_string(order);
+            xml += "  <order id=\"PO-" + n + "\" date=\"2026-11-22\" status=\"open\">\n"
+                   "    <customer vip=\"" + std::string(order % 3 ? "false" : "true") + "\">\n"
+                   "      <name>Customer number " + n + "</name>\n"
+                   "      <a:address a:kind=\"shipping\">\n"
+                   "        <a:street>" + n + " Harbour Lane</a:street>\n"
+                   "        <a:city>Gothenburg</a:city>\n"
+                   "        <a:zip>41104</a:zip>\n"
+                   "      </a:address>\n"
+                   "    </customer>\n"
+                   "    <items>\n";
+            for (int item = 0; item < 3; ++item)
+                xml += "      <item sku=\"A-" + std::to_string(item) + n + "\" quantity=\"" + std::to_string(item + 1) +
+                       "\">\n"
+                       "        <description>Espresso cups &amp; saucers, set of " + std::to_string(item + 2) +
+                       "</description>\n"
+                       "        <price currency=\"EUR\">18.50</price>\n"
+                       "      </item>\n";
+            xml += "    </items>\n"
+                   "    <note>Leave at the <em>back</em> door.</note>\n"
+                   "  </order>\n";
+        }
+        xml += "</orders>\n";
+        return xml;
+    }();
+    return text;
+}
+
+void XMLCALL NoStart(void*, const XML_Char*, const XML_Char**) {}
+void XMLCALL NoEnd(void*, const XML_Char*) {}
+void XMLCALL NoText(void*, const XML_Char*, int) {}
+void XMLCALL NoNamespaceStart(void*, const XML_Char*, const XML_Char*) {}
+void XMLCALL NoNamespaceEnd(void*, const XML_Char*) {}
+
+// The same parser set-up as the library's reader: namespace processing, the same
+// handlers installed, one call over the whole buffer.
+void BM_RawExpat(benchmark::State& state)
+{
+    const std::string& xml = Document();
+    for (auto _ : state) {
+        XML_Parser parser = XML_ParserCreateNS(nullptr, '|');
+        XML_SetElementHandler(parser, NoStart, NoEnd);
+        XML_SetNamespaceDeclHandler(parser, NoNamespaceStart, NoNamespaceEnd);
+        XML_SetCharacterDataHandler(parser, NoText);
+        const XML_Status status = XML_Parse(parser, xml.data(), static_cast<int>(xml.size()), 0);
+        benchmark::DoNotOptimize(status);
+        XML_ParserFree(parser);
+    }
+    state.SetBytesProcessed(static_cast<int64_t>(state.iterations() * xml.size()));
+}
+
+// Load and release, so that building and tearing down the tree are both counted.
+void BM_XmlDocument(benchmark::State& state)
+{
+    const std::string& xml = Document();
+    for (auto _ : state) {
+        CXmlDocument document;
+        document.LoadXml(xml.c_str());
+        benchmark::DoNotOptimize(document.GetDocumentElement());
+    }
+    state.SetBytesProcessed(static_cast<int64_t>(state.iterations() * xml.size()));
+}
+
+BENCHMARK(BM_RawExpat)->Unit(benchmark::kMillisecond)->MinTime(2.0);
+BENCHMARK(BM_XmlDocument)->Unit(benchmark::kMillisecond)->MinTime(2.0);
+
+// Keeps the real time per iteration of each run for the ratio.
+class RatioReporter : public benchmark::ConsoleReporter
+{
+public:
+    void ReportRuns(const std::vector<Run>& runs) override
+    {
+        for (const Run& run : runs)
+            if (run.run_type == Run::RT_Iteration) {
+                realTimes[run.run_name.function_name] = run.GetAdjustedRealTime();
+                cpuTimes[run.run_name.function_name] = run.GetAdjustedCPUTime();
+            }
+        ConsoleReporter::ReportRuns(runs);
+    }
+    std::map<std::string, double> realTimes, cpuTimes;
+};
+
+}  // namespace
+
+int main(int argc, char** argv)
+{
+    benchmark::Initialize(&argc, argv);
+    std::printf("document: %.1f MB\n", Document().size() / 1048576.0);
+    RatioReporter reporter;
+    benchmark::RunSpecifiedBenchmarks(&reporter);
+    // The CPU ratio is the steadier one on a machine shared with other work.
+    const double raw = reporter.realTimes["BM_RawExpat"], tree = reporter.realTimes["BM_XmlDocument"];
+    const double rawCpu = reporter.cpuTimes["BM_RawExpat"], treeCpu = reporter.cpuTimes["BM_XmlDocument"];
+    if (raw > 0 && rawCpu > 0)
+        std::printf("CXmlDocument / raw Expat: %.2fx real time, %.2fx CPU time\n", tree / raw, treeCpu / rawCpu);
+    return 0;
+}

@@ -1,0 +1,136 @@
+// The tagged value through which descriptors read and write properties of any
+// primitive type, and the fixed numbers of those types.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "orvexxml/frame/SmartPtr.h"
+#include "orvexxml/values/WhitespaceUtils.h"
+
+namespace OrvexXmlLib5 {
+
+class CXmlObjectBase;
+
+// Stored in generated code: the numbers are fixed. The fixed underlying type
+// lets any number reach the checks that refuse it.
+enum ItemType : int
+{
+    ItemType_Invalid = 0,
+    ItemType_hexBinary = 1,
+    ItemType_base64Binary = 2,
+    ItemType_i1 = 3,
+    ItemType_i2 = 4,
+    ItemType_i4 = 5,
+    ItemType_i8 = 6,
+    ItemType_ui1 = 7,
+    ItemType_ui2 = 8,
+    ItemType_ui4 = 9,
+    ItemType_ui8 = 10,
+    ItemType_r4 = 11,
+    ItemType_r8 = 12,
+    ItemType_duration = 13,
+    ItemType_yearMonth = 14,
+    ItemType_monthDay = 15,
+    ItemType_year = 16,
+    ItemType_month = 17,
+    ItemType_day = 18,
+    ItemType_date = 19,
+    ItemType_datetime = 20,
+    ItemType_time = 21,
+    ItemType_char = 22,
+    ItemType_string = 23,
+    ItemType_boolean = 24,
+    ItemType_decimal = 25,
+    ItemType_integer = 26,
+    ItemType_XmlObject = 27,
+    ItemType_XmlCollection = 28
+};
+
+// Getters do not look at the type: the caller knows it from the descriptor. The
+// variant owns what it points to; the two object kinds hold one reference each.
+struct OrvexVariant
+{
+public:
+    OrvexVariant() : m_type(ItemType_Invalid) { m_value.bits = 0; }
+    OrvexVariant(const OrvexVariant& other);
+    ~OrvexVariant() { Clear(); }
+
+    // Assigning a variant to itself leaves it invalid. A source type above 28
+    // fails with "Unknown Type" and leaves this variant invalid.
+    const OrvexVariant& operator=(const OrvexVariant& other);
+
+    bool IsValid() const { return m_type != ItemType_Invalid; }
+    ItemType GetItemType() const { return m_type; }
+    // Frees what is held; the variant is then invalid.
+    void Clear();
+    void SetInvalid() { Clear(); }
+
+    void SetI1(char value);
+    void SetI2(short value);
+    void SetI4(std::int32_t value);
+    void SetI8(std::int64_t value);
+    void SetUI1(unsigned char value);
+    void SetUI2(unsigned short value);
+    void SetUI4(std::uint32_t value);
+    void SetUI8(std::uint64_t value);
+    void SetR4(float value);
+    void SetR8(double value);
+    void SetYear(unsigned short value);
+    void SetMonth(unsigned char value);
+    void SetDay(unsigned char value);
+    void SetChar(char value);
+    void SetString(const std::string& value);
+    void SetBoolean(bool value);
+    // Adds a reference to a non-null object; a null object still sets the type.
+    void SetXmlObject(CXmlObjectBase* object);
+
+    char GetI1() const { return static_cast<char>(m_value.u8); }
+    short GetI2() const { return static_cast<short>(m_value.u16); }
+    std::int32_t GetI4() const { return static_cast<std::int32_t>(m_value.u32); }
+    std::int64_t GetI8() const { return static_cast<std::int64_t>(m_value.bits); }
+    unsigned char GetUI1() const { return m_value.u8; }
+    unsigned short GetUI2() const { return m_value.u16; }
+    std::uint32_t GetUI4() const { return m_value.u32; }
+    std::uint64_t GetUI8() const { return m_value.bits; }
+    float GetR4() const { return m_value.r4; }
+    double GetR8() const { return m_value.r8; }
+    unsigned short GetYear() const { return m_value.u16; }
+    unsigned char GetMonth() const { return m_value.u8; }
+    unsigned char GetDay() const { return m_value.u8; }
+    char GetChar() const { return static_cast<char>(m_value.u8); }
+    bool GetBoolean() const { return m_value.u8 != 0; }
+    // A copy; empty when no string is held.
+    std::string GetString() const { return m_value.str ? *m_value.str : std::string(); }
+    // The held string itself, without a copy; valid until the variant changes.
+    const std::string& GetStringRef() const;
+    CSmartPtr<CXmlObjectBase> GetXmlObject() const;
+    // The collection kind (28) is set and read by the collection layer; it is held,
+    // copied and released through its CXmlObjectBase part like the object kind.
+
+    // The type name; fails with "Invalid Type %d" outside 1 to 26.
+    std::string GetType() const;
+    // Fails with "Invalid Type %d to convert to string" for kinds without a text form.
+    std::string ToString(const char* format) const;
+    // Parses text as type and sets it; on failure the variant keeps its old value.
+    void FromString(const std::string& text, ItemType type, CWhitespaceUtils::WhitespaceRule rule);
+
+private:
+    // Both object kinds are held through their CXmlObjectBase part.
+    union Value {
+        std::uint64_t bits;
+        std::uint32_t u32;
+        std::uint16_t u16;
+        std::uint8_t u8;
+        float r4;
+        double r8;
+        std::string* str;
+        CXmlObjectBase* object;
+        void* pointer;
+    };
+
+    ItemType m_type;
+    Value m_value;
+};
+
+}  // namespace OrvexXmlLib5

@@ -1,0 +1,145 @@
+#include "orvexxml/metadata/PrimitiveRestrictions.h"
+
+#include "orvexxml/data/BinaryData.h"
+#include "orvexxml/frame/FormatString.h"
+#include "orvexxml/frame/OrvexException.h"
+#include "orvexxml/metadata/detail/XsdPattern.h"
+#include "orvexxml/platform/CodePage.h"
+#include "orvexxml/values/Conversions.h"
+
+namespace OrvexXmlLib5 {
+
+namespace {
+
+using Rule = CWhitespaceUtils::WhitespaceRule;
+
+// The four bounds in their fixed order; the first that fails ends the check.
+// Written as negated tests so that a NaN fails every bound that is set.
+template <typename T, typename Parse, typename Fail>
+void CheckBounds(T value, const CPrimitiveRestrictions& r, Parse parse, Fail fail)
+{
+    if (!r.GetMinInclusive().empty() && !(value >= parse(r.GetMinInclusive(), Rule::Collapse))) fail();
+    if (!r.GetMaxInclusive().empty() && !(value <= parse(r.GetMaxInclusive(), Rule::Collapse))) fail();
+    if (!r.GetMinExclusive().empty() && !(value > parse(r.GetMinExclusive(), Rule::Collapse))) fail();
+    if (!r.GetMaxExclusive().empty() && !(value < parse(r.GetMaxExclusive(), Rule::Collapse))) fail();
+}
+
+template <typename T, typename Parse>
+void CheckSmallNumber(const char* name, T value, const CPrimitiveRestrictions& r, Parse parse)
+{
+    CheckBounds(value, r, parse, [&] {
+        throw COrvexException(FormatString("Invalid Value for %s [%d]", name, static_cast<int>(value)));
+    });
+}
+
+template <typename T, typename Parse, typename Print>
+void CheckWideNumber(const char* name, T value, const CPrimitiveRestrictions& r, Parse parse, Print print)
+{
+    CheckBounds(value, r, parse,
+                [&] { throw COrvexException(FormatString("Invalid Value for %s [%s]", name, print(value).c_str())); });
+}
+
+template <typename T, typename Parse>
+void CheckFloating(const char* name, T value, const CPrimitiveRestrictions& r, Parse parse)
+{
+    CheckBounds(value, r, parse, [&] {
+        throw COrvexException(FormatString("Invalid Value for %s [%f]", name, static_cast<double>(value)));
+    });
+}
+
+bool IsAscii(const std::string& text)
+{
+    for (char c : text)
+        if (static_cast<unsigned char>(c) >= 0x80) return false;
+    return true;
+}
+
+void CheckString(const char* name, const std::string& value, const CPrimitiveRestrictions& r)
+{
+    const long long length = static_cast<long long>(value.size());
+    bool valid = true;
+    if (r.GetMinLength() > -1 && length < r.GetMinLength()) valid = false;
+    if (valid && r.GetMaxLength() > -1 && length > r.GetMaxLength()) valid = false;
+    if (valid && r.GetLength() > -1 && length != r.GetLength()) valid = false;
+    if (valid && !r.GetPattern().empty()) {
+        if (Platform::LocalIsUtf8() && IsAscii(value))
+            valid = Detail::MatchXsdPattern(r.GetPattern(), value, name);
+        else
+            valid = Detail::MatchXsdPattern(r.GetPattern(), LocalToUtf8Bytes(value).GetString(), name);
+    }
+    if (!valid) throw COrvexException(FormatString("Invalid Value for %s [%s]", name, value.c_str()));
+}
+
+std::string TextOrEmpty(const char* text)
+{
+    return text ? std::string(text) : std::string();
+}
+
+}  // namespace
+
+CPrimitiveRestrictions::CPrimitiveRestrictions() : m_minLength(-1), m_maxLength(-1), m_length(-1) {}
+
+CPrimitiveRestrictions::CPrimitiveRestrictions(const char* pattern, int minLength, int maxLength,
+                                               const char* minInclusive, const char* maxInclusive,
+                                               const char* minExclusive, const char* maxExclusive, int length)
+    : m_pattern(TextOrEmpty(pattern)),
+      m_minLength(minLength),
+      m_maxLength(maxLength),
+      m_minInclusive(TextOrEmpty(minInclusive)),
+      m_maxInclusive(TextOrEmpty(maxInclusive)),
+      m_minExclusive(TextOrEmpty(minExclusive)),
+      m_maxExclusive(TextOrEmpty(maxExclusive)),
+      m_length(length)
+{
+}
+
+CPrimitiveRestrictions::~CPrimitiveRestrictions() = default;
+
+void CheckPrimitiveRestriction(const char* name, const OrvexVariant& value, ItemType type,
+                               const CPrimitiveRestrictions& restrictions)
+{
+    const CPrimitiveRestrictions& r = restrictions;
+    switch (type) {
+        case ItemType_i1:
+            CheckSmallNumber(name, value.GetI1(), r, CConversions::i1FromString);
+            return;
+        case ItemType_i2:
+            CheckSmallNumber(name, value.GetI2(), r, CConversions::i2FromString);
+            return;
+        case ItemType_i4:
+            CheckSmallNumber(name, value.GetI4(), r, CConversions::i4FromString);
+            return;
+        case ItemType_i8:
+            CheckWideNumber(name, value.GetI8(), r, CConversions::i8FromString, CConversions::i8ToString);
+            return;
+        case ItemType_ui1:
+            CheckSmallNumber(name, value.GetUI1(), r, CConversions::ui1FromString);
+            return;
+        case ItemType_ui2:
+            CheckSmallNumber(name, value.GetUI2(), r, CConversions::ui2FromString);
+            return;
+        // A value above the signed range shows as the negative number of its bits.
+        case ItemType_ui4:
+            CheckSmallNumber(name, value.GetUI4(), r, CConversions::ui4FromString);
+            return;
+        case ItemType_ui8:
+            CheckWideNumber(name, value.GetUI8(), r, CConversions::ui8FromString, CConversions::ui8ToString);
+            return;
+        case ItemType_r4:
+            CheckFloating(name, value.GetR4(), r, CConversions::r4FromString);
+            return;
+        case ItemType_r8:
+            CheckFloating(name, value.GetR8(), r, CConversions::r8FromString);
+            return;
+        case ItemType_string:
+            CheckString(name, value.GetStringRef(), r);
+            return;
+        case ItemType_boolean:
+            return;
+        // The value classes and the date parts join here together with their classes.
+        default:
+            throw COrvexInvalidValueException("unknown type [" + value.GetType() + "]");
+    }
+}
+
+}  // namespace OrvexXmlLib5

@@ -1,0 +1,53 @@
+// The facets of a primitive type as generated code states them, and the test of
+// a value held in an OrvexVariant against them.
+#pragma once
+
+#include <string>
+
+#include "orvexxml/data/OrvexVariant.h"
+
+namespace OrvexXmlLib5 {
+
+// Bounds are kept as text in the lexical form of the type and parsed at each test.
+// An integer facet is set when it is greater than -1; a text facet when it is not empty.
+class CPrimitiveRestrictions
+{
+public:
+    // Facets unset: empty texts, -1 for the integers.
+    CPrimitiveRestrictions();
+    // Null texts count as empty.
+    CPrimitiveRestrictions(const char* pattern, int minLength, int maxLength, const char* minInclusive,
+                           const char* maxInclusive, const char* minExclusive, const char* maxExclusive, int length);
+    CPrimitiveRestrictions(const CPrimitiveRestrictions& other) = default;
+    CPrimitiveRestrictions& operator=(const CPrimitiveRestrictions& other) = default;
+    virtual ~CPrimitiveRestrictions();
+
+    const std::string& GetPattern() const { return m_pattern; }
+    int GetMinLength() const { return m_minLength; }
+    int GetMaxLength() const { return m_maxLength; }
+    const std::string& GetMinInclusive() const { return m_minInclusive; }
+    const std::string& GetMaxInclusive() const { return m_maxInclusive; }
+    const std::string& GetMinExclusive() const { return m_minExclusive; }
+    const std::string& GetMaxExclusive() const { return m_maxExclusive; }
+    int GetLength() const { return m_length; }
+
+private:
+    std::string m_pattern;
+    int m_minLength;
+    int m_maxLength;
+    std::string m_minInclusive;
+    std::string m_maxInclusive;
+    std::string m_minExclusive;
+    std::string m_maxExclusive;
+    int m_length;
+};
+
+// Tests value, read as type (not by the variant's own tag), against the facets.
+// A broken facet fails with COrvexException "Invalid Value for <name> [<value>]";
+// a bound that does not parse fails as its conversion does; a pattern that does
+// not compile fails with "Invalid Regular Expression: ..."; the char type and
+// unknown types fail with COrvexInvalidValueException "unknown type [...]".
+void CheckPrimitiveRestriction(const char* name, const OrvexVariant& value, ItemType type,
+                               const CPrimitiveRestrictions& restrictions);
+
+}  // namespace OrvexXmlLib5

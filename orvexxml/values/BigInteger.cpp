@@ -1,0 +1,779 @@
+#include "orvexxml/values/BigInteger.h"
+
+#include "orvexxml/frame/OrvexException.h"
+#include "orvexxml/values/Decimal.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstring>
+#include <utility>
+
+namespace OrvexXmlLib5 {
+
+// Built through the decimal parser; CDecimal's maximum divider is a constant-initialised
+// int, so it holds its value before these run, whatever the order of the other units.
+const CBigInteger CBigInteger::MAX_LONG(CDecimal("2147483647"));
+const CBigInteger CBigInteger::MIN_LONG(CDecimal("-2147483648"));
+const CBigInteger CBigInteger::MAX_LONGLONG(CDecimal("9223372036854775807"));
+const CBigInteger CBigInteger::MIN_LONGLONG(CDecimal("-9223372036854775808"));
+const CBigInteger CBigInteger::MAX_DOUBLE(CDecimal("1.7E+308"));
+const CBigInteger CBigInteger::MIN_DOUBLE(CDecimal("-1.7E+308"));
+
+namespace {
+
+inline char DigitAt(const std::vector<char>& v, std::size_t i)
+{
+    return i < v.size() ? v[i] : 0;
+}
+
+inline bool IsDigitChar(char c)
+{
+    return c >= '0' && c <= '9';
+}
+
+// acc += b, in place.
+void AddTo(std::vector<char>& acc, const std::vector<char>& b)
+{
+    if (acc.size() < b.size())
+        acc.resize(b.size(), 0);
+    char carry = 0;
+    std::size_t i = 0;
+    for (; i < b.size(); ++i) {
+        char d = static_cast<char>(acc[i] + b[i] + carry);
+        carry = d >= 10;
+        acc[i] = carry ? static_cast<char>(d - 10) : d;
+    }
+    for (; carry && i < acc.size(); ++i) {
+        if (acc[i] == 9) {
+            acc[i] = 0;
+        } else {
+            ++acc[i];
+            carry = 0;
+        }
+    }
+    if (carry)
+        acc.push_back(1);
+    if (acc.empty())
+        acc.push_back(0);
+}
+
+// acc -= b for acc >= b, in place, leaving leading zeros for the caller to clean.
+void SubtractFrom(std::vector<char>& acc, const std::vector<char>& b)
+{
+    char borrow = 0;
+    std::size_t i = 0;
+    for (; i < b.size() && i < acc.size(); ++i) {
+        char d = static_cast<char>(acc[i] - b[i] - borrow);
+        borrow = d < 0;
+        acc[i] = borrow ? static_cast<char>(d + 10) : d;
+    }
+    for (; borrow && i < acc.size(); ++i) {
+        if (acc[i] == 0) {
+            acc[i] = 9;
+        } else {
+            --acc[i];
+            borrow = 0;
+        }
+    }
+}
+
+bool IsZeroDigits(const std::vector<char>& v)
+{
+    return v.size() <= 1 && (v.empty() || v[0] == 0);
+}
+
+// Scaling by powers of ten is how decimals change their number of places: those
+// products and quotients are digit moves, linear in the length.
+bool IsPowerOfTen(const std::vector<char>& v)
+{
+    if (v.empty() || v.back() != 1)
+        return false;
+    for (std::size_t i = 0; i + 1 < v.size(); ++i)
+        if (v[i] != 0)
+            return false;
+    return true;
+}
+
+// Values of up to 19 digits fit in 64 bits, and so do products of up to 19 digits.
+constexpr std::size_t kMachineDigits = 19;
+
+std::uint64_t ToMachine(const std::vector<char>& v)
+{
+    std::uint64_t value = 0;
+    for (std::size_t i = v.size(); i-- > 0;)
+        value = value * 10 + static_cast<std::uint64_t>(v[i]);
+    return value;
+}
+
+void ShiftUp(const std::vector<char>& a, std::size_t k, std::vector<char>& out)
+{
+    if (&out != &a)
+        out = a;
+    out.insert(out.begin(), k, 0);
+}
+
+// Multiplication and division run on limbs of several digits: the results are the
+// same numbers that digit-by-digit schoolbook work gives, in far fewer steps.
+// Products of four-digit limbs sum up without carries; division takes nine-digit
+// limbs, whose products and two-limb estimates still fit in 63 bits.
+constexpr std::size_t kProductLimbDigits = 4;
+constexpr std::int64_t kProductLimbBase = 10000;
+constexpr std::size_t kQuotientLimbDigits = 9;
+constexpr std::int64_t kLimbBase = 1000000000;
+
+// Limbs of k digits, least significant first, with no zero limbs at the top.
+std::vector<std::int64_t> ToLimbs(const std::vector<char>& v, std::size_t k)
+{
+    std::vector<std::int64_t> limbs((v.size() + k - 1) / k, 0);
+    for (std::size_t i = limbs.size(); i-- > 0;) {
+        std::int64_t limb = 0;
+        const std::size_t low = i * k;
+        for (std::size_t j = std::min(low + k, v.size()); j-- > low;)
+            limb = limb * 10 + v[j];
+        limbs[i] = limb;
+    }
+    while (limbs.size() > 1 && limbs.back() == 0)
+        limbs.pop_back();
+    if (limbs.empty())
+        limbs.push_back(0);
+    return limbs;
+}
+
+void FromLimbs(const std::int64_t* limbs, std::size_t count, std::size_t k, std::vector<char>& out)
+{
+    out.resize(count * k);
+    for (std::size_t i = 0; i < count; ++i) {
+        std::int64_t l = limbs[i];
+        for (std::size_t j = 0; j < k; ++j) {
+            out[i * k + j] = static_cast<char>(l % 10);
+            l /= 10;
+        }
+    }
+    while (out.size() > 1 && out.back() == 0)
+        out.pop_back();
+    if (out.empty())
+        out.push_back(0);
+}
+
+void MultiplyLimbs(const std::vector<char>& a, const std::vector<char>& b, std::vector<char>& out)
+{
+    const std::vector<std::int64_t> la = ToLimbs(a, kProductLimbDigits);
+    const std::vector<std::int64_t> lb = ToLimbs(b, kProductLimbDigits);
+    // Products stay below 10^8, so column sums fit in 64 bits for any length that
+    // fits in memory; carries wait until the end.
+    std::vector<std::uint64_t> acc(la.size() + lb.size() + 1, 0);
+    for (std::size_t i = 0; i < lb.size(); ++i) {
+        const std::uint64_t bl = static_cast<std::uint64_t>(lb[i]);
+        if (bl == 0)
+            continue;
+        std::uint64_t* row = acc.data() + i;
+        for (std::size_t j = 0; j < la.size(); ++j)
+            row[j] += bl * static_cast<std::uint64_t>(la[j]);
+    }
+    std::vector<std::int64_t> limbs(acc.size());
+    std::uint64_t carry = 0;
+    for (std::size_t i = 0; i < acc.size(); ++i) {
+        const std::uint64_t v = acc[i] + carry;
+        limbs[i] = static_cast<std::int64_t>(v % kProductLimbBase);
+        carry = v / kProductLimbBase;
+    }
+    FromLimbs(limbs.data(), limbs.size(), kProductLimbDigits, out);
+}
+
+void ScaleLimbs(std::vector<std::int64_t>& limbs, std::int64_t factor, bool keepCarry)
+{
+    std::int64_t carry = 0;
+    for (std::int64_t& l : limbs) {
+        const std::int64_t t = l * factor + carry;
+        l = t % kLimbBase;
+        carry = t / kLimbBase;
+    }
+    if (keepCarry)
+        limbs.push_back(carry);
+}
+
+// Long division on limbs. The divisor is normalised so that each quotient limb
+// estimated from the top two limbs is at most one too large, which one adding back
+// corrects. Requires a >= b > 0.
+void DivideLimbs(const std::vector<char>& a, const std::vector<char>& b, std::vector<char>& quotient,
+                 std::vector<char>& remainder)
+{
+    std::vector<std::int64_t> v = ToLimbs(b, kQuotientLimbDigits);
+    std::vector<std::int64_t> u = ToLimbs(a, kQuotientLimbDigits);
+    const std::size_t n = v.size();
+    const std::size_t m = u.size() - n;
+    std::vector<std::int64_t> q(m + 1, 0);
+    if (n == 1) {
+        std::int64_t r = 0;
+        for (std::size_t j = u.size(); j-- > 0;) {
+            const std::int64_t cur = r * kLimbBase + u[j];
+            q[j] = cur / v[0];
+            r = cur % v[0];
+        }
+        FromLimbs(q.data(), q.size(), kQuotientLimbDigits, quotient);
+        FromLimbs(&r, 1, kQuotientLimbDigits, remainder);
+        return;
+    }
+    const std::int64_t d = kLimbBase / (v[n - 1] + 1);
+    ScaleLimbs(v, d, false);
+    ScaleLimbs(u, d, true);
+    for (std::size_t j = m + 1; j-- > 0;) {
+        const std::int64_t num = u[j + n] * kLimbBase + u[j + n - 1];
+        std::int64_t qhat = num / v[n - 1];
+        std::int64_t rhat = num % v[n - 1];
+        while (qhat >= kLimbBase || qhat * v[n - 2] > rhat * kLimbBase + u[j + n - 2]) {
+            --qhat;
+            rhat += v[n - 1];
+            if (rhat >= kLimbBase)
+                break;
+        }
+        std::int64_t borrow = 0;
+        for (std::size_t i = 0; i < n; ++i) {
+            const std::int64_t p = qhat * v[i] + borrow;
+            borrow = p / kLimbBase;
+            std::int64_t t = u[i + j] - p % kLimbBase;
+            if (t < 0) {
+                t += kLimbBase;
+                ++borrow;
+            }
+            u[i + j] = t;
+        }
+        u[j + n] -= borrow;
+        if (u[j + n] < 0) {
+            --qhat;
+            std::int64_t c = 0;
+            for (std::size_t i = 0; i < n; ++i) {
+                const std::int64_t t = u[i + j] + v[i] + c;
+                u[i + j] = t % kLimbBase;
+                c = t / kLimbBase;
+            }
+            u[j + n] += c;
+        }
+        q[j] = qhat;
+    }
+    // The remainder is the low n limbs, scaled back.
+    std::int64_t r = 0;
+    for (std::size_t i = n; i-- > 0;) {
+        const std::int64_t cur = r * kLimbBase + u[i];
+        u[i] = cur / d;
+        r = cur % d;
+    }
+    FromLimbs(q.data(), q.size(), kQuotientLimbDigits, quotient);
+    FromLimbs(u.data(), n, kQuotientLimbDigits, remainder);
+}
+
+}  // namespace
+
+// ---------------------------------------------------------------- digit-vector layer
+
+int CBigInteger::Position(const Digits& v)
+{
+    return v.empty() ? 1 : static_cast<int>(v.size());
+}
+
+void CBigInteger::Clean(Digits& v)
+{
+    while (v.size() > 1 && v.back() == 0)
+        v.pop_back();
+}
+
+int CBigInteger::Compare(const Digits& a, const Digits& b)
+{
+    const int na = Position(a);
+    const int nb = Position(b);
+    if (na != nb)
+        return na < nb ? -1 : 1;
+    for (std::size_t i = static_cast<std::size_t>(na); i-- > 0;) {
+        const char da = DigitAt(a, i);
+        const char db = DigitAt(b, i);
+        if (da != db)
+            return da < db ? -1 : 1;
+    }
+    return 0;
+}
+
+void CBigInteger::ShiftLeft(Digits& v, int n)
+{
+    if (n > 0)
+        v.insert(v.begin(), static_cast<std::size_t>(n), 0);
+}
+
+void CBigInteger::Build(unsigned int value, Digits& out)
+{
+    BuildDWORDLONG(value, out);
+}
+
+void CBigInteger::BuildDWORDLONG(std::uint64_t value, Digits& out)
+{
+    out.clear();
+    if (value == 0) {
+        out.push_back(0);
+        return;
+    }
+    while (value > 0) {
+        out.push_back(static_cast<char>(value % 10));
+        value /= 10;
+    }
+}
+
+void CBigInteger::BuildDouble(double value, Digits& out)
+{
+    out.clear();
+    // A half rounds down; the digits beyond the double's precision are whatever
+    // the repeated scaling by 0.1 leaves, exactly as this loop computes them.
+    double r = std::ceil(value - 0.5);
+    if (r == 0) {
+        out.push_back(0);
+        return;
+    }
+    while (r > 0) {
+        out.push_back(static_cast<char>(std::fmod(r, 10.0)));
+        double whole;
+        std::modf(r * 0.1, &whole);
+        r = whole;
+    }
+}
+
+void CBigInteger::Build(const std::string& text, Digits& out)
+{
+    out.clear();
+    const char* begin = text.data();
+    const char* p = begin + text.size();
+    while (p > begin && IsDigitChar(p[-1])) {
+        --p;
+        out.push_back(static_cast<char>(text[static_cast<std::size_t>(p - begin)] - '0'));
+    }
+    Clean(out);
+}
+
+void CBigInteger::Add(const Digits& a, const Digits& b, Digits& out)
+{
+    if (&out == &a && &out == &b) {
+        const Digits copy(b);
+        AddTo(out, copy);
+    } else if (&out == &a) {
+        AddTo(out, b);
+    } else if (&out == &b) {
+        AddTo(out, a);
+    } else {
+        out = a;
+        AddTo(out, b);
+    }
+}
+
+void CBigInteger::Subtract(const Digits& a, const Digits& b, Digits& out)
+{
+    if (&a == &b) {
+        out.assign(1, 0);
+        return;
+    }
+    if (&out == &b) {
+        const Digits copy(b);
+        out = a;
+        SubtractFrom(out, copy);
+    } else {
+        if (&out != &a)
+            out = a;
+        SubtractFrom(out, b);
+    }
+    Clean(out);
+    if (out.empty())
+        out.push_back(0);
+}
+
+void CBigInteger::Multiply(const Digits& a, char digit, Digits& out)
+{
+    if (digit == 0 || IsZeroDigits(a)) {
+        out.assign(1, 0);
+        return;
+    }
+    if (&out != &a)
+        out = a;
+    int carry = 0;
+    for (char& d : out) {
+        const int v = d * digit + carry;
+        d = static_cast<char>(v % 10);
+        carry = v / 10;
+    }
+    if (carry)
+        out.push_back(static_cast<char>(carry));
+}
+
+void CBigInteger::Multiply(const Digits& a, const Digits& b, Digits& out)
+{
+    if (IsZeroDigits(a) || IsZeroDigits(b)) {
+        out.assign(1, 0);
+        return;
+    }
+    if (IsPowerOfTen(b) && &out != &b) {
+        ShiftUp(a, b.size() - 1, out);
+        return;
+    }
+    if (IsPowerOfTen(a) && &out != &a) {
+        ShiftUp(b, a.size() - 1, out);
+        return;
+    }
+    if (a.size() + b.size() <= kMachineDigits) {
+        BuildDWORDLONG(ToMachine(a) * ToMachine(b), out);
+        return;
+    }
+    MultiplyLimbs(a, b, out);
+}
+
+void CBigInteger::Pow10(unsigned int n, Digits& out)
+{
+    out.assign(static_cast<std::size_t>(n) + 1, 0);
+    out[n] = 1;
+}
+
+void CBigInteger::Divide(const Digits& a, const Digits& b, Digits& quotient, Digits& remainder)
+{
+    if (Compare(a, b) < 0) {
+        Digits r(a);
+        if (r.empty())
+            r.push_back(0);
+        quotient.assign(1, 0);
+        remainder = std::move(r);
+        return;
+    }
+    Digits q;
+    Digits r;
+    if (a.size() <= kMachineDigits) {
+        const std::uint64_t x = ToMachine(a);
+        const std::uint64_t y = ToMachine(b);
+        BuildDWORDLONG(x / y, q);
+        BuildDWORDLONG(x % y, r);
+    } else if (IsPowerOfTen(b)) {
+        const std::size_t k = b.size() - 1;
+        q.assign(a.begin() + static_cast<std::ptrdiff_t>(k), a.end());
+        r.assign(a.begin(), a.begin() + static_cast<std::ptrdiff_t>(k));
+        Clean(q);
+        Clean(r);
+        if (r.empty())
+            r.push_back(0);
+    } else {
+        DivideLimbs(a, b, q, r);
+    }
+    quotient = std::move(q);
+    remainder = std::move(r);
+}
+
+// ---------------------------------------------------------------- construction and text
+
+CBigInteger::CBigInteger() : m_sign(1), m_digits(1, 0) {}
+
+CBigInteger::CBigInteger(int value) : CBigInteger(static_cast<long long>(value)) {}
+
+CBigInteger::CBigInteger(long value) : CBigInteger(static_cast<long long>(value)) {}
+
+CBigInteger::CBigInteger(long long value) : m_sign(value < 0 ? -1 : 1)
+{
+    const std::uint64_t magnitude =
+        value < 0 ? std::uint64_t(0) - static_cast<std::uint64_t>(value) : static_cast<std::uint64_t>(value);
+    BuildDWORDLONG(magnitude, m_digits);
+}
+
+CBigInteger::CBigInteger(unsigned int value) : CBigInteger(static_cast<unsigned long long>(value)) {}
+
+CBigInteger::CBigInteger(unsigned long value) : CBigInteger(static_cast<unsigned long long>(value)) {}
+
+CBigInteger::CBigInteger(unsigned long long value) : m_sign(1)
+{
+    BuildDWORDLONG(value, m_digits);
+}
+
+CBigInteger::CBigInteger(double value) : m_sign(value < 0 ? -1 : 1)
+{
+    if (!std::isfinite(value))
+        throw COrvexOverFlowException("The Double value is not a finite number and can not be converted to an Integer");
+    BuildDouble(std::fabs(value), m_digits);
+}
+
+CBigInteger::CBigInteger(const char* text) : m_sign(1)
+{
+    Parse(text);
+}
+
+CBigInteger::CBigInteger(const CDecimal& value) : m_sign(1)
+{
+    *this = value.ToBigInteger();
+}
+
+CBigInteger::CBigInteger(int sign, const Digits& digits) : m_sign(sign), m_digits(digits) {}
+
+CBigInteger::CBigInteger(int sign, Digits&& digits) : m_sign(sign), m_digits(std::move(digits)) {}
+
+void CBigInteger::AssignDigitText(const char* begin, const char* end)
+{
+    m_sign = 1;
+    m_digits.resize(static_cast<std::size_t>(end - begin));
+    char* out = m_digits.data();
+    for (const char* p = end; p > begin;)
+        *out++ = static_cast<char>(*--p - '0');
+    Clean(m_digits);
+    if (m_digits.empty())
+        m_digits.push_back(0);
+}
+
+void CBigInteger::Parse(const char* text)
+{
+    if (text == nullptr) {
+        // Left to the decimal parser, which refuses it.
+        *this = CDecimal(text).ToBigInteger();
+        return;
+    }
+    const std::size_t length = std::strlen(text);
+    for (std::size_t i = 0; i < length; ++i) {
+        const char c = text[i];
+        if (!IsDigitChar(c) && c != '-' && c != '+' && c != ' ' && c != '\n' && c != '\r' && c != '\t') {
+            *this = CDecimal(text).ToBigInteger();
+            return;
+        }
+    }
+    const char* begin = text;
+    const char* end = text + length;
+    while (begin < end && *begin == ' ')
+        ++begin;
+    while (end > begin && end[-1] == ' ')
+        --end;
+    m_sign = 1;
+    m_digits.clear();
+    if (begin == end) {
+        m_digits.push_back(0);
+        return;
+    }
+    if (*begin == '-') {
+        m_sign = -1;
+        ++begin;
+    }
+    // Only the trailing run of digits counts: "+12" is 12 and "12-34" is 34.
+    const char* p = end;
+    while (p > begin && IsDigitChar(p[-1]))
+        --p;
+    m_digits.reserve(static_cast<std::size_t>(end - p));
+    for (const char* q = end; q > p;)
+        m_digits.push_back(static_cast<char>(*--q - '0'));
+    Clean(m_digits);
+}
+
+std::string CBigInteger::ToString() const
+{
+    if (IsZero())
+        return "0";
+    std::string s;
+    s.reserve(m_digits.size() + 1);
+    if (m_sign < 0)
+        s.push_back('-');
+    for (std::size_t i = m_digits.size(); i-- > 0;)
+        s.push_back(static_cast<char>('0' + m_digits[i]));
+    return s;
+}
+
+CBigInteger& CBigInteger::operator-()
+{
+    Negate();
+    return *this;
+}
+
+CBigInteger CBigInteger::GetAbs() const
+{
+    return CBigInteger(1, m_digits);
+}
+
+CBigInteger CBigInteger::GetNegative() const
+{
+    return CBigInteger(-m_sign, m_digits);
+}
+
+// ---------------------------------------------------------------- arithmetic
+
+CBigInteger CBigInteger::Sum(const CBigInteger& other, int otherSign) const
+{
+    CBigInteger result;
+    if (m_sign == otherSign) {
+        Add(m_digits, other.m_digits, result.m_digits);
+        result.m_sign = m_sign;
+        return result;
+    }
+    const int c = Compare(m_digits, other.m_digits);
+    if (c == 0)
+        return result;
+    if (c > 0) {
+        Subtract(m_digits, other.m_digits, result.m_digits);
+        result.m_sign = m_sign;
+    } else {
+        Subtract(other.m_digits, m_digits, result.m_digits);
+        result.m_sign = otherSign;
+    }
+    return result;
+}
+
+CBigInteger CBigInteger::operator+(const CBigInteger& other) const
+{
+    return Sum(other, other.m_sign);
+}
+
+CBigInteger CBigInteger::operator-(const CBigInteger& other) const
+{
+    return Sum(other, -other.m_sign);
+}
+
+CBigInteger CBigInteger::operator*(const CBigInteger& other) const
+{
+    CBigInteger result;
+    Multiply(m_digits, other.m_digits, result.m_digits);
+    result.m_sign = m_sign * other.m_sign;
+    return result;
+}
+
+void CBigInteger::DivideBy(const CBigInteger& other, CBigInteger* quotient, CBigInteger* remainder,
+                           const char* zeroMessage) const
+{
+    if (other.IsZero())
+        throw COrvexInvalidValueException(zeroMessage);
+    if (IsZero()) {
+        if (quotient)
+            *quotient = CBigInteger();
+        if (remainder)
+            *remainder = CBigInteger();
+        return;
+    }
+    Digits q;
+    Digits r;
+    Divide(m_digits, other.m_digits, q, r);
+    const int quotientSign = m_sign == other.m_sign ? 1 : -1;
+    const int remainderSign = m_sign;
+    if (quotient)
+        *quotient = CBigInteger(quotientSign, std::move(q));
+    if (remainder)
+        *remainder = CBigInteger(remainderSign, std::move(r));
+}
+
+CBigInteger CBigInteger::operator/(const CBigInteger& other) const
+{
+    CBigInteger q;
+    DivideBy(other, &q, nullptr, "ERROR: Overflow in operator/!");
+    return q;
+}
+
+CBigInteger CBigInteger::operator%(const CBigInteger& other) const
+{
+    CBigInteger r;
+    DivideBy(other, nullptr, &r, "ERROR: Overflow in operator%!");
+    return r;
+}
+
+CBigInteger& CBigInteger::operator+=(const CBigInteger& other)
+{
+    if (m_sign == other.m_sign) {
+        Add(m_digits, other.m_digits, m_digits);
+        return *this;
+    }
+    return *this = Sum(other, other.m_sign);
+}
+
+CBigInteger& CBigInteger::operator-=(const CBigInteger& other)
+{
+    if (m_sign == -other.m_sign && this != &other) {
+        Add(m_digits, other.m_digits, m_digits);
+        return *this;
+    }
+    return *this = Sum(other, -other.m_sign);
+}
+
+CBigInteger& CBigInteger::operator*=(const CBigInteger& other)
+{
+    const int sign = m_sign * other.m_sign;
+    Multiply(m_digits, other.m_digits, m_digits);
+    m_sign = sign;
+    return *this;
+}
+
+CBigInteger& CBigInteger::operator/=(const CBigInteger& other)
+{
+    CBigInteger q;
+    DivideBy(other, &q, nullptr, "ERROR: Overflow in operator /=!");
+    return *this = std::move(q);
+}
+
+CBigInteger& CBigInteger::operator%=(const CBigInteger& other)
+{
+    CBigInteger r;
+    DivideBy(other, nullptr, &r, "ERROR: Overflow in operator%=!");
+    return *this = std::move(r);
+}
+
+// ---------------------------------------------------------------- comparison and conversion
+
+bool CBigInteger::operator==(const CBigInteger& other) const
+{
+    return Compare(m_digits, other.m_digits) == 0 && (IsZero() || m_sign == other.m_sign);
+}
+
+bool CBigInteger::operator<(const CBigInteger& other) const
+{
+    if (m_sign < 0 && other.m_sign > 0)
+        return true;
+    if (m_sign > 0 && other.m_sign < 0)
+        return false;
+    if (m_sign < 0)
+        return Compare(m_digits, other.m_digits) > 0;
+    return Compare(m_digits, other.m_digits) < 0;
+}
+
+CBigInteger::operator int() const
+{
+    if (*this < MIN_LONG || *this > MAX_LONG)
+        throw COrvexInvalidValueException("ERROR: Domain in operator int()!");
+    std::int64_t magnitude = 0;
+    for (std::size_t i = m_digits.size(); i-- > 0;)
+        magnitude = magnitude * 10 + m_digits[i];
+    return static_cast<int>(m_sign > 0 ? magnitude : -magnitude);
+}
+
+CBigInteger::operator std::int64_t() const
+{
+    if (*this < MIN_LONGLONG || *this > MAX_LONGLONG)
+        throw COrvexInvalidValueException("ERROR: Domain in operator int()!");
+    std::uint64_t magnitude = 0;
+    for (std::size_t i = m_digits.size(); i-- > 0;)
+        magnitude = magnitude * 10 + static_cast<std::uint64_t>(m_digits[i]);
+    if (m_sign > 0)
+        return static_cast<std::int64_t>(magnitude);
+    // The lowest value has no positive counterpart: negate in unsigned arithmetic.
+    return magnitude == (std::uint64_t(1) << 63) ? INT64_MIN : -static_cast<std::int64_t>(magnitude);
+}
+
+CBigInteger CBigInteger::SquareRoot() const
+{
+    if (*this < CBigInteger(0))
+        throw COrvexInvalidValueException("ERROR: Negative Number in function SquareRoot()!");
+    // Newton's iteration from a start above the root; for zero the last round
+    // divides by zero and fails as the division does.
+    const CBigInteger hundred(100);
+    const CBigInteger ten(10);
+    const CBigInteger two(2);
+    CBigInteger r(10);
+    CBigInteger x(*this);
+    for (;;) {
+        x /= hundred;
+        if (!x.IsPositive())
+            break;
+        r *= ten;
+    }
+    CBigInteger p;
+    do {
+        p = r;
+        r = (r + *this / p) / two;
+    } while (r < p);
+    return p;
+}
+
+CBigInteger CBigInteger::Pow10(unsigned int n)
+{
+    Digits digits;
+    Pow10(n, digits);
+    return CBigInteger(1, std::move(digits));
+}
+
+}  // namespace OrvexXmlLib5

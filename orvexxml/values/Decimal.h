@@ -1,0 +1,110 @@
+// CDecimal: the value of xs:decimal, exact up to a process-wide number of places.
+// Also the parser of number text in scientific notation for CBigInteger.
+#pragma once
+
+#include "orvexxml/values/BigInteger.h"
+
+#include <cstdint>
+#include <string>
+
+namespace OrvexXmlLib5 {
+
+class CDecimal
+{
+public:
+    // Positive exponents above this are refused by the parser: 1E+n has n + 1 digits,
+    // and a short text must not make the value that large. Negative exponents of any
+    // size are taken; beyond the value's own digits they give zero.
+    static constexpr int MAX_EXPONENT = 10000;
+    // The largest setting of SetMaxDecimalPlaces.
+    static constexpr int MAX_DECIMAL_PLACES = 1000000;
+
+    // Zero.
+    CDecimal();
+    CDecimal(int value);
+    CDecimal(long value);
+    CDecimal(long long value);
+    CDecimal(unsigned int value);
+    CDecimal(unsigned long value);
+    CDecimal(unsigned long long value);
+    CDecimal(const CBigInteger& value);
+    // Thirteen places of the double, then rationalised. Fails with
+    // COrvexInvalidValueException for an infinity or NaN, as their text does.
+    CDecimal(double value);
+    // Fails with COrvexInvalidValueException naming the position of the first bad
+    // character; a null text fails at position 0.
+    CDecimal(const char* text);
+    CDecimal(const CDecimal& other) = default;
+    CDecimal(CDecimal&& other) noexcept = default;
+    CDecimal& operator=(const CDecimal& other) = default;
+    CDecimal& operator=(CDecimal&& other) noexcept = default;
+    ~CDecimal() = default;
+
+    // The shortest form: "5", "1.05", "-0.5". Zero is "0".
+    std::string ToString() const;
+    // Fixed places, a half rounded away from zero; always has a point ("12." for 0
+    // places). Fails with COrvexInvalidParamException for negative places.
+    std::string ToString(int places) const;
+    // Fail with COrvexOverFlowException beyond the range of the target type.
+    double ToDouble() const;
+    std::int64_t ToLongLong() const;
+    std::int32_t ToLong() const;
+    // Rounds a half towards zero; no limit.
+    CBigInteger ToBigInteger() const;
+
+    void Negate();
+    CDecimal GetNegative() const;
+
+    CDecimal operator+(const CDecimal& other) const;
+    CDecimal operator-(const CDecimal& other) const;
+    CDecimal operator*(const CDecimal& other) const;
+    // Fails with COrvexInvalidValueException for a zero divisor.
+    CDecimal operator/(const CDecimal& other) const;
+    CDecimal& operator+=(const CDecimal& other);
+    CDecimal& operator-=(const CDecimal& other);
+    CDecimal& operator*=(const CDecimal& other);
+    CDecimal& operator/=(const CDecimal& other);
+    CDecimal& operator++();
+    CDecimal& operator--();
+    // The postfix forms give the value plus or minus one and leave the object as it was.
+    CDecimal operator++(int) const;
+    CDecimal operator--(int) const;
+
+    bool operator==(const CDecimal& other) const;
+    bool operator!=(const CDecimal& other) const { return !(*this == other); }
+    bool operator<(const CDecimal& other) const;
+    bool operator>(const CDecimal& other) const;
+    bool operator<=(const CDecimal& other) const;
+    bool operator>=(const CDecimal& other) const;
+
+    // Products, quotients and parsed values are rounded to this many places.
+    // Meant to be set at start-up; SetMaxDecimalPlaces fails with
+    // COrvexInvalidParamException outside 0 to MAX_DECIMAL_PLACES.
+    static int GetMaxDecimalPlaces() { return m_maxDivider; }
+    static void SetMaxDecimalPlaces(int places);
+
+private:
+    friend class CBigInteger;
+
+    CDecimal(const CBigInteger& whole, const CBigInteger& fraction, int divider);
+
+    void Parse(const char* text);
+    void Rationalise();
+    void ChangeFractionalDivider(int divider);
+    static int Normalize(CDecimal& a, CDecimal& b);
+    // The fraction scaled by 10^(divider - m_divider), for a divider not below m_divider.
+    CBigInteger FractionAt(int divider) const;
+    void CutToMaxDivider();
+    // The sign text of the value: "-" when the whole carries the negative sign.
+    const char* SignText() const { return m_whole.m_sign < 0 ? "-" : ""; }
+
+    // Constant-initialised: the limits of CBigInteger are built through this class
+    // during dynamic initialisation, which always runs after constant initialisation.
+    static int m_maxDivider;
+
+    CBigInteger m_whole;
+    CBigInteger m_fraction;
+    int m_divider;
+};
+
+}  // namespace OrvexXmlLib5

@@ -1,0 +1,200 @@
+#include "orvexxml/xml/ExpatReader.h"
+
+#include <climits>
+#include <cstring>
+#include <new>
+
+#include <expat.h>
+
+#include "orvexxml/frame/FormatString.h"
+#include "orvexxml/frame/OrvexException.h"
+#include "orvexxml/platform/CodePage.h"
+#include "orvexxml/xml/XmlDocument.h"
+
+namespace OrvexXmlLib5 {
+
+namespace {
+
+// Expat joins a namespace URI and a local name with this byte. It is not a name
+// character, so the last one in a joined name is the boundary.
+constexpr char kNamespaceSeparator = '|';
+
+struct SplitName
+{
+    std::string_view namespaceUri;
+    std::string_view localName;
+};
+
+SplitName Split(const char* name)
+{
+    const std::size_t length = std::strlen(name);
+    for (std::size_t i = length; i > 0; --i)
+        if (name[i - 1] == kNamespaceSeparator)
+            return SplitName{std::string_view(name, i - 1), std::string_view(name + i, length - i)};
+    return SplitName{std::string_view(name, 0), std::string_view(name, length)};
+}
+
+bool IsAscii(const char* text, std::size_t length)
+{
+    unsigned char any = 0;
+    for (std::size_t i = 0; i < length; ++i) any |= static_cast<unsigned char>(text[i]);
+    return any < 0x80;
+}
+
+}  // namespace
+
+// Expat calls plain C functions. Each one forwards to the reader and keeps every
+// exception inside: the first is recorded, the parser is stopped, and no further
+// callback does anything.
+struct CExpatReader::Callbacks
+{
+    template <typename Fn>
+    static void Guard(void* userData, Fn&& fn)
+    {
+        auto* reader = static_cast<CExpatReader*>(userData);
+        if (reader->m_failure) return;
+        try {
+            fn(reader);
+        } catch (...) {
+            reader->m_failure = std::current_exception();
+            XML_StopParser(reader->m_parser, XML_FALSE);
+        }
+    }
+
+    static void XMLCALL OnStartElement(void* userData, const XML_Char* name, const XML_Char** attributes)
+    {
+        Guard(userData, [&](CExpatReader* reader) { reader->StartElement(name, attributes); });
+    }
+
+    static void XMLCALL OnEndElement(void* userData, const XML_Char*)
+    {
+        Guard(userData, [&](CExpatReader* reader) { reader->EndElement(); });
+    }
+
+    static void XMLCALL OnCharacterData(void* userData, const XML_Char* text, int length)
+    {
+        Guard(userData, [&](CExpatReader* reader) { reader->CharacterData(text, length); });
+    }
+
+    static void XMLCALL OnStartNamespace(void* userData, const XML_Char* prefix, const XML_Char* uri)
+    {
+        Guard(userData, [&](CExpatReader* reader) { reader->NamespaceDecl(prefix, uri); });
+    }
+
+    static void XMLCALL OnEndNamespace(void*, const XML_Char*) {}
+};
+
+CExpatReader::CExpatReader(CXmlDocument* document)
+    : CInstanceMonitor("CExpatReader"), m_document(document), m_parser(nullptr), m_localIsUtf8(true)
+{
+}
+
+CExpatReader::~CExpatReader()
+{
+    if (m_parser) XML_ParserFree(m_parser);
+}
+
+void CExpatReader::Parse()
+{
+    if (m_parser) {
+        XML_ParserFree(m_parser);
+        m_parser = nullptr;
+    }
+    m_failure = nullptr;
+    m_localIsUtf8 = Platform::LocalIsUtf8();
+
+    // Without namespace processing, xmlns declarations arrive as plain attributes and
+    // qualified names keep their prefix.
+    m_parser = m_document->GetSchemaType() == SchemaType_NoNamespaces
+                   ? XML_ParserCreate(nullptr)
+                   : XML_ParserCreateNS(nullptr, kNamespaceSeparator);
+    if (!m_parser) throw std::bad_alloc();
+    struct ParserRelease
+    {
+        XML_ParserStruct*& parser;
+        ~ParserRelease()
+        {
+            XML_ParserFree(parser);
+            parser = nullptr;
+        }
+    } release{m_parser};
+
+    XML_SetUserData(m_parser, this);
+    XML_SetElementHandler(m_parser, &Callbacks::OnStartElement, &Callbacks::OnEndElement);
+    XML_SetNamespaceDeclHandler(m_parser, &Callbacks::OnStartNamespace, &Callbacks::OnEndNamespace);
+    XML_SetCharacterDataHandler(m_parser, &Callbacks::OnCharacterData);
+
+    // The parser is never told that the input has ended: errors that only show at the
+    // end of input (an unclosed root, no element at all) are not raised here. XML_Parse
+    // takes an int length, so a buffer beyond that is fed in pieces.
+    const char* data = reinterpret_cast<const char*>(m_document->GetInput());
+    std::size_t left = m_document->GetInputLength();
+    XML_Status status;
+    do {
+        const int piece = left > static_cast<std::size_t>(INT_MAX) ? INT_MAX : static_cast<int>(left);
+        status = XML_Parse(m_parser, data, piece, 0);
+        data += piece;
+        left -= static_cast<std::size_t>(piece);
+    } while (status == XML_STATUS_OK && left > 0);
+
+    if (m_failure) std::rethrow_exception(m_failure);
+    if (status == XML_STATUS_ERROR)
+        throw COrvexException(FormatString("%s at line %d", XML_ErrorString(XML_GetErrorCode(m_parser)),
+                                           static_cast<int>(XML_GetCurrentLineNumber(m_parser))));
+}
+
+std::string_view CExpatReader::ToLocal(const char* text, std::size_t length, std::string& holder) const
+{
+    // The parser gives valid UTF-8, so for a UTF-8 local encoding the bytes are the
+    // result, and ASCII is the same in every local code page.
+    if (m_localIsUtf8 || IsAscii(text, length)) return std::string_view(text, length);
+    holder = Platform::Utf8ToLocal(text, length);
+    return holder;
+}
+
+void CExpatReader::StartElement(const char* name, const char** attributes)
+{
+    SplitName split = Split(name);
+    CXmlElement* element = m_document->AddElement(
+        ToLocal(split.namespaceUri.data(), split.namespaceUri.size(), m_namespaceHolder),
+        ToLocal(split.localName.data(), split.localName.size(), m_nameHolder));
+    if (!attributes || !attributes[0]) return;
+
+    std::size_t count = 0;
+    while (attributes[2 * count]) ++count;
+    CXmlDocument::ReserveAttributes(element, count);
+    for (std::size_t i = 0; i < count; ++i) {
+        SplitName attributeName = Split(attributes[2 * i]);
+        const char* value = attributes[2 * i + 1];
+        CXmlDocument::AddElementAttributeView(
+            element, ToLocal(attributeName.localName.data(), attributeName.localName.size(), m_nameHolder),
+            ToLocal(value, std::strlen(value), m_valueHolder),
+            ToLocal(attributeName.namespaceUri.data(), attributeName.namespaceUri.size(), m_namespaceHolder));
+    }
+}
+
+void CExpatReader::EndElement()
+{
+    m_document->EndElement();
+}
+
+void CExpatReader::CharacterData(const char* text, int length)
+{
+    if (length <= 0) return;
+    CXmlElement* element = m_document->GetOpenElement();
+    if (!element) return;
+    std::string_view local = ToLocal(text, static_cast<std::size_t>(length), m_valueHolder);
+    CXmlDocument::AppendTextExcludingCR(element, local.data(), static_cast<unsigned long>(local.size()));
+}
+
+void CExpatReader::NamespaceDecl(const char* prefix, const char* uri)
+{
+    // A null prefix is the default namespace; a null URI undeclares the prefix.
+    if (!prefix) prefix = "";
+    if (!uri) uri = "";
+    std::string_view localPrefix = ToLocal(prefix, std::strlen(prefix), m_nameHolder);
+    std::string_view localUri = ToLocal(uri, std::strlen(uri), m_namespaceHolder);
+    m_document->SetNamespaceAlias(localPrefix, localUri);
+}
+
+}  // namespace OrvexXmlLib5

@@ -1,0 +1,296 @@
+#include "orvexxml/xml/XmlDocument.h"
+
+#include <algorithm>
+#include <cstring>
+#include <utility>
+
+#include "orvexxml/frame/OrvexException.h"
+#include "orvexxml/xml/ExpatReader.h"
+
+namespace OrvexXmlLib5 {
+
+namespace {
+
+const char kXsiNamespace[] = "http://www.w3.org/2001/XMLSchema-instance";
+const char kXmlnsNamespace[] = "http://www.w3.org/2000/xmlns/";
+
+const std::string& SharedEmptyString()
+{
+    static const std::string empty;
+    return empty;
+}
+
+}  // namespace
+
+// ---- CXmlAttribute ----
+
+CXmlAttribute::CXmlAttribute(std::string_view localName, std::string_view value, std::string_view namespaceUri)
+    : CInstanceMonitor("CXmlAttribute"), m_localName(localName), m_value(value), m_namespaceUri(namespaceUri)
+{
+}
+
+CXmlAttribute::~CXmlAttribute() = default;
+
+bool CXmlAttribute::IsNamespaceAttribute() const
+{
+    if (m_namespaceUri != kXsiNamespace && m_namespaceUri != kXmlnsNamespace) return false;
+    return m_localName == "xmlns" || m_localName == "type" || m_localName == "schemaLocation" ||
+           m_localName == "noNamespaceSchemaLocation";
+}
+
+// ---- CXmlElement ----
+
+CXmlElement::CXmlElement(CXmlDocument* document)
+    : CInstanceMonitor("CXmlElement"),
+      m_document(document),
+      m_nextSibling(nullptr),
+      m_firstChild(nullptr),
+      m_lastChild(nullptr)
+{
+}
+
+// Children and attributes belong to the document's node storage, which destroys
+// every node by itself; an element releases only its own strings and vector.
+CXmlElement::~CXmlElement() = default;
+
+const std::string& CXmlElement::GetAttribute(const std::string& localName, const std::string& namespaceUri) const
+{
+    for (const CXmlAttribute* attribute : m_attributes)
+        if (attribute->m_localName == localName && attribute->m_namespaceUri == namespaceUri)
+            return attribute->m_value;
+    return SharedEmptyString();
+}
+
+void CXmlElement::AppendText(const char* text)
+{
+    if (text) AppendBytes(text, std::strlen(text));
+}
+
+void CXmlElement::AppendText(const char* text, int length)
+{
+    if (text && length > 0) AppendBytes(text, static_cast<std::size_t>(length));
+}
+
+void CXmlElement::AppendBytes(const char* text, std::size_t length)
+{
+    // A parser hands long text over in many chunks: grow by doubling so that the
+    // text is not reallocated for each chunk.
+    if (!m_text.empty()) {
+        const std::size_t needed = m_text.size() + length;
+        if (needed > m_text.capacity()) m_text.reserve(std::max(needed, 2 * m_text.capacity()));
+    }
+    m_text.append(text, length);
+}
+
+CXmlElement* CXmlElement::CreateNewChildElement()
+{
+    CXmlElement* child = m_document->NewElement();
+    if (m_lastChild)
+        m_lastChild->m_nextSibling = child;
+    else
+        m_firstChild = child;
+    m_lastChild = child;
+    return child;
+}
+
+CXmlAttribute* CXmlElement::AddAttribute(const std::string& localName, const std::string& value,
+                                         const std::string& namespaceUri)
+{
+    return AddAttributeView(localName, value, namespaceUri);
+}
+
+CXmlAttribute* CXmlElement::AddAttributeView(std::string_view localName, std::string_view value,
+                                             std::string_view namespaceUri)
+{
+    CXmlAttribute* attribute = m_document->NewAttribute(localName, value, namespaceUri);
+    m_attributes.push_back(attribute);
+    return attribute;
+}
+
+// ---- CXmlDocument ----
+
+CXmlDocument::CXmlDocument(SchemaType schemaType)
+    : CInstanceMonitor("CXmlDocument"), m_documentElement(nullptr), m_inputLength(0), m_schemaType(schemaType)
+{
+}
+
+CXmlDocument::~CXmlDocument()
+{
+    CXmlDocument::Cleanup();
+}
+
+void CXmlDocument::Cleanup()
+{
+    m_documentElement = nullptr;
+    m_openElements.clear();
+    m_prefixTable.clear();
+    m_elements.Clear();
+    m_attributes.Clear();
+    FreeInput();
+}
+
+void CXmlDocument::LoadXml(const char* text)
+{
+    Cleanup();
+    if (!text || !*text) throw COrvexException("XML String is empty!");
+    const std::size_t length = std::strlen(text);
+    std::memcpy(AllocateInput(length), text, length);
+    Parse(true);
+}
+
+void CXmlDocument::LoadXml(const unsigned short* text)
+{
+    Cleanup();
+    std::size_t count = 0;
+    if (text)
+        while (text[count]) ++count;
+    // The byte order mark FF FE tells the parser that the bytes are UTF-16 little-endian.
+    unsigned char* bytes = AllocateInput(2 + 2 * count);
+    bytes[0] = 0xFF;
+    bytes[1] = 0xFE;
+    for (std::size_t i = 0; i < count; ++i) {
+        bytes[2 + 2 * i] = static_cast<unsigned char>(text[i] & 0xFF);
+        bytes[3 + 2 * i] = static_cast<unsigned char>(text[i] >> 8);
+    }
+    Parse(true);
+}
+
+void CXmlDocument::Parse(bool isText)
+{
+    // Text given as a string is always XML text; bytes from a stream or a file may
+    // take other routes before they reach the text parser.
+    static_cast<void>(isText);
+    struct InputRelease
+    {
+        CXmlDocument* document;
+        ~InputRelease() { document->FreeInput(); }
+    } release{this};
+
+    CExpatReader reader(this);
+    reader.Parse();
+    if (!m_documentElement) {
+        Cleanup();
+        throw COrvexException("Invalid or empty XML document");
+    }
+}
+
+std::string CXmlDocument::LookupNamespaceFromAlias(const char* prefix) const
+{
+    auto found = m_prefixTable.find(prefix ? prefix : "");
+    return found == m_prefixTable.end() ? std::string() : found->second;
+}
+
+CXmlElement* CXmlDocument::AddDocElement(const char* namespaceUri, const char* localName)
+{
+    CXmlElement* element = NewElement();
+    m_documentElement = element;
+    element->m_namespaceUri = namespaceUri ? namespaceUri : "";
+    element->m_localName = localName ? localName : "";
+    m_openElements.push_back(element);
+    return element;
+}
+
+CXmlElement* CXmlDocument::AddChildElement(const char* namespaceUri, const char* localName)
+{
+    return AddElement(namespaceUri ? namespaceUri : "", localName ? localName : "");
+}
+
+CXmlElement* CXmlDocument::AddElement(std::string_view namespaceUri, std::string_view localName)
+{
+    CXmlElement* element;
+    if (!m_documentElement) {
+        element = NewElement();
+        m_documentElement = element;
+    } else {
+        // Only a reader that delivers a second root gets here with nothing open.
+        if (m_openElements.empty()) throw COrvexException("Invalid or empty XML document");
+        element = m_openElements.back()->CreateNewChildElement();
+    }
+    element->m_namespaceUri.assign(namespaceUri.data(), namespaceUri.size());
+    element->m_localName.assign(localName.data(), localName.size());
+    m_openElements.push_back(element);
+    return element;
+}
+
+void CXmlDocument::AddElementAttribute(CXmlElement* element, const std::string& localName, const std::string& value,
+                                       const std::string& namespaceUri)
+{
+    element->AddAttributeView(localName, value, namespaceUri);
+}
+
+void CXmlDocument::AddElementAttributeView(CXmlElement* element, std::string_view localName,
+                                           std::string_view value, std::string_view namespaceUri)
+{
+    element->AddAttributeView(localName, value, namespaceUri);
+}
+
+void CXmlDocument::ReserveAttributes(CXmlElement* element, std::size_t count)
+{
+    element->m_attributes.reserve(count);
+}
+
+void CXmlDocument::AppendTextExcludingCR(CXmlElement* element, const char* text, unsigned long length)
+{
+    if (!element || !text || length == 0) return;
+    if (const void* nul = std::memchr(text, 0, length))
+        length = static_cast<unsigned long>(static_cast<const char*>(nul) - text);
+    const char* end = text + length;
+    while (text < end) {
+        const char* cr = static_cast<const char*>(std::memchr(text, '\r', static_cast<std::size_t>(end - text)));
+        const char* runEnd = cr ? cr : end;
+        if (runEnd > text) element->AppendBytes(text, static_cast<std::size_t>(runEnd - text));
+        text = cr ? cr + 1 : end;
+    }
+}
+
+void CXmlDocument::AppendTextExcludingCR(CXmlElement* element, const char* text)
+{
+    if (text) AppendTextExcludingCR(element, text, static_cast<unsigned long>(std::strlen(text)));
+}
+
+void CXmlDocument::EndElement()
+{
+    if (!m_openElements.empty()) m_openElements.pop_back();
+}
+
+void CXmlDocument::SetNamespaceAlias(std::string_view prefix, std::string_view namespaceUri)
+{
+    auto found = m_prefixTable.find(std::string(prefix));
+    if (found == m_prefixTable.end())
+        m_prefixTable.emplace(std::string(prefix), std::string(namespaceUri));
+    else
+        found->second.assign(namespaceUri.data(), namespaceUri.size());
+}
+
+unsigned char* CXmlDocument::AllocateInput(std::size_t length)
+{
+    // Never zero bytes, so that an empty input still has an address to hand over.
+    m_input.reset(new unsigned char[length ? length : 1]);
+    m_inputLength = length;
+    return m_input.get();
+}
+
+void CXmlDocument::ReplaceInput(std::unique_ptr<unsigned char[]> data, std::size_t length)
+{
+    m_input = std::move(data);
+    m_inputLength = m_input ? length : 0;
+}
+
+void CXmlDocument::FreeInput()
+{
+    m_input.reset();
+    m_inputLength = 0;
+}
+
+CXmlElement* CXmlDocument::NewElement()
+{
+    return m_elements.Create(this);
+}
+
+CXmlAttribute* CXmlDocument::NewAttribute(std::string_view localName, std::string_view value,
+                                          std::string_view namespaceUri)
+{
+    return m_attributes.Create(localName, value, namespaceUri);
+}
+
+}  // namespace OrvexXmlLib5

@@ -1,0 +1,195 @@
+// The intermediate tree every read goes through: a document of elements and
+// attributes with their namespaces, the joined text of each element, and one prefix
+// table. Readers fill it; the metadata walk reads it through the const accessors.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <map>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "orvexxml/frame/InstanceMonitor.h"
+#include "orvexxml/frame/XmlSerializationContext.h"
+#include "orvexxml/xml/detail/NodePool.h"
+
+namespace OrvexXmlLib5 {
+
+class CXmlDocument;
+class CXmlElement;
+class CExpatReader;
+class CFastInfosetReader;
+
+// One attribute of an element; every string is in the local character encoding.
+class CXmlAttribute : public CInstanceMonitor
+{
+public:
+    CXmlAttribute(const CXmlAttribute&) = delete;
+    CXmlAttribute& operator=(const CXmlAttribute&) = delete;
+
+    const std::string& GetLocalName() const { return m_localName; }
+    const std::string& GetValue() const { return m_value; }
+    // Empty when the attribute is in no namespace.
+    const std::string& GetNamespaceURI() const { return m_namespaceUri; }
+    // True for xmlns, xsi:type, xsi:schemaLocation and xsi:noNamespaceSchemaLocation,
+    // which the data-binding walk passes over.
+    bool IsNamespaceAttribute() const;
+
+protected:
+    CXmlAttribute(std::string_view localName, std::string_view value, std::string_view namespaceUri);
+    virtual ~CXmlAttribute();
+
+private:
+    friend class CXmlElement;
+    friend class Detail::CNodePool<CXmlAttribute>;
+
+    std::string m_localName;
+    std::string m_value;
+    std::string m_namespaceUri;
+};
+
+// An element: names, attributes in document order, and its direct character data
+// joined in document order (child elements contribute nothing, carriage returns are
+// dropped). Elements live exactly as long as their document.
+class CXmlElement : public CInstanceMonitor
+{
+public:
+    CXmlElement(const CXmlElement&) = delete;
+    CXmlElement& operator=(const CXmlElement&) = delete;
+
+    const CXmlDocument* GetDocument() const { return m_document; }
+    // Null when the element has no child element.
+    CXmlElement* GetFirstElement() const { return m_firstChild; }
+    // Null for the last child of its parent, and for the document element.
+    CXmlElement* GetNextSiblingElement() const { return m_nextSibling; }
+    // Empty when the element is in no namespace.
+    const std::string& GetNamespaceURI() const { return m_namespaceUri; }
+    const std::string& GetLocalName() const { return m_localName; }
+    const std::string& GetText() const { return m_text; }
+    const std::vector<CXmlAttribute*>& GetAttributes() const { return m_attributes; }
+    // Value of the first attribute with this local name and namespace URI; an empty
+    // string when there is none, which can't be told apart from an empty value.
+    const std::string& GetAttribute(const std::string& localName, const std::string& namespaceUri) const;
+
+protected:
+    explicit CXmlElement(CXmlDocument* document);
+    virtual ~CXmlElement();
+
+    void SetElementName(const std::string& localName) { m_localName = localName; }
+    void SetNamespace(const std::string& namespaceUri) { m_namespaceUri = namespaceUri; }
+    // Appends up to the terminator.
+    void AppendText(const char* text);
+    // Appends length bytes; a negative length appends nothing.
+    void AppendText(const char* text, int length);
+    // Creates an empty element at the end of this element's children.
+    CXmlElement* CreateNewChildElement();
+    CXmlAttribute* AddAttribute(const std::string& localName, const std::string& value,
+                                const std::string& namespaceUri);
+
+private:
+    friend class CXmlDocument;
+    friend class Detail::CNodePool<CXmlElement>;
+
+    void AppendBytes(const char* text, std::size_t length);
+    CXmlAttribute* AddAttributeView(std::string_view localName, std::string_view value,
+                                    std::string_view namespaceUri);
+
+    CXmlDocument* m_document;
+    CXmlElement* m_nextSibling;
+    CXmlElement* m_firstChild;
+    CXmlElement* m_lastChild;
+    std::vector<CXmlAttribute*> m_attributes;
+    std::string m_text;
+    std::string m_localName;
+    std::string m_namespaceUri;
+};
+
+// A whole document loaded into a tree. Every load starts from the empty state, so a
+// document can be reloaded; a failed load leaves what had been delivered up to the
+// failure, and the destructor releases it.
+class CXmlDocument : public CInstanceMonitor
+{
+public:
+    explicit CXmlDocument(SchemaType schemaType = SchemaType_Namespaced);
+    CXmlDocument(const CXmlDocument&) = delete;
+    CXmlDocument& operator=(const CXmlDocument&) = delete;
+    virtual ~CXmlDocument();
+
+    // Parses UTF-8 text, or text whose declaration names an encoding the parser knows.
+    // Null or empty text fails with "XML String is empty!"; a document without an
+    // element fails with "Invalid or empty XML document"; a parser error fails with
+    // "<parser text> at line <n>".
+    void LoadXml(const char* text);
+    // Parses zero-terminated UTF-16 text. Null or empty text reaches the parser and
+    // fails with "Invalid or empty XML document".
+    void LoadXml(const unsigned short* text);
+
+    // Null before a successful load.
+    CXmlElement* GetDocumentElement() const { return m_documentElement; }
+    // URI bound to prefix anywhere in the document (the last declaration wins); the
+    // default namespace is the empty prefix. Empty when the prefix is unknown.
+    std::string LookupNamespaceFromAlias(const char* prefix) const;
+    // Every prefix declared in the document with the URI that LookupNamespaceFromAlias gives.
+    const std::map<std::string, std::string>& GetPrefixTable() const { return m_prefixTable; }
+    SchemaType GetSchemaType() const { return m_schemaType; }
+
+protected:
+    // Back to the empty state: tree, input buffer, open element stack and prefix table.
+    virtual void Cleanup();
+
+private:
+    friend class CXmlElement;
+    friend class CExpatReader;
+    friend class CFastInfosetReader;
+
+    // Runs a reader over the input buffer, then frees it. isText is true for text
+    // given as a string, which is always XML text.
+    void Parse(bool isText);
+
+    // Reader side. Each Add*Element creates the element, makes it the receiver of
+    // text and children, and gives it back.
+    CXmlElement* AddDocElement(const char* namespaceUri, const char* localName);
+    CXmlElement* AddChildElement(const char* namespaceUri, const char* localName);
+    // Document element when there is none yet, otherwise a child of the open element.
+    CXmlElement* AddElement(std::string_view namespaceUri, std::string_view localName);
+    static void AddElementAttribute(CXmlElement* element, const std::string& localName, const std::string& value,
+                                    const std::string& namespaceUri);
+    static void AddElementAttributeView(CXmlElement* element, std::string_view localName, std::string_view value,
+                                        std::string_view namespaceUri);
+    static void ReserveAttributes(CXmlElement* element, std::size_t count);
+    // Appends up to length bytes or the first NUL, every carriage return left out.
+    static void AppendTextExcludingCR(CXmlElement* element, const char* text, unsigned long length);
+    static void AppendTextExcludingCR(CXmlElement* element, const char* text);
+    // The element that receives text now; null when none is open.
+    CXmlElement* GetOpenElement() const { return m_openElements.empty() ? nullptr : m_openElements.back(); }
+    // Closes the open element; nothing happens when none is open.
+    void EndElement();
+    // Binds prefix to namespaceUri for the whole document, replacing an earlier binding.
+    void SetNamespaceAlias(std::string_view prefix, std::string_view namespaceUri);
+
+    // Input buffer: owned bytes that a load fills and Parse hands to a reader.
+    unsigned char* AllocateInput(std::size_t length);
+    // Takes over bytes prepared elsewhere (inflated input, for one) in place of the buffer.
+    void ReplaceInput(std::unique_ptr<unsigned char[]> data, std::size_t length);
+    void FreeInput();
+    const unsigned char* GetInput() const { return m_input.get(); }
+    std::size_t GetInputLength() const { return m_inputLength; }
+
+    CXmlElement* NewElement();
+    CXmlAttribute* NewAttribute(std::string_view localName, std::string_view value, std::string_view namespaceUri);
+
+    CXmlElement* m_documentElement;
+    std::vector<CXmlElement*> m_openElements;
+    std::map<std::string, std::string> m_prefixTable;
+    std::unique_ptr<unsigned char[]> m_input;
+    std::size_t m_inputLength;
+    SchemaType m_schemaType;
+    // Storage of every node of the tree. Links between nodes never own, so the tree
+    // is torn down without any walk.
+    Detail::CNodePool<CXmlElement> m_elements;
+    Detail::CNodePool<CXmlAttribute> m_attributes;
+};
+
+}  // namespace OrvexXmlLib5

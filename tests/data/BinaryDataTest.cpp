@@ -1,0 +1,212 @@
+#include "orvexxml/data/BinaryData.h"
+
+#include <cerrno>
+#include <cstdio>
+#include <cstring>
+#include <fstream>
+#include <iterator>
+#include <sys/stat.h>
+
+#include "TestUtil.h"
+#include "orvexxml/frame/OrvexException.h"
+
+using namespace OrvexXmlLib5;
+
+namespace {
+
+std::string ReadFile(const std::string& path)
+{
+    std::ifstream in(path, std::ios::binary);
+    return std::string(std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>());
+}
+
+unsigned char* Bytes(const char* text)
+{
+    return reinterpret_cast<unsigned char*>(const_cast<char*>(text));
+}
+
+}  // namespace
+
+TEST(BinaryDataSharing, CopiesShareUntilOneSideWrites)
+{
+    CBinaryData a("hello");
+    CBinaryData b(a);
+    EXPECT_EQ(a.GetData(), b.GetData());
+    b.Append(" world");
+    EXPECT_EQ(a.GetString(), "hello");
+    EXPECT_EQ(b.GetString(), "hello world");
+
+    CBinaryData c;
+    c = a;
+    c.SetBuffer("other");
+    EXPECT_EQ(a.GetString(), "hello");
+
+    CBinaryData d(a);
+    d[0] = 'J';
+    EXPECT_EQ(a.GetString(), "hello");
+    EXPECT_EQ(d.GetString(), "Jello");
+
+    // Writing through GetData() is not a write of the object: the sharer sees it.
+    CBinaryData e(a);
+    e.GetData()[0] = 'C';
+    EXPECT_EQ(a.GetString(), "Cello");
+
+    a = a;
+    EXPECT_EQ(a.GetString(), "Cello");
+    CBinaryData empty;
+    CBinaryData emptyCopy(empty);
+    EXPECT_EQ(emptyCopy.GetData(), nullptr);
+}
+
+TEST(BinaryDataCapacity, CopyingHolderAndGrowth)
+{
+    CBinaryData small("0123456789");
+    EXPECT_EQ(small.GetCapacity(), 4096u);
+
+    std::string big(5000, 'x');
+    CBinaryData buffer(big.c_str());
+    EXPECT_EQ(buffer.GetCapacity(), 10000u);
+    std::string more(5001, 'y');
+    buffer.Append(more.c_str());
+    EXPECT_EQ(buffer.GetLength(), 10001u);
+    EXPECT_EQ(buffer.GetCapacity(), 20002u);
+    EXPECT_EQ(buffer.GetString(), big + more);
+
+    unsigned char* owned = new unsigned char[10];
+    std::memset(owned, 'a', 10);
+    CBinaryData taken(owned, 10, true);
+    EXPECT_EQ(taken.GetData(), owned);
+    EXPECT_EQ(taken.GetCapacity(), 10u);
+    taken.Append(static_cast<unsigned char>('b'));
+    EXPECT_EQ(taken.GetCapacity(), 22u);
+    EXPECT_EQ(taken.GetString(), "aaaaaaaaaab");
+
+    CBinaryData bytes;
+    for (int i = 0; i < 100000; ++i) bytes.Append(static_cast<unsigned char>(i));
+    EXPECT_EQ(bytes.GetLength(), 100000u);
+    EXPECT_EQ(bytes[99999], static_cast<unsigned char>(99999));
+}
+
+TEST(BinaryDataAccess, IndexAndStringForms)
+{
+    const unsigned char raw[] = {0x41, 0x00, 0x42};
+    CBinaryData data(const_cast<unsigned char*>(raw), 3, false);
+    EXPECT_EQ(data.GetString().size(), 3u);
+    EXPECT_EQ(data[2], 0x42);
+    EXPECT_THROW_MSG(data[3], COrvexException, "Index Out of range [3]");
+    const CBinaryData empty;
+    EXPECT_THROW_MSG(empty[0], COrvexException, "Index Out of range [0]");
+    EXPECT_EQ(empty.GetString(), "");
+    EXPECT_EQ(empty.GetLength(), 0u);
+    CBinaryData mutableEmpty;
+    EXPECT_THROW_MSG(mutableEmpty[4294967295u], COrvexException, "Index Out of range [-1]");
+}
+
+TEST(BinaryDataCompare, NullHolderDiffersFromEmptyHolder)
+{
+    CBinaryData none;
+    CBinaryData otherNone;
+    CBinaryData zero("");
+    CBinaryData otherZero;
+    otherZero.Append(CBinaryData());
+    EXPECT_TRUE(none == otherNone);
+    EXPECT_FALSE(none == zero);
+    EXPECT_TRUE(none != zero);
+    EXPECT_TRUE(zero == otherZero);
+    EXPECT_EQ(otherZero.GetLength(), 0u);
+    EXPECT_NE(otherZero.GetData(), nullptr);
+    EXPECT_TRUE(CBinaryData("abc") == CBinaryData("abc"));
+    EXPECT_TRUE(CBinaryData("abc") != CBinaryData("abd"));
+    EXPECT_TRUE(CBinaryData("abc") != CBinaryData("ab"));
+}
+
+TEST(BinaryDataAppend, SelfAndOtherObjects)
+{
+    CBinaryData a("ab");
+    a.Append(a);
+    EXPECT_EQ(a.GetString(), "abab");
+    CBinaryData b(a);
+    b.Append(a);
+    EXPECT_EQ(b.GetString(), "abababab");
+    EXPECT_EQ(a.GetString(), "abab");
+    b.Append(Bytes("xyz"), 2);
+    EXPECT_EQ(b.GetString(), "ababababxy");
+
+    // A source inside the buffer itself survives the reallocation of growth.
+    unsigned char* own = new unsigned char[4];
+    std::memcpy(own, "wxyz", 4);
+    CBinaryData c(own, 4, true);
+    c.Append(c.GetData() + 1, 3);
+    EXPECT_EQ(c.GetString(), "wxyzxyz");
+}
+
+TEST(BinaryDataRelease, CallerGetsPrivateArray)
+{
+    CBinaryData a("data");
+    CBinaryData b(a);
+    unsigned char* released = b.ReleaseData();
+    ASSERT_NE(released, nullptr);
+    EXPECT_EQ(std::string(reinterpret_cast<char*>(released), 4), "data");
+    EXPECT_NE(released, a.GetData());
+    delete[] released;
+    EXPECT_EQ(a.GetString(), "data");
+    EXPECT_EQ(b.GetLength(), 0u);
+    EXPECT_EQ(b.GetData(), nullptr);
+    b.Append("x");
+    EXPECT_EQ(b.GetString(), "x");
+    CBinaryData none;
+    EXPECT_EQ(none.ReleaseData(), nullptr);
+
+    CDataHolder shared{nullptr, 0, 0, 2};
+    EXPECT_THROW_MSG(shared.ReleaseData(), COrvexException, "Failed to release data. [RefCount=2]");
+}
+
+TEST(BinaryDataFile, WritesMarkAndBytesAndReportsErrno)
+{
+    const std::string path = OrvexTest::TempPath("binary_data.bin");
+    const unsigned char raw[] = {0x1F, 0x8B, 0x00, 0xFF};
+    CBinaryData data(const_cast<unsigned char*>(raw), 4, false);
+    data.ToFile(path.c_str(), Encoding_UTF8);
+    EXPECT_EQ(ReadFile(path), std::string("\x1F\x8B\x00\xFF", 4));
+    data.ToFile(path.c_str(), Encoding_UTF16);
+    EXPECT_EQ(ReadFile(path), std::string("\xFF\xFE\x1F\x8B\x00\xFF", 6));
+    CBinaryData().ToFile(path.c_str(), Encoding_UTF16_NoDeclaration);
+    EXPECT_EQ(ReadFile(path), "\xFF\xFE");
+    CBinaryData().ToFile(path.c_str(), Encoding_Unspecified);
+    EXPECT_EQ(ReadFile(path), "");
+
+    const std::string missing = OrvexTest::TempPath("no/such/dir/file.bin");
+    EXPECT_THROW_MSG(data.ToFile(missing.c_str(), Encoding_UTF8), COrvexException,
+                     "Failed to write data to the file [" + missing + "] error [0x00000002]");
+    EXPECT_THROW_MSG(data.ToFile(nullptr, Encoding_UTF8), COrvexException,
+                     "Failed to write data to the file [(null)] error [0x00000016]");
+    EXPECT_THROW_MSG(data.ToFile("/dev/full", Encoding_UTF8), COrvexException,
+                     "Failed to write data to the file [/dev/full] error [0x0000001C]");
+}
+
+TEST(BinaryDataText, LocalAndWideToUtf8AndUtf16)
+{
+    EXPECT_EQ(LocalToUtf8Bytes("abc").GetString(), "abc");
+    EXPECT_EQ(LocalToUtf8Bytes("\xC3\xA9\xE2\x82\xAC\xF0\x9F\x98\x80").GetString(),
+              "\xC3\xA9\xE2\x82\xAC\xF0\x9F\x98\x80");
+    EXPECT_EQ(LocalToUtf8Bytes(std::string("a\0b", 3)).GetLength(), 3u);
+    EXPECT_TRUE(LocalToUtf8Bytes("") == CBinaryData());
+    // An invalid byte is replaced, as the code page conversion does.
+    EXPECT_EQ(LocalToUtf8Bytes("a\xFF").GetString(), "a\xEF\xBF\xBD");
+
+    EXPECT_EQ(LocalToUtf16Bytes("A\xC3\xA9").GetString(), std::string("A\0\xE9\0", 4));
+    EXPECT_EQ(LocalToUtf16Bytes("\xF0\x9F\x98\x80").GetString(), std::string("\x3D\xD8\x00\xDE", 4));
+    EXPECT_TRUE(LocalToUtf16Bytes("") == CBinaryData());
+
+    const char16_t pair[] = {u'x', 0xD83D, 0xDE00, 0x7FF, 0x800, 0xFFFF, 0};
+    EXPECT_EQ(WideToUtf8Bytes(pair).GetString(), "x\xF0\x9F\x98\x80\xDF\xBF\xE0\xA0\x80\xEF\xBF\xBF");
+    const char16_t loneHigh[] = {u'a', 0xD83D, u'b', 0};
+    const char16_t loneLow[] = {u'a', 0xDE00, 0};
+    const char16_t highAtEnd[] = {u'a', 0xD83D, 0};
+    EXPECT_TRUE(WideToUtf8Bytes(loneHigh) == CBinaryData());
+    EXPECT_TRUE(WideToUtf8Bytes(loneLow) == CBinaryData());
+    EXPECT_TRUE(WideToUtf8Bytes(highAtEnd) == CBinaryData());
+    const unsigned short shortText[] = {0x48, 0x69, 0};
+    EXPECT_EQ(WideToUtf8Bytes(shortText).GetString(), "Hi");
+    EXPECT_TRUE(WideToUtf8Bytes(static_cast<const char16_t*>(nullptr)) == CBinaryData());
+}

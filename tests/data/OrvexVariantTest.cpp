@@ -1,0 +1,198 @@
+#include "orvexxml/data/OrvexVariant.h"
+
+#include <cmath>
+
+#include "TestUtil.h"
+#include "orvexxml/frame/OrvexException.h"
+#include "orvexxml/frame/XmlObjectBase.h"
+
+using namespace OrvexXmlLib5;
+using Rule = CWhitespaceUtils::WhitespaceRule;
+
+namespace {
+
+// Counts its own destruction so that a test sees the last reference go.
+class CountedObject : public CXmlObjectBase
+{
+public:
+    explicit CountedObject(int* destroyed) : m_destroyed(destroyed) {}
+    ~CountedObject() override { ++*m_destroyed; }
+    CXmlObjectBase* GetBase() override { return this; }
+    std::string GetTargetNamespace() const override { return ""; }
+    std::string GetNamespace() const override { return ""; }
+    int References()
+    {
+        AddRef();
+        return Release();
+    }
+
+protected:
+    void ToXml_Int(CXmlWriter*, bool, const char*, const CXmlSerializationContext&, bool) const override {}
+    CXmlElement* FromXml_Int(CXmlElement*, CXmlElement*, const CXmlSerializationContext&, bool) override
+    {
+        return nullptr;
+    }
+
+private:
+    int* m_destroyed;
+};
+
+}  // namespace
+
+TEST(OrvexVariant, NewVariantIsInvalid)
+{
+    OrvexVariant v;
+    EXPECT_FALSE(v.IsValid());
+    EXPECT_EQ(v.GetItemType(), ItemType_Invalid);
+    EXPECT_THROW_MSG(v.ToString(nullptr), COrvexException, "Invalid Type 0 to convert to string");
+    EXPECT_THROW_MSG(v.GetType(), COrvexException, "Invalid Type 0");
+}
+
+TEST(OrvexVariant, EachPlainKindSetsTypeNameAndText)
+{
+    OrvexVariant v;
+    const struct
+    {
+        void (*set)(OrvexVariant&);
+        const char* type;
+        const char* text;
+    } cases[] = {
+        {[](OrvexVariant& x) { x.SetI1(char(-3)); }, "i1", "-3"},
+        {[](OrvexVariant& x) { x.SetI2(-300); }, "i2", "-300"},
+        {[](OrvexVariant& x) { x.SetI4(-5); }, "i4", "-5"},
+        {[](OrvexVariant& x) { x.SetI8(-9000000000LL); }, "i8", "-9000000000"},
+        {[](OrvexVariant& x) { x.SetUI1(200); }, "ui1", "200"},
+        {[](OrvexVariant& x) { x.SetUI2(60000); }, "ui2", "60000"},
+        {[](OrvexVariant& x) { x.SetUI4(4000000000u); }, "ui4", "4000000000"},
+        {[](OrvexVariant& x) { x.SetUI8(18446744073709551615ull); }, "ui8", "18446744073709551615"},
+        {[](OrvexVariant& x) { x.SetR4(0.5f); }, "r4", "0.5"},
+        {[](OrvexVariant& x) { x.SetR8(0.1); }, "r8", "0.1"},
+        {[](OrvexVariant& x) { x.SetYear(99); }, "year", "99"},
+        {[](OrvexVariant& x) { x.SetMonth(5); }, "month", "--05"},
+        {[](OrvexVariant& x) { x.SetDay(7); }, "day", "---07"},
+        {[](OrvexVariant& x) { x.SetChar('z'); }, "char", "z"},
+        {[](OrvexVariant& x) { x.SetString("text"); }, "string", "text"},
+        {[](OrvexVariant& x) { x.SetBoolean(true); }, "boolean", "true"},
+    };
+    for (const auto& c : cases) {
+        c.set(v);
+        EXPECT_TRUE(v.IsValid());
+        EXPECT_EQ(v.GetType(), c.type);
+        EXPECT_EQ(v.ToString(nullptr), c.text) << c.type;
+        OrvexVariant copy(v);
+        EXPECT_EQ(copy.ToString(nullptr), c.text) << c.type;
+    }
+    v.SetR8(1.25);
+    EXPECT_EQ(v.ToString("%.3f"), "1.250");
+}
+
+TEST(OrvexVariant, FromStringParsesEachKindAndKeepsOldValueOnFailure)
+{
+    OrvexVariant v;
+    v.FromString("12", ItemType_i2, Rule::Collapse);
+    EXPECT_EQ(v.GetI2(), 12);
+    v.FromString("18446744073709551615", ItemType_ui8, Rule::Collapse);
+    EXPECT_EQ(v.GetUI8(), 18446744073709551615ull);
+    EXPECT_EQ(v.GetItemType(), ItemType_ui8);
+    v.FromString(" a  b ", ItemType_string, Rule::Collapse);
+    EXPECT_EQ(v.GetString(), "a b");
+    v.FromString("FALSE", ItemType_boolean, Rule::Preserve);
+    EXPECT_FALSE(v.GetBoolean());
+    v.FromString("2.5", ItemType_r4, Rule::Preserve);
+    EXPECT_EQ(v.GetR4(), 2.5f);
+    v.FromString("-1", ItemType_ui4, Rule::Preserve);
+    EXPECT_EQ(v.GetUI4(), 4294967295u);
+
+    v.SetString("kept");
+    EXPECT_THROW_MSG(v.FromString("abc", ItemType_i4, Rule::Preserve), COrvexInvalidValueException,
+                     "The value [abc] can not be converted to a i4");
+    EXPECT_EQ(v.GetString(), "kept");
+    const ItemType noText[] = {ItemType_Invalid, ItemType_XmlObject, ItemType_XmlCollection, static_cast<ItemType>(99)};
+    for (ItemType type : noText)
+        EXPECT_THROW_MSG(v.FromString("1", type, Rule::Preserve), COrvexException,
+                         "Invalid Type " + std::to_string(int(type)) + " to convert to string");
+    EXPECT_EQ(v.GetString(), "kept");
+}
+
+TEST(OrvexVariant, GettersReadTheSameBytesWhateverTheType)
+{
+    OrvexVariant v;
+    v.SetI1(char(-1));
+    EXPECT_EQ(v.GetChar(), char(-1));
+    EXPECT_EQ(v.GetUI1(), 255);
+    EXPECT_TRUE(v.GetBoolean());
+    EXPECT_EQ(v.GetI4(), 255);  // a setter clears the whole word first
+    v.SetI4(0x12345678);
+    EXPECT_EQ(v.GetUI2(), 0x5678);
+    EXPECT_EQ(v.GetYear(), 0x5678);
+    v.SetI8(-2);
+    EXPECT_EQ(v.GetUI8(), 18446744073709551614ull);
+}
+
+TEST(OrvexVariant, CopyAndSelfAssignment)
+{
+    OrvexVariant a;
+    a.SetString("source");
+    OrvexVariant b(a);
+    b.SetString("changed");
+    EXPECT_EQ(a.GetString(), "source");
+    OrvexVariant c;
+    c.SetI4(3);
+    c = a;
+    EXPECT_EQ(c.GetType(), "string");
+    EXPECT_EQ(c.GetString(), "source");
+    a = a;
+    EXPECT_FALSE(a.IsValid());
+    c.SetInvalid();
+    EXPECT_FALSE(c.IsValid());
+    OrvexVariant empty;
+    b = empty;
+    EXPECT_FALSE(b.IsValid());
+}
+
+TEST(OrvexVariant, ObjectKindHoldsOneReference)
+{
+    int destroyed = 0;
+    CountedObject* object = new CountedObject(&destroyed);
+    CSmartPtr<CXmlObjectBase> keep(object);
+    {
+        OrvexVariant v;
+        v.SetXmlObject(object);
+        EXPECT_EQ(object->References(), 2);
+        EXPECT_EQ(v.GetItemType(), ItemType_XmlObject);
+        EXPECT_THROW_MSG(v.GetType(), COrvexException, "Invalid Type 27");
+        EXPECT_THROW_MSG(v.ToString(nullptr), COrvexException, "Invalid Type 27 to convert to string");
+        {
+            OrvexVariant copy(v);
+            EXPECT_EQ(object->References(), 3);
+            EXPECT_EQ(copy.GetXmlObject().Get(), object);
+        }
+        EXPECT_EQ(object->References(), 2);
+        v.SetXmlObject(object);
+        EXPECT_EQ(object->References(), 2);
+        v.SetI4(1);
+        EXPECT_EQ(object->References(), 1);
+        v.SetXmlObject(object);
+    }
+    EXPECT_EQ(object->References(), 1);
+    EXPECT_EQ(destroyed, 0);
+    keep = nullptr;
+    EXPECT_EQ(destroyed, 1);
+
+    // The variant alone keeps an object alive.
+    OrvexVariant owner;
+    owner.SetXmlObject(new CountedObject(&destroyed));
+    OrvexVariant second(owner);
+    owner.Clear();
+    EXPECT_EQ(destroyed, 1);
+    second.SetString("x");
+    EXPECT_EQ(destroyed, 2);
+
+    OrvexVariant none;
+    none.SetXmlObject(nullptr);
+    EXPECT_EQ(none.GetItemType(), ItemType_XmlObject);
+    EXPECT_TRUE(none.GetXmlObject().IsNull());
+    OrvexVariant noneCopy(none);
+    EXPECT_EQ(noneCopy.GetItemType(), ItemType_XmlObject);
+    none.Clear();
+}

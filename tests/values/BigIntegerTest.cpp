@@ -1,0 +1,352 @@
+#include "orvexxml/values/BigInteger.h"
+
+#include "TestUtil.h"
+
+#include <cstdint>
+#include <limits>
+#include <random>
+#include <string>
+
+using namespace OrvexXmlLib5;
+
+namespace {
+
+std::string Int128Text(__int128 v)
+{
+    if (v == 0)
+        return "0";
+    const bool negative = v < 0;
+    unsigned __int128 m = negative ? -static_cast<unsigned __int128>(v) : static_cast<unsigned __int128>(v);
+    std::string s;
+    while (m > 0) {
+        s.insert(s.begin(), static_cast<char>('0' + static_cast<int>(m % 10)));
+        m /= 10;
+    }
+    return negative ? "-" + s : s;
+}
+
+// Exposes the digit-vector layer.
+class DigitLayer : public CBigInteger
+{
+public:
+    using CBigInteger::Add;
+    using CBigInteger::Build;
+    using CBigInteger::Clean;
+    using CBigInteger::Compare;
+    using CBigInteger::Multiply;
+    using CBigInteger::Divide;
+    using CBigInteger::Position;
+    using CBigInteger::ShiftLeft;
+    using CBigInteger::Subtract;
+    using Digits = CBigInteger::Digits;
+};
+
+// The plain digit-by-digit algorithms, as references for the fast kernels.
+DigitLayer::Digits ReferenceProduct(const DigitLayer::Digits& a, const DigitLayer::Digits& b)
+{
+    DigitLayer::Digits sum{0};
+    for (std::size_t i = 0; i < b.size(); ++i) {
+        DigitLayer::Digits row;
+        DigitLayer::Multiply(a, b[i], row);
+        if (row != DigitLayer::Digits{0})
+            DigitLayer::ShiftLeft(row, static_cast<int>(i));
+        DigitLayer::Add(sum, row, sum);
+    }
+    DigitLayer::Clean(sum);
+    return sum;
+}
+
+void ReferenceDivide(const DigitLayer::Digits& a, const DigitLayer::Digits& b, DigitLayer::Digits& q,
+                     DigitLayer::Digits& r)
+{
+    if (DigitLayer::Compare(a, b) < 0) {
+        q = {0};
+        r = a;
+        return;
+    }
+    const int s = DigitLayer::Position(a) - DigitLayer::Position(b) - 1;
+    DigitLayer::Digits d = b, m{1};
+    if (s >= 1) {
+        DigitLayer::ShiftLeft(d, s);
+        DigitLayer::ShiftLeft(m, s);
+    }
+    r = a;
+    q = {0};
+    while (DigitLayer::Compare(r, d) >= 0) {
+        DigitLayer::Add(q, m, q);
+        DigitLayer::Subtract(r, d, r);
+    }
+    if (DigitLayer::Compare(r, b) >= 0) {
+        DigitLayer::Digits q2, r2;
+        ReferenceDivide(r, b, q2, r2);
+        r = r2;
+        DigitLayer::Add(q, q2, q);
+    }
+}
+
+// Digits heavy in 0 and 9, which drive quotient estimates to their corrections.
+DigitLayer::Digits AdversarialDigits(std::mt19937_64& rng, std::size_t n)
+{
+    DigitLayer::Digits v(n);
+    for (char& d : v) {
+        const unsigned k = static_cast<unsigned>(rng() % 4);
+        d = static_cast<char>(k == 0 ? 0 : k == 1 ? 9 : rng() % 10);
+    }
+    v.back() = static_cast<char>(1 + rng() % 9);
+    return v;
+}
+
+std::string RandomDigits(std::mt19937_64& rng, std::size_t n)
+{
+    std::string s(1, static_cast<char>('1' + rng() % 9));
+    while (s.size() < n)
+        s.push_back(static_cast<char>('0' + rng() % 10));
+    return s;
+}
+
+}  // namespace
+
+TEST(BigInteger, ParseAndPrintTable)
+{
+    const std::pair<const char*, const char*> cases[] = {
+        {"", "0"},         {"   ", "0"},       {"-", "0"},          {"0", "0"},      {"-0", "0"},
+        {"+12", "12"},     {"12-34", "34"},    {"12\n", "0"},       {"  42  ", "42"}, {"007", "7"},
+        {"-123", "-123"},  {"\t5", "5"},       {"12.9", "13"},      {"12.5", "12"},  {"-12.5", "-12"},
+        {"-12.6", "-13"},  {"1E+3", "1000"},   {"2.5e1", "25"},     {"  -9 ", "-9"}, {"- 5", "-5"},
+    };
+    for (const auto& c : cases)
+        EXPECT_EQ(CBigInteger(c.first).ToString(), c.second) << "[" << c.first << "]";
+
+    const std::string maxDouble = CBigInteger("1.7E+308").ToString();
+    EXPECT_EQ(maxDouble.size(), 309u);
+    EXPECT_EQ(maxDouble, "17" + std::string(307, '0'));
+    EXPECT_EQ(CBigInteger::MAX_DOUBLE.ToString(), maxDouble);
+    EXPECT_EQ(CBigInteger::MIN_DOUBLE.ToString(), "-" + maxDouble);
+    EXPECT_EQ(CBigInteger::MIN_LONGLONG.ToString(), "-9223372036854775808");
+
+    EXPECT_THROW_MSG(CBigInteger("abc"), COrvexInvalidValueException,
+                     "The string representing a Decimal, contained an invalid char at position 0 [abc]");
+    EXPECT_THROW_MSG(CBigInteger(static_cast<const char*>(nullptr)), COrvexInvalidValueException,
+                     "The string representing a Decimal, contained an invalid char at position 0 []");
+}
+
+TEST(BigInteger, SignRulesOfTheFourOperations)
+{
+    struct Case
+    {
+        long long a, b;
+        const char *sum, *difference, *product, *quotient, *remainder;
+    };
+    const Case cases[] = {
+        {7, 2, "9", "5", "14", "3", "1"},          {-7, 2, "-5", "-9", "-14", "-3", "-1"},
+        {7, -2, "5", "9", "-14", "-3", "1"},       {-7, -2, "-9", "-5", "14", "3", "-1"},
+        {0, 5, "5", "-5", "0", "0", "0"},          {5, 5, "10", "0", "25", "1", "0"},
+        {-5, 5, "0", "-10", "-25", "-1", "0"},     {1000, 1, "1001", "999", "1000", "1000", "0"},
+        {1, 1000, "1001", "-999", "1000", "0", "1"}, {999, 1, "1000", "998", "999", "999", "0"},
+    };
+    for (const Case& c : cases) {
+        const CBigInteger a(c.a), b(c.b);
+        EXPECT_EQ((a + b).ToString(), c.sum) << c.a << " " << c.b;
+        EXPECT_EQ((a - b).ToString(), c.difference) << c.a << " " << c.b;
+        EXPECT_EQ((a * b).ToString(), c.product) << c.a << " " << c.b;
+        EXPECT_EQ((a / b).ToString(), c.quotient) << c.a << " " << c.b;
+        EXPECT_EQ((a % b).ToString(), c.remainder) << c.a << " " << c.b;
+        CBigInteger x = a;
+        x += b;
+        EXPECT_EQ(x.ToString(), c.sum);
+        x = a;
+        x -= b;
+        EXPECT_EQ(x.ToString(), c.difference);
+        x = a;
+        x *= b;
+        EXPECT_EQ(x.ToString(), c.product);
+        x = a;
+        x /= b;
+        EXPECT_EQ(x.ToString(), c.quotient);
+        x = a;
+        x %= b;
+        EXPECT_EQ(x.ToString(), c.remainder);
+    }
+    CBigInteger self(12);
+    self += self;
+    EXPECT_EQ(self.ToString(), "24");
+    self -= self;
+    EXPECT_EQ(self.ToString(), "0");
+}
+
+TEST(BigInteger, DivisionByZeroFails)
+{
+    CBigInteger a(5);
+    const CBigInteger zero;
+    EXPECT_THROW_MSG(a / zero, COrvexInvalidValueException, "ERROR: Overflow in operator/!");
+    EXPECT_THROW_MSG(a % zero, COrvexInvalidValueException, "ERROR: Overflow in operator%!");
+    EXPECT_THROW_MSG(a /= zero, COrvexInvalidValueException, "ERROR: Overflow in operator /=!");
+    EXPECT_THROW_MSG(a %= zero, COrvexInvalidValueException, "ERROR: Overflow in operator%=!");
+    EXPECT_THROW_MSG(CBigInteger(0) / CBigInteger("-"), COrvexInvalidValueException, "ERROR: Overflow in operator/!");
+    EXPECT_EQ(a.ToString(), "5");
+}
+
+TEST(BigInteger, NegativeZeroEqualsZeroButOrdersBelowIt)
+{
+    CBigInteger z;
+    z.Negate();
+    const CBigInteger zero;
+    EXPECT_EQ(z.ToString(), "0");
+    EXPECT_TRUE(z == zero);
+    EXPECT_TRUE(z < zero);
+    EXPECT_FALSE(zero < z);
+    EXPECT_TRUE(zero > z);
+    EXPECT_TRUE(z <= zero);
+    EXPECT_FALSE(z >= zero);
+    EXPECT_TRUE(CBigInteger("-") == zero);
+    EXPECT_TRUE((zero + z) == zero);
+
+    CBigInteger x(3);
+    CBigInteger& same = -x;
+    EXPECT_EQ(&same, &x);
+    EXPECT_EQ(x.ToString(), "-3");
+    EXPECT_EQ(x.GetAbs().ToString(), "3");
+    EXPECT_EQ(x.GetNegative().ToString(), "3");
+    EXPECT_EQ(x.ToString(), "-3");
+    EXPECT_TRUE(CBigInteger(-5) < CBigInteger(-3));
+    EXPECT_FALSE(CBigInteger(-3) < CBigInteger(-5));
+    EXPECT_TRUE(CBigInteger(-3) > CBigInteger(-5));
+}
+
+TEST(BigInteger, ConversionLimits)
+{
+    const std::pair<const char*, long long> ints[] = {
+        {"2147483647", 2147483647LL}, {"-2147483648", -2147483648LL}, {"0", 0}, {"-", 0}, {"-17", -17}};
+    for (const auto& c : ints)
+        EXPECT_EQ(static_cast<int>(CBigInteger(c.first)), c.second) << c.first;
+    for (const char* bad : {"2147483648", "-2147483649", "99999999999999999999"})
+        EXPECT_THROW_MSG(static_cast<int>(CBigInteger(bad)), COrvexInvalidValueException,
+                         "ERROR: Domain in operator int()!");
+
+    EXPECT_EQ(static_cast<std::int64_t>(CBigInteger("9223372036854775807")), INT64_MAX);
+    EXPECT_EQ(static_cast<std::int64_t>(CBigInteger("-9223372036854775808")), INT64_MIN);
+    EXPECT_EQ(static_cast<std::int64_t>(CBigInteger(-42)), -42);
+    for (const char* bad : {"9223372036854775808", "-9223372036854775809"})
+        EXPECT_THROW_MSG(static_cast<std::int64_t>(CBigInteger(bad)), COrvexInvalidValueException,
+                         "ERROR: Domain in operator int()!");
+    EXPECT_EQ(CBigInteger(INT64_MIN).ToString(), "-9223372036854775808");
+    EXPECT_EQ(CBigInteger(UINT64_MAX).ToString(), "18446744073709551615");
+    EXPECT_EQ(CBigInteger(4294967295u).ToString(), "4294967295");
+}
+
+TEST(BigInteger, FromDoubleRoundsHalfDown)
+{
+    const std::pair<double, const char*> cases[] = {
+        {0.5, "0"},  {1.5, "1"},  {-1.5, "-1"}, {2.6, "3"},       {2.5, "2"},
+        {-0.4, "0"}, {0.0, "0"},  {1e20, "100000000000000000000"}, {123456.0, "123456"},
+    };
+    for (const auto& c : cases)
+        EXPECT_EQ(CBigInteger(c.first).ToString(), c.second) << c.first;
+    EXPECT_EQ(CBigInteger(1e308).ToString().size(), 309u);
+    EXPECT_THROW(CBigInteger(std::numeric_limits<double>::infinity()), COrvexOverFlowException);
+    EXPECT_THROW(CBigInteger(std::numeric_limits<double>::quiet_NaN()), COrvexOverFlowException);
+}
+
+TEST(BigInteger, SquareRootAndPow10)
+{
+    const std::pair<const char*, const char*> cases[] = {
+        {"99", "9"}, {"100", "10"}, {"1", "1"}, {"2", "1"}, {"10000000000000000000000", "100000000000"},
+        {"123456789012345678901234567890", "351364182882014"},
+    };
+    for (const auto& c : cases)
+        EXPECT_EQ(CBigInteger(c.first).SquareRoot().ToString(), c.second) << c.first;
+    EXPECT_THROW_MSG(CBigInteger(-4).SquareRoot(), COrvexInvalidValueException,
+                     "ERROR: Negative Number in function SquareRoot()!");
+    EXPECT_THROW_MSG(CBigInteger(0).SquareRoot(), COrvexInvalidValueException, "ERROR: Overflow in operator/!");
+    EXPECT_EQ(CBigInteger::Pow10(0).ToString(), "1");
+    EXPECT_EQ(CBigInteger::Pow10(12).ToString(), "1000000000000");
+}
+
+TEST(BigInteger, DigitLayer)
+{
+    DigitLayer::Digits v;
+    DigitLayer::Build(std::string("12ab"), v);
+    EXPECT_TRUE(v.empty());
+    EXPECT_EQ(DigitLayer::Position(v), 1);
+    EXPECT_EQ(DigitLayer::Compare(v, DigitLayer::Digits{0}), 0);
+    DigitLayer::Build(std::string("x0042"), v);
+    EXPECT_EQ(v, (DigitLayer::Digits{2, 4}));
+    DigitLayer::ShiftLeft(v, 3);
+    EXPECT_EQ(v, (DigitLayer::Digits{0, 0, 0, 2, 4}));
+    DigitLayer::Digits d;
+    DigitLayer::Subtract(DigitLayer::Digits{0, 0, 0, 1}, DigitLayer::Digits{1}, d);
+    EXPECT_EQ(d, (DigitLayer::Digits{9, 9, 9}));
+    DigitLayer::Digits q, r;
+    DigitLayer::Divide(DigitLayer::Digits{3}, DigitLayer::Digits{0, 1}, q, r);
+    EXPECT_EQ(q, DigitLayer::Digits{0});
+    EXPECT_EQ(r, DigitLayer::Digits{3});
+}
+
+TEST(BigInteger, RandomOperationsAgreeWithInt128)
+{
+    std::mt19937_64 rng(20261122);
+    for (int n = 0; n < 4000; ++n) {
+        const int bits = 1 + static_cast<int>(rng() % 62);
+        const std::int64_t a = static_cast<std::int64_t>(rng() >> (64 - bits)) * ((rng() & 1) ? -1 : 1);
+        const std::int64_t b = static_cast<std::int64_t>(rng() >> (1 + rng() % 63)) * ((rng() & 1) ? -1 : 1);
+        const __int128 wide = static_cast<__int128>(a) * (static_cast<__int128>(rng()) + 1);
+        const CBigInteger A(a), B(b), W(Int128Text(wide).c_str());
+        EXPECT_EQ((A + B).ToString(), Int128Text(static_cast<__int128>(a) + b));
+        EXPECT_EQ((A - B).ToString(), Int128Text(static_cast<__int128>(a) - b));
+        EXPECT_EQ((A * B).ToString(), Int128Text(static_cast<__int128>(a) * b));
+        EXPECT_EQ((W + B).ToString(), Int128Text(wide + b));
+        if (b != 0) {
+            EXPECT_EQ((A / B).ToString(), Int128Text(a / b)) << a << " / " << b;
+            EXPECT_EQ((A % B).ToString(), Int128Text(a % b)) << a << " % " << b;
+            EXPECT_EQ((W / B).ToString(), Int128Text(wide / b));
+            EXPECT_EQ((W % B).ToString(), Int128Text(wide % b));
+        }
+        if (a != 0 && b != 0) {
+            EXPECT_EQ(A < B, a < b);
+            EXPECT_EQ(A >= B, a >= b);
+            EXPECT_EQ(A == B, a == b);
+        }
+        EXPECT_EQ(static_cast<std::int64_t>(A), a);
+    }
+}
+
+TEST(BigInteger, IdentitiesOnLongNumbers)
+{
+    std::mt19937_64 rng(7);
+    for (int n = 0; n < 60; ++n) {
+        const std::string as = RandomDigits(rng, 1 + rng() % 400);
+        const std::string bs = RandomDigits(rng, 1 + rng() % 200);
+        const CBigInteger a(as.c_str()), b(("-" + bs).c_str());
+        EXPECT_EQ(a.ToString(), as);
+        EXPECT_EQ((a * b / b).ToString(), as);
+        EXPECT_EQ((a / b * b + a % b).ToString(), as);
+        EXPECT_EQ((a + b - b).ToString(), as);
+        EXPECT_TRUE(a % b < a.GetAbs() || a % b == a);
+        EXPECT_EQ((a * a).SquareRoot().ToString(), as);
+    }
+}
+
+TEST(BigInteger, FastKernelsAgreeWithDigitByDigitWork)
+{
+    std::mt19937_64 rng(99);
+    for (int n = 0; n < 1500; ++n) {
+        const DigitLayer::Digits a = AdversarialDigits(rng, 1 + rng() % 70);
+        const DigitLayer::Digits b = AdversarialDigits(rng, 1 + rng() % 40);
+        DigitLayer::Digits product;
+        DigitLayer::Multiply(a, b, product);
+        ASSERT_EQ(product, ReferenceProduct(a, b));
+        DigitLayer::Digits q, r, rq, rr;
+        DigitLayer::Divide(a, b, q, r);
+        ReferenceDivide(a, b, rq, rr);
+        ASSERT_EQ(q, rq);
+        ASSERT_EQ(r, rr);
+        // A dividend built as b * q + r with r just below b.
+        DigitLayer::Digits bMinusOne;
+        DigitLayer::Subtract(b, DigitLayer::Digits{1}, bMinusOne);
+        DigitLayer::Digits built;
+        DigitLayer::Add(product, bMinusOne, built);
+        DigitLayer::Divide(built, b, q, r);
+        ASSERT_EQ(q, a);
+        ASSERT_EQ(r, bMinusOne);
+    }
+}

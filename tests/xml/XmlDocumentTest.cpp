@@ -1,0 +1,176 @@
+#include "orvexxml/xml/XmlDocument.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "TestUtil.h"
+
+using namespace OrvexXmlLib5;
+
+namespace {
+
+// Local names of the element and its children, in order.
+std::vector<std::string> Names(const CXmlElement* element)
+{
+    std::vector<std::string> names{element->GetLocalName()};
+    for (const CXmlElement* child = element->GetFirstElement(); child; child = child->GetNextSiblingElement())
+        names.push_back(child->GetLocalName());
+    return names;
+}
+
+const unsigned short* Units(const std::u16string& text) { return reinterpret_cast<const unsigned short*>(text.c_str()); }
+
+}  // namespace
+
+TEST(XmlDocument, TextJoinsDirectCharacterDataWithoutCarriageReturns)
+{
+    struct Case
+    {
+        const char *xml, *text;
+    } cases[] = {
+        {"<a> x <b>in b</b> y </a>", " x  y "},
+        {"<a>1&#13;2&#xD;3</a>", "123"},
+        {"<a>\t1\n2\r\n3\r4</a>", "\t1\n2\n3\n4"},  // the parser turns line ends into LF
+        {"<a>x&amp;y<![CDATA[<z>]]>&#x41;&lt;</a>", "x&y<z>A<"},
+    };
+    for (const Case& c : cases) {
+        CXmlDocument document;
+        document.LoadXml(c.xml);
+        EXPECT_EQ(document.GetDocumentElement()->GetText(), c.text) << c.xml;
+    }
+}
+
+TEST(XmlDocument, NamesNamespacesAttributesAndTheLastWinsPrefixTable)
+{
+    CXmlDocument document;
+    document.LoadXml("<r xmlns='urn:d' xmlns:p='urn:one' p:x='1' y='' xmlns:xsi='http://www.w3.org/2001/"
+                     "XMLSchema-instance' xsi:type='t' xsi:nil='1'><p:c/><c xmlns:p='urn:two' xmlns=''/></r>");
+    const CXmlElement* r = document.GetDocumentElement();
+    EXPECT_EQ(r->GetNamespaceURI(), "urn:d");
+    EXPECT_EQ(r->GetFirstElement()->GetDocument(), &document);
+    ASSERT_EQ(r->GetAttributes().size(), 4u);  // declarations are not attributes
+    EXPECT_EQ(r->GetAttributes()[1]->GetNamespaceURI(), "");  // no default namespace for attributes
+    EXPECT_EQ(r->GetAttribute("x", "urn:one"), "1");
+    // Absent, in another namespace, and empty all read the same.
+    EXPECT_EQ(r->GetAttribute("x", ""), "");
+    EXPECT_EQ(r->GetAttribute("y", ""), "");
+    EXPECT_TRUE(r->GetAttributes()[2]->IsNamespaceAttribute());
+    EXPECT_FALSE(r->GetAttributes()[3]->IsNamespaceAttribute());
+    // Elements keep the URI in scope; the table keeps the last declaration of a prefix.
+    EXPECT_EQ(r->GetFirstElement()->GetNamespaceURI(), "urn:one");
+    EXPECT_EQ(r->GetFirstElement()->GetNextSiblingElement()->GetNamespaceURI(), "");
+    EXPECT_EQ(document.LookupNamespaceFromAlias("p"), "urn:two");
+    EXPECT_EQ(document.LookupNamespaceFromAlias(""), "");
+    EXPECT_EQ(document.LookupNamespaceFromAlias("unknown"), "");
+}
+
+TEST(XmlDocument, FailuresGiveTheLibraryOrParserText)
+{
+    struct Case
+    {
+        const char *xml, *message;
+    } cases[] = {
+        {nullptr, "XML String is empty!"},
+        {"", "XML String is empty!"},
+        {"   \n ", "Invalid or empty XML document"},
+        {"<?xml version='1.0'?><!-- c -->", "Invalid or empty XML document"},
+        {"<a", "Invalid or empty XML document"},
+        {"<a>\n<b>\n</c>", "mismatched tag at line 3"},
+        {"<p:a/>", "unbound prefix at line 1"},
+        {"<?xml version='1.0' encoding='KOI8-R'?><a/>", "unknown encoding at line 1"},
+        {"<a>&foo;</a>", "undefined entity at line 1"},
+        {"<a/><b/>", "junk after document element at line 1"},
+        {"<a>\n\n<1/></a>", "not well-formed (invalid token) at line 3"},
+    };
+    for (const Case& c : cases) {
+        CXmlDocument document;
+        EXPECT_THROW_MSG(document.LoadXml(c.xml), COrvexException, c.message) << (c.xml ? c.xml : "(null)");
+    }
+}
+
+TEST(XmlDocument, CutShortDocumentsLoadWhatWasReadAndReloadStartsEmpty)
+{
+    CXmlDocument document;
+    document.LoadXml("<a xmlns:p='urn:p'><b></b><c x='1'/><d>te");
+    EXPECT_EQ(Names(document.GetDocumentElement()), (std::vector<std::string>{"a", "b", "c", "d"}));
+    document.LoadXml("<e/>");
+    EXPECT_EQ(Names(document.GetDocumentElement()), std::vector<std::string>{"e"});
+    EXPECT_EQ(document.LookupNamespaceFromAlias("p"), "");
+    // A parser failure keeps what was delivered before it.
+    EXPECT_THROW_MSG(document.LoadXml("<a><b/></c>"), COrvexException, "mismatched tag at line 1");
+    EXPECT_EQ(Names(document.GetDocumentElement()), (std::vector<std::string>{"a", "b"}));
+}
+
+TEST(XmlDocument, Utf16TextAndDeclaredEncodings)
+{
+    struct Case
+    {
+        std::u16string xml;
+        const char* message;  // null when the load succeeds
+    } cases[] = {
+        {u"<a>\u00E9\u20AC\U0001F600</a>", nullptr},
+        {u"<?xml version='1.0' encoding='UTF-16'?><a/>", nullptr},
+        {u"<?xml version='1.0' encoding='UTF-8'?><a/>", "encoding specified in XML declaration is incorrect at line 1"},
+        {u"", "Invalid or empty XML document"},
+        {u"<a>\n</b>", "mismatched tag at line 2"},
+    };
+    for (const Case& c : cases) {
+        CXmlDocument document;
+        if (c.message)
+            EXPECT_THROW_MSG(document.LoadXml(Units(c.xml)), COrvexException, c.message);
+        else
+            EXPECT_NO_THROW(document.LoadXml(Units(c.xml)));
+    }
+    CXmlDocument document;
+    document.LoadXml(Units(u"<a>\u00E9\u20AC\U0001F600</a>"));
+    EXPECT_EQ(document.GetDocumentElement()->GetText(), "\xC3\xA9\xE2\x82\xAC\xF0\x9F\x98\x80");
+    document.LoadXml("<?xml version='1.0' encoding='ISO-8859-1'?><a>\xE9</a>");
+    EXPECT_EQ(document.GetDocumentElement()->GetText(), "\xC3\xA9");
+    document.LoadXml("\xEF\xBB\xBF<a/>");
+    EXPECT_THROW_MSG(document.LoadXml(static_cast<const unsigned short*>(nullptr)), COrvexException,
+                     "Invalid or empty XML document");
+}
+
+TEST(XmlDocument, LongNamesDeepNestingAndManySiblingsLoadAndRelease)
+{
+    const std::string name(300, 'n'), uri = "urn:" + std::string(300, 'u');
+    CXmlDocument document;
+    document.LoadXml(("<" + name + " xmlns='" + uri + "' " + name + "='v'/>").c_str());
+    EXPECT_EQ(document.GetDocumentElement()->GetLocalName(), name);
+    EXPECT_EQ(document.GetDocumentElement()->GetNamespaceURI(), uri);
+    EXPECT_EQ(document.GetDocumentElement()->GetAttribute(name, ""), "v");
+
+    const int count = 100000;
+    std::string deep, wide = "<r>";
+    for (int i = 0; i < count; ++i) deep += "<e>";
+    deep += "deep";
+    for (int i = 0; i < count; ++i) deep += "</e>";
+    for (int i = 0; i < count; ++i) wide += "<s i='" + std::to_string(i) + "'/>";
+    document.LoadXml(deep.c_str());
+    const CXmlElement* element = document.GetDocumentElement();
+    int levels = 1;
+    for (; element->GetFirstElement(); element = element->GetFirstElement()) ++levels;
+    EXPECT_EQ(levels, count);
+    EXPECT_EQ(element->GetText(), "deep");
+    document.LoadXml(deep.substr(0, count * 3).c_str());  // cut short at full depth
+    document.LoadXml(wide.c_str());
+    int seen = 0;
+    for (element = document.GetDocumentElement()->GetFirstElement(); element;
+         element = element->GetNextSiblingElement(), ++seen)
+        if (element->GetAttribute("i", "") != std::to_string(seen)) break;
+    EXPECT_EQ(seen, count);
+}
+
+TEST(XmlDocument, WithoutNamespaceProcessingPrefixesStayInNames)
+{
+    CXmlDocument document(SchemaType_NoNamespaces);
+    document.LoadXml("<a:b xmlns:a='u' q:x='1'/>");
+    const CXmlElement* root = document.GetDocumentElement();
+    EXPECT_EQ(root->GetLocalName(), "a:b");
+    EXPECT_EQ(root->GetNamespaceURI(), "");
+    EXPECT_EQ(root->GetAttribute("xmlns:a", ""), "u");
+    EXPECT_EQ(root->GetAttribute("q:x", ""), "1");  // an undeclared prefix is no error
+    EXPECT_EQ(document.LookupNamespaceFromAlias("a"), "");
+}
