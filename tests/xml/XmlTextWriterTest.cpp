@@ -1,11 +1,13 @@
 #include "orvexxml/xml/XmlTextWriter.h"
 
+#include <memory>
 #include <string>
 #include <vector>
 
 #include "TestUtil.h"
 #include "WriterScript.h"
 #include "orvexxml/frame/XmlObjectBase.h"
+#include "orvexxml/xml/XmlDocument.h"
 
 using namespace OrvexXmlLib5;
 using OrvexTest::WriteScript;
@@ -162,6 +164,81 @@ TEST(XmlObjectBaseToXml, OnlyTheHeaderedFormChecksClosing)
               order.ToXml(false, false, EOL_LF));
     EXPECT_THROW_MSG(order.ToXml(true, false, EOL_LF), COrvexException, "An Element has not been closed.");
     EXPECT_THROW_MSG(order.ToXml(true, true, static_cast<EOLType>(5)), COrvexException, "Invalid EOL type.");
+}
+
+// Reads any element into names, attributes, text and children, and writes them back.
+class CNode : public CXmlObjectBase
+{
+public:
+    struct Attribute
+    {
+        std::string name, ns, value;
+    };
+    std::string ns, text;
+    std::vector<Attribute> attributes;
+    std::vector<std::unique_ptr<CNode>> children;
+
+    CXmlObjectBase* GetBase() override { return this; }
+    std::string GetTargetNamespace() const override { return ns; }
+    std::string GetNamespace() const override { return ns; }
+    const std::string& Name() const { return ElementNameRef(); }
+
+protected:
+    void ToXml_Int(CXmlWriter* writer, bool, const char* namespaceUri, const CXmlSerializationContext& context,
+                   bool) const override
+    {
+        writer->WriteStartElement(Name(), namespaceUri);
+        for (const Attribute& a : attributes) writer->WriteAttribute(a.name, a.ns, a.value);
+        for (const auto& child : children) child->ToXml_Int(writer, false, child->ns.c_str(), context, false);
+        writer->WriteText(text);
+        writer->WriteEndElement();
+    }
+    CXmlElement* FromXml_Int(CXmlElement* element, CXmlElement* firstChild, const CXmlSerializationContext& context,
+                             bool) override
+    {
+        SetElementName(element->GetLocalName().c_str());
+        ns = element->GetNamespaceURI();
+        text = element->GetText();
+        attributes.clear();
+        for (const CXmlAttribute* a : element->GetAttributes())
+            if (!a->IsNamespaceAttribute()) attributes.push_back({a->GetLocalName(), a->GetNamespaceURI(), a->GetValue()});
+        children.clear();
+        for (CXmlElement* child = firstChild; child; child = child->GetNextSiblingElement()) {
+            children.push_back(std::make_unique<CNode>());
+            children.back()->FromXml_Int(child, child->GetFirstElement(), context, false);
+        }
+        return element->GetNextSiblingElement();
+    }
+};
+
+TEST(XmlObjectBaseToXml, ReadAndWrittenBackRoundTrips)
+{
+    CNode node;
+    node.FromXml("<?xml version=\"1.0\"?>\n<o:order xmlns:o=\"urn:order\" xmlns:p=\"urn:people\" id=\"7\" "
+                 "o:state=\"open &amp; paid\"><p:customer p:vip=\"yes\">Tom &amp; Jerry &lt;3 'x'</p:customer>"
+                 "<o:line qty=\"2\">caf\xC3\xA9</o:line><note xmlns=\"urn:notes\">a&#10;b &quot;c&quot;</note>"
+                 "<plain/></o:order>");
+    const std::string written = node.ToXml(true, false, EOL_LF);
+    EXPECT_EQ("<?xml version=\"1.0\"?>\n<AA:order xmlns:AA=\"urn:order\" id=\"7\" AA:state=\"open &amp; paid\">"
+              "<AB:customer xmlns:AB=\"urn:people\" AB:vip=\"yes\">Tom &amp; Jerry &lt;3 'x'</AB:customer>"
+              "<AA:line qty=\"2\">caf\xC3\xA9</AA:line><AB:note xmlns:AB=\"urn:notes\">a\nb &quot;c&quot;</AB:note>"
+              "<plain/></AA:order>",
+              written);
+
+    CNode again;
+    again.FromXml(written.c_str());
+    ASSERT_EQ(4u, again.children.size());
+    EXPECT_EQ("urn:people", again.children[0]->ns);
+    EXPECT_EQ("Tom & Jerry <3 'x'", again.children[0]->text);
+    EXPECT_EQ("urn:people", again.children[0]->attributes.at(0).ns);
+    EXPECT_EQ("a\nb \"c\"", again.children[2]->text);
+    EXPECT_EQ(written, again.ToXml(true, false, EOL_LF));
+    // The formatted form reads back to the same content, apart from the indentation.
+    CNode formatted;
+    formatted.FromXml(node.ToXml(true, true, EOL_CRLF).c_str());
+    ASSERT_EQ(4u, formatted.children.size());
+    EXPECT_EQ("caf\xC3\xA9", formatted.children[1]->text);
+    EXPECT_EQ("a\nb \"c\"", formatted.children[2]->text);
 }
 
 }  // namespace
