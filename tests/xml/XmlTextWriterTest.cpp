@@ -87,86 +87,8 @@ TEST(XmlTextWriterMisuse, FailuresWithExactTexts)
     EXPECT_EQ("<?xml version=\"1.0\"?>\r\n", writer.GetString());
 }
 
-TEST(XmlTextWriterBuffer, OutputAcrossChunksStaysInOrder)
-{
-    const std::string text(65535 - 3, 'x');
-    EXPECT_EQ("<a>" + text + "\xE2\x82\xAC\r\n</a>", WriteScript("<a|#" + text + "|#\xE2\x82\xAC\n|>", false, EOL_CRLF));
-}
-
-// A hand-written serialisable class: an order with a customer in a namespace of its
-// own, attributes, text to escape, and a note with an xsi:type.
-class COrder : public CXmlObjectBase
-{
-public:
-    std::vector<std::string> lines{"a<b", "it's"};
-    bool leaveOpen = false;
-
-    CXmlObjectBase* GetBase() override { return this; }
-    std::string GetTargetNamespace() const override { return "urn:order"; }
-    std::string GetNamespace() const override { return "urn:order"; }
-
-protected:
-    void ToXml_Int(CXmlWriter* writer, bool isRoot, const char* namespaceUri, const CXmlSerializationContext& context,
-                   bool) const override
-    {
-        if (isRoot) {
-            for (const std::string& pi : context.GetProcessingInstructions()) writer->WriteProcessingInstruction(pi);
-            if (!context.GetDefaultNamespaceURI().empty()) writer->SetDefaultNamespace(context.GetDefaultNamespaceURI());
-        }
-        writer->WriteStartElement("order", namespaceUri);
-        writer->WriteAttribute("id", "", "7");
-        writer->WriteStartElement("customer", "urn:people");
-        writer->WriteAttribute("vip", "urn:people", "yes");
-        writer->WriteText("Tom & Jerry");
-        if (leaveOpen) return;
-        writer->WriteEndElement();
-        for (const std::string& line : lines) {
-            writer->WriteStartElement("line", namespaceUri);
-            writer->WriteText(line);
-            writer->WriteEndElement();
-        }
-        writer->WriteStartElement("note", "");
-        writer->WriteXsiType("urn:order", "NoteType");
-        writer->WriteText("multi\nline");
-        writer->WriteEndElement();
-        writer->WriteEndElement();
-    }
-    CXmlElement* FromXml_Int(CXmlElement*, CXmlElement*, const CXmlSerializationContext&, bool) override
-    {
-        return nullptr;
-    }
-};
-
-TEST(XmlObjectBaseToXml, WritesTheObjectWalk)
-{
-    COrder order;
-    EXPECT_EQ("<?xml version=\"1.0\"?>\r\n<AA:order xmlns:AA=\"urn:order\" id=\"7\">\r\n"
-              "\t<AB:customer xmlns:AB=\"urn:people\" AB:vip=\"yes\">Tom &amp; Jerry</AB:customer>\r\n"
-              "\t<AA:line>a&lt;b</AA:line>\r\n\t<AA:line>it's</AA:line>\r\n"
-              "\t<note xmlns:AB=\"" XSI "\" AB:type=\"AA:NoteType\">multi\r\nline</note>\r\n</AA:order>\r\n",
-              order.ToXml());
-
-    order.lines.clear();
-    CXmlSerializationContext context;
-    context.SetDefaultNamespaceURI("urn:order");
-    context.GetProcessingInstructions().push_back("<?pi data?>");
-    EXPECT_EQ("<?pi data?>\n\n<order xmlns=\"urn:order\" id=\"7\"><AA:customer xmlns:AA=\"urn:people\" AA:vip=\"yes\">"
-              "Tom &amp; Jerry</AA:customer><note xmlns:AA=\"" XSI "\" AA:type=\"NoteType\">multi\nline</note></order>",
-              order.ToXml(false, false, EOL_LF, context));
-}
-
-TEST(XmlObjectBaseToXml, OnlyTheHeaderedFormChecksClosing)
-{
-    COrder order;
-    order.leaveOpen = true;
-    EXPECT_EQ("<AA:order xmlns:AA=\"urn:order\" id=\"7\"><AB:customer xmlns:AB=\"urn:people\" AB:vip=\"yes\">"
-              "Tom &amp; Jerry",
-              order.ToXml(false, false, EOL_LF));
-    EXPECT_THROW_MSG(order.ToXml(true, false, EOL_LF), COrvexException, "An Element has not been closed.");
-    EXPECT_THROW_MSG(order.ToXml(true, true, static_cast<EOLType>(5)), COrvexException, "Invalid EOL type.");
-}
-
-// Reads any element into names, attributes, text and children, and writes them back.
+// A hand-written serialisable class: reads any element into names, attributes,
+// text and children, and writes them back.
 class CNode : public CXmlObjectBase
 {
 public:
@@ -233,12 +155,38 @@ TEST(XmlObjectBaseToXml, ReadAndWrittenBackRoundTrips)
     EXPECT_EQ("urn:people", again.children[0]->attributes.at(0).ns);
     EXPECT_EQ("a\nb \"c\"", again.children[2]->text);
     EXPECT_EQ(written, again.ToXml(true, false, EOL_LF));
-    // The formatted form reads back to the same content, apart from the indentation.
+    // The defaults: declaration, tabs and CR LF; read back, the content is the same.
+    const std::string pretty = node.ToXml();
+    EXPECT_EQ("<?xml version=\"1.0\"?>\r\n<AA:order xmlns:AA=\"urn:order\" id=\"7\" AA:state=\"open &amp; paid\">\r\n"
+              "\t<AB:customer xmlns:AB=\"urn:people\" AB:vip=\"yes\">Tom &amp; Jerry &lt;3 'x'</AB:customer>\r\n"
+              "\t<AA:line qty=\"2\">caf\xC3\xA9</AA:line>\r\n"
+              "\t<AB:note xmlns:AB=\"urn:notes\">a\r\nb &quot;c&quot;</AB:note>\r\n\t<plain/>\r\n</AA:order>\r\n",
+              pretty);
     CNode formatted;
-    formatted.FromXml(node.ToXml(true, true, EOL_CRLF).c_str());
+    formatted.FromXml(pretty.c_str());
     ASSERT_EQ(4u, formatted.children.size());
-    EXPECT_EQ("caf\xC3\xA9", formatted.children[1]->text);
     EXPECT_EQ("a\nb \"c\"", formatted.children[2]->text);
+}
+
+// Leaves its elements open, as a walk does when it stops halfway.
+class CUnclosed : public CNode
+{
+protected:
+    void ToXml_Int(CXmlWriter* writer, bool, const char* namespaceUri, const CXmlSerializationContext&,
+                   bool) const override
+    {
+        writer->WriteStartElement("open", namespaceUri);
+        writer->WriteStartElement("deeper", "urn:other");
+    }
+};
+
+TEST(XmlObjectBaseToXml, OnlyTheHeaderedFormChecksClosing)
+{
+    CUnclosed unclosed;
+    unclosed.ns = "urn:o";
+    EXPECT_EQ("<AA:open xmlns:AA=\"urn:o\"><AB:deeper xmlns:AB=\"urn:other\"", unclosed.ToXml(false, false, EOL_LF));
+    EXPECT_THROW_MSG(unclosed.ToXml(true, false, EOL_LF), COrvexException, "An Element has not been closed.");
+    EXPECT_THROW_MSG(unclosed.ToXml(true, true, static_cast<EOLType>(5)), COrvexException, "Invalid EOL type.");
 }
 
 }  // namespace
