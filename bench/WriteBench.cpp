@@ -171,6 +171,7 @@ BENCHMARK(BM_ToXml)->Unit(benchmark::kMillisecond)->MinTime(1.0);
 class RatioReporter : public benchmark::ConsoleReporter
 {
 public:
+    RatioReporter() : benchmark::ConsoleReporter(OO_Tabular) {}
     void ReportRuns(const std::vector<Run>& runs) override
     {
         for (const Run& run : runs)
