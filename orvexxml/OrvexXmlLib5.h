@@ -21,9 +21,12 @@
 #include "orvexxml/collections/Attribute.h"
 
 #include "orvexxml/xml/ExpatReader.h"
+#include "orvexxml/xml/StringBuffer.h"
 #include "orvexxml/xml/XmlDocument.h"
 #include "orvexxml/xml/XmlEnums.h"
 #include "orvexxml/xml/NamespaceAliasMap.h"
+#include "orvexxml/xml/XmlTextWriter.h"
+#include "orvexxml/xml/XmlWriter.h"
 
 #include "orvexxml/values/Conversions.h"
 #include "orvexxml/values/DateTime.h"
