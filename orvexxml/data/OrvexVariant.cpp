@@ -1,5 +1,7 @@
 #include "orvexxml/data/OrvexVariant.h"
 
+#include <utility>
+
 #include "orvexxml/frame/FormatString.h"
 #include "orvexxml/frame/OrvexException.h"
 #include "orvexxml/frame/XmlObjectBase.h"
@@ -28,9 +30,9 @@ T* CopyOf(const T* source)
 }  // namespace
 
 template <typename T>
-void OrvexVariant::SetHeld(ItemType type, T* Value::*member, const T& value)
+void OrvexVariant::SetHeld(ItemType type, T* Value::*member, T value)
 {
-    T* copy = new T(value);
+    T* copy = new T(std::move(value));
     Clear();
     m_type = type;
     m_value.*member = copy;
@@ -436,35 +438,36 @@ void OrvexVariant::FromString(const std::string& text, ItemType type, CWhitespac
         case ItemType_day:
             SetDay(CConversions::dayFromString(text, rule));
             return;
+        // The value classes: as their setters, with the parsed value moved in, not copied.
         case ItemType_hexBinary:
-            SetHexBinary(CConversions::hexBinaryFromString(text, rule));
+            SetHeld(ItemType_hexBinary, &Value::binary, CConversions::hexBinaryFromString(text, rule));
             return;
         case ItemType_base64Binary:
-            SetBase64Binary(CConversions::base64BinaryFromString(text, rule));
+            SetHeld(ItemType_base64Binary, &Value::binary, CConversions::base64BinaryFromString(text, rule));
             return;
         case ItemType_duration:
-            SetDuration(CConversions::durationFromString(text, rule));
+            SetHeld(ItemType_duration, &Value::span, CConversions::durationFromString(text, rule));
             return;
         case ItemType_yearMonth:
-            SetYearMonth(CConversions::yearMonthFromString(text, rule));
+            SetHeld(ItemType_yearMonth, &Value::dateTime, CConversions::yearMonthFromString(text, rule));
             return;
         case ItemType_monthDay:
-            SetMonthDay(CConversions::monthDayFromString(text, rule));
+            SetHeld(ItemType_monthDay, &Value::dateTime, CConversions::monthDayFromString(text, rule));
             return;
         case ItemType_date:
-            SetDate(CConversions::dateFromString(text, rule));
+            SetHeld(ItemType_date, &Value::dateTime, CConversions::dateFromString(text, rule));
             return;
         case ItemType_datetime:
-            SetDateTime(CConversions::datetimeFromString(text, rule));
+            SetHeld(ItemType_datetime, &Value::dateTime, CConversions::datetimeFromString(text, rule));
             return;
         case ItemType_time:
-            SetTime(CConversions::timeFromString(text, rule));
+            SetHeld(ItemType_time, &Value::dateTime, CConversions::timeFromString(text, rule));
             return;
         case ItemType_decimal:
-            SetDecimal(CConversions::decimalFromString(text, rule));
+            SetHeld(ItemType_decimal, &Value::decimal, CConversions::decimalFromString(text, rule));
             return;
         case ItemType_integer:
-            SetInteger(CConversions::integerFromString(text, rule));
+            SetHeld(ItemType_integer, &Value::integer, CConversions::integerFromString(text, rule));
             return;
         default:
             ThrowNoText(static_cast<int>(type));

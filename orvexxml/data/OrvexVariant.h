@@ -167,10 +167,10 @@ private:
     ItemType m_type;
     Value m_value;
 
-    // Replaces the contents with an allocated copy of value under type. The copy is
-    // made before the old contents go, so a failure leaves them.
+    // Replaces the contents with value, moved into an allocated object, under type.
+    // The object is made before the old contents go, so a failure leaves them.
     template <typename T>
-    void SetHeld(ItemType type, T* Value::*member, const T& value);
+    void SetHeld(ItemType type, T* Value::*member, T value);
     template <typename T>
     static const T& Held(const T* held)
     {
