@@ -55,8 +55,7 @@ void CheckOrdered(const char* name, const T& value, const CPrimitiveRestrictions
     auto compare = [&](const std::string& bound) { return value.CompareTo(parse(bound, Rule::Collapse)); };
     bool valid = true;
     if (!r.GetMinInclusive().empty() && compare(r.GetMinInclusive()) == CDateTime::LessThan) valid = false;
-    if (valid && !r.GetMaxInclusive().empty() && compare(r.GetMaxInclusive()) == CDateTime::GreaterThan)
-        valid = false;
+    if (valid && !r.GetMaxInclusive().empty() && compare(r.GetMaxInclusive()) == CDateTime::GreaterThan) valid = false;
     if (valid && !r.GetMinExclusive().empty()) {
         const CDateTime::DTCompareResult result = compare(r.GetMinExclusive());
         valid = result == CDateTime::GreaterThan || result == CDateTime::Indeterminate;
@@ -78,7 +77,8 @@ void CheckBinary(const char* name, const CBinaryData& value, const CPrimitiveRes
     if (valid && r.GetMaxLength() > -1 && length > r.GetMaxLength()) valid = false;
     if (valid && r.GetLength() > -1 && length != r.GetLength()) valid = false;
     if (!valid)
-        throw COrvexException(FormatString("Invalid Value for %s [%s]", name, CConversions::hexBinaryToString(value).c_str()));
+        throw COrvexException(
+            FormatString("Invalid Value for %s [%s]", name, CConversions::hexBinaryToString(value).c_str()));
 }
 
 bool IsAscii(const std::string& text)

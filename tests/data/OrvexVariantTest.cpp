@@ -197,8 +197,6 @@ TEST(OrvexVariant, ObjectKindHoldsOneReference)
     none.Clear();
 }
 
-// ---- Value-class kinds and the date parts ----
-
 TEST(OrvexVariantValueKinds, FromStringToStringRoundTripOfEachKind)
 {
     const struct
@@ -208,116 +206,49 @@ TEST(OrvexVariantValueKinds, FromStringToStringRoundTripOfEachKind)
         const char* name;
         const char* written;
     } cases[] = {
-        {ItemType_duration, "P1Y2M3DT4H5M6.789S", "duration", "P1Y2M3DT4H5M6.789S"},
-        {ItemType_duration, " -PT0S ", "duration", "-PT0S"},
-        {ItemType_yearMonth, "2000-05", "yearMonth", "2000-05"},
+        {ItemType_duration, " P1Y2M3DT4H5M6.789S", "duration", "P1Y2M3DT4H5M6.789S"},
         {ItemType_yearMonth, "2000", "yearMonth", "2000"},
-        {ItemType_monthDay, "--05-01Z", "monthDay", "--05-01Z"},
         {ItemType_monthDay, "--05--", "monthDay", "--05"},
         {ItemType_year, "2000-05-06", "year", "2000"},
-        {ItemType_year, "-0001", "year", "65535"},
-        {ItemType_month, "--12", "month", "--12"},
         {ItemType_month, "2000-05", "month", "--05"},
-        {ItemType_day, "---07", "day", "---07"},
         {ItemType_day, "--02-29", "day", "---29"},
         {ItemType_date, "-0044-03-15", "date", "-0044-03-15"},
-        {ItemType_date, "--05", "date", "--05"},
-        {ItemType_datetime, "2000-01-01T12:00:00.5+05:30", "datetime", "2000-01-01T12:00:00.5+05:30"},
-        {ItemType_datetime, "2000-01-01ZT23:59:59", "datetime", "2000-01-01T23:59:59Z"},
-        {ItemType_time, "12:00:00.123456789", "time", "12:00:00.123456789"},
-        {ItemType_time, "12:00:00+24:00", "time", "12:00:00+00:00"},
+        {ItemType_datetime, "2000-01-01ZT23:59:59.5", "datetime", "2000-01-01T23:59:59.5Z"},
+        {ItemType_time, "12:00:00.123456789+24:00", "time", "12:00:00.123456789+00:00"},
         {ItemType_decimal, "-000.50", "decimal", "-0.5"},
-        {ItemType_decimal, "1E3", "decimal", "1000"},
         {ItemType_integer, "123456789012345678901234567890", "integer", "123456789012345678901234567890"},
-        {ItemType_integer, "-0", "integer", "0"},
     };
     for (const auto& c : cases) {
         OrvexVariant v;
         v.FromString(c.text, c.type, Rule::Collapse);
-        EXPECT_EQ(v.GetItemType(), c.type) << c.text;
         EXPECT_EQ(v.GetType(), c.name);
-        const std::string written = v.ToString(nullptr);
-        EXPECT_EQ(written, c.written) << c.text;
-        OrvexVariant again;
-        if (c.type == ItemType_year) continue;  // a year is written without its four-digit form
-        again.FromString(written, c.type, Rule::Preserve);
-        EXPECT_EQ(again.ToString(nullptr), written);
-        OrvexVariant copy(again);
-        again.Clear();
-        EXPECT_EQ(copy.ToString(nullptr), written);
+        EXPECT_EQ(v.ToString(nullptr), c.written) << c.text;
+        OrvexVariant copy(v);
+        v.Clear();
+        if (c.type != ItemType_year) copy.FromString(copy.ToString(nullptr), c.type, Rule::Preserve);
+        EXPECT_EQ(copy.ToString(nullptr), c.written);
     }
-    OrvexVariant year;
-    year.SetYear(99);
-    EXPECT_THROW_MSG(year.FromString(year.ToString(nullptr), ItemType_year, Rule::Collapse), COrvexInvalidValueException,
-                     "Invalid XSD Date [99] expected CCYY-MM-DD[Z|[+|-]hh:mm]");
-    EXPECT_EQ(year.GetYear(), 99);
-}
-
-TEST(OrvexVariantValueKinds, SettersGettersAndTheSharedDateObject)
-{
     OrvexVariant v;
-    CDateTime time;
-    time.SetTime(10, 20, 30);
-    v.SetDate(time);
-    EXPECT_EQ(v.GetType(), "date");
-    // The kind of the variant and that of the value are independent.
-    EXPECT_EQ(v.ToString(nullptr), "10:20:30");
-    EXPECT_EQ(v.GetDateTime().GetType(), CDateTime::time);
-    EXPECT_EQ(v.GetYearMonth().GetHour(), 10);
-    EXPECT_EQ(v.GetMonthDay().GetMinute(), 20);
-    EXPECT_EQ(v.GetTime().GetSecond(), 30);
-
-    v.SetDuration(CDateTimeSpan(0, 0, 1, 2, 3, 4));
-    EXPECT_EQ(v.GetDuration().GetDays(), 1u);
     v.SetDecimal(CDecimal("2.675"));
     EXPECT_EQ(v.ToString("2"), "2.68");
-    EXPECT_EQ(v.ToString(nullptr), "2.675");
-    EXPECT_EQ(v.ToString("%.1f"), "3.");
-    v.SetInteger(CBigInteger(-7));
-    EXPECT_EQ(v.GetInteger().ToString(), "-7");
-    // A string after a decimal frees the decimal (the leak check of the sanitizer build sees it).
-    v.SetDecimal(CDecimal("1.5"));
-    v.SetString("text");
-    EXPECT_EQ(v.GetString(), "text");
-
-    const struct
-    {
-        void (*set)(OrvexVariant&);
-        const char* name;
-    } kinds[] = {
-        {[](OrvexVariant& x) { x.SetHexBinary(CBinaryData("ab")); }, "hexBinary"},
-        {[](OrvexVariant& x) { x.SetBase64Binary(CBinaryData("ab")); }, "base64Binary"},
-        {[](OrvexVariant& x) { x.SetDuration(CDateTimeSpan()); }, "duration"},
-        {[](OrvexVariant& x) { x.SetYearMonth(CDateTime()); }, "yearMonth"},
-        {[](OrvexVariant& x) { x.SetMonthDay(CDateTime()); }, "monthDay"},
-        {[](OrvexVariant& x) { x.SetDate(CDateTime()); }, "date"},
-        {[](OrvexVariant& x) { x.SetDateTime(CDateTime()); }, "datetime"},
-        {[](OrvexVariant& x) { x.SetTime(CDateTime()); }, "time"},
-        {[](OrvexVariant& x) { x.SetDecimal(CDecimal()); }, "decimal"},
-        {[](OrvexVariant& x) { x.SetInteger(CBigInteger()); }, "integer"},
-    };
-    for (const auto& k : kinds) {
-        k.set(v);
-        EXPECT_EQ(v.GetType(), k.name);
-        OrvexVariant copy;
-        copy.SetI4(1);
-        copy = v;
-        EXPECT_EQ(copy.GetType(), k.name);
-        v = v;
-        EXPECT_FALSE(v.IsValid());
-    }
-    v.SetTime(CDateTime());
-    EXPECT_EQ(v.ToString(nullptr), "Invalid Year Zero");
+    // The kind of the variant and that of the value are independent; the five date
+    // getters read one object.
+    CDateTime time;
+    time.SetTime(10, 20, 30);
+    v.SetDate(time);  // frees the decimal; the sanitizer build would see a leak
+    EXPECT_EQ(v.ToString(nullptr), "10:20:30");
+    EXPECT_EQ(v.GetYearMonth().GetHour() + v.GetMonthDay().GetMinute() + v.GetDateTime().GetSecond(), 60);
 }
 
 TEST(OrvexVariantValueKinds, CopiesAreDeepAndBinaryCopiesShareTheBytes)
 {
     OrvexVariant a;
-    a.SetDecimal(CDecimal("1.25"));
+    a.SetInteger(CBigInteger(125));
     OrvexVariant b(a);
-    b.FromString("7", ItemType_decimal, Rule::Preserve);
-    EXPECT_EQ(a.ToString(nullptr), "1.25");
-    EXPECT_EQ(b.ToString(nullptr), "7");
+    b.FromString("7", ItemType_integer, Rule::Preserve);
+    EXPECT_EQ(a.ToString(nullptr), "125");
+    a = a;
+    EXPECT_FALSE(a.IsValid());
 
     CBinaryData bytes("xyz");
     a.SetHexBinary(bytes);
@@ -325,9 +256,6 @@ TEST(OrvexVariantValueKinds, CopiesAreDeepAndBinaryCopiesShareTheBytes)
     EXPECT_EQ(c.GetBase64Binary().GetData(), bytes.GetData());
     CBinaryData written = c.GetHexBinary();
     written[0] = 'q';
-    EXPECT_EQ(written.GetString(), "qyz");
-    EXPECT_EQ(a.GetHexBinary().GetString(), "xyz");
-    EXPECT_EQ(c.GetHexBinary().GetString(), "xyz");
     bytes.Clear();
     a.Clear();
     EXPECT_EQ(c.GetHexBinary().GetString(), "xyz");
@@ -342,28 +270,22 @@ TEST(OrvexVariantValueKinds, BadTextKeepsTheOldValue)
         ItemType type;
         const char* text;
         const char* message;
-        bool state;  // COrvexInvalidStateException rather than an invalid value
     } cases[] = {
-        {ItemType_decimal, "1..5", "The string representing a Decimal, contained an invalid char at position 2 [1..5]",
-         false},
-        {ItemType_integer, "0x10", "The string representing a Decimal, contained an invalid char at position 1 [0x10]",
-         false},
-        {ItemType_duration, "P", "Invalid XSD Duration [P] expected [-]P[nY][nM][nD][T[nH][nM][nS.ff]]", false},
-        {ItemType_yearMonth, "2000-5", "Invalid XSD Date [2000-5] expected CCYY-MM-DD[Z|[+|-]hh:mm]", false},
-        {ItemType_monthDay, "--02-30", "Invalid Day [30] (1 <= day <= days in month)", false},
-        {ItemType_date, "2001-02-29", "Invalid Day [29] (1 <= day <= days in month", false},
-        {ItemType_datetime, "2000-01-01T25:00:00", "Invalid XSD Time [25:00:00] expected hh:mm:ss[.ff]", false},
-        {ItemType_time, "12:00:00+25:00", "Invalid TimeZone [25:0]", false},
-        {ItemType_year, "--05", "Failed to GetYear. Invalid Date Type: gMonth.", true},
-        {ItemType_month, "---07", "Failed to GetMonth. Invalid Date Type: gDay.", true},
-        {ItemType_day, "2000", "Failed to GetDay. Invalid Date Type: gYear.", true},
+        {ItemType_decimal, "1..5", "The string representing a Decimal, contained an invalid char at position 2 [1..5]"},
+        {ItemType_integer, "0x10", "The string representing a Decimal, contained an invalid char at position 1 [0x10]"},
+        {ItemType_duration, "P", "Invalid XSD Duration [P] expected [-]P[nY][nM][nD][T[nH][nM][nS.ff]]"},
+        {ItemType_yearMonth, "2000-5", "Invalid XSD Date [2000-5] expected CCYY-MM-DD[Z|[+|-]hh:mm]"},
+        {ItemType_monthDay, "--02-30", "Invalid Day [30] (1 <= day <= days in month)"},
+        {ItemType_date, "2001-02-29", "Invalid Day [29] (1 <= day <= days in month"},
+        {ItemType_datetime, "2000-01-01T25:00:00", "Invalid XSD Time [25:00:00] expected hh:mm:ss[.ff]"},
+        {ItemType_time, "12:00:00+25:00", "Invalid TimeZone [25:0]"},
+        {ItemType_year, "99", "Invalid XSD Date [99] expected CCYY-MM-DD[Z|[+|-]hh:mm]"},
     };
     for (const auto& c : cases) {
-        if (c.state)
-            EXPECT_THROW_MSG(v.FromString(c.text, c.type, Rule::Collapse), COrvexInvalidStateException, c.message);
-        else
-            EXPECT_THROW_MSG(v.FromString(c.text, c.type, Rule::Collapse), COrvexInvalidValueException, c.message);
-        EXPECT_EQ(v.GetItemType(), ItemType_decimal);
+        EXPECT_THROW_MSG(v.FromString(c.text, c.type, Rule::Collapse), COrvexInvalidValueException, c.message);
         EXPECT_EQ(v.ToString(nullptr), "1.5");
     }
+    EXPECT_THROW_MSG(v.FromString("2000", ItemType_day, Rule::Collapse), COrvexInvalidStateException,
+                     "Failed to GetDay. Invalid Date Type: gYear.");
+    EXPECT_EQ(v.GetType(), "decimal");
 }
