@@ -5,6 +5,7 @@
 #include "orvexxml/platform/CodePage.h"
 #include "orvexxml/platform/SystemTime.h"
 
+#include "orvexxml/frame/CompressionType.h"
 #include "orvexxml/frame/FormatString.h"
 #include "orvexxml/frame/InstanceMonitor.h"
 #include "orvexxml/frame/OrvexException.h"

@@ -8,9 +8,16 @@ cd "$(dirname "$0")/.."
 ./scripts/install-deps.sh
 jobs="$(nproc 2>/dev/null || echo 2)"
 
+# ctest's summary lines are kept to give one closing count for the whole run.
+summary="$(mktemp)"
+trap 'rm -f "$summary"' EXIT
+run_ctest() {
+  ctest --test-dir "$1" --output-on-failure -j "$jobs" | tee -a "$summary"
+}
+
 echo "== release build and tests"
 ./scripts/build.sh release
-ctest --test-dir build --output-on-failure -j "$jobs"
+run_ctest build
 
 echo "== installed package"
 rm -rf build/install build/consumer
@@ -21,12 +28,12 @@ LD_LIBRARY_PATH="$PWD/build/install/lib:$PWD/build/install/lib64${LD_LIBRARY_PAT
 
 echo "== sanitizer build and tests"
 ./scripts/build.sh sanitize
-ASAN_OPTIONS=detect_leaks=1:abort_on_error=1 UBSAN_OPTIONS=print_stacktrace=1:halt_on_error=1 \
-  ctest --test-dir build-sanitize --output-on-failure -j "$jobs"
+export ASAN_OPTIONS=detect_leaks=1:abort_on_error=1 UBSAN_OPTIONS=print_stacktrace=1:halt_on_error=1
+run_ctest build-sanitize
 
 if command -v clang++ >/dev/null 2>&1; then
   echo "== fuzz targets (short runs)"
-  ./scripts/build.sh fuzz
+  ./scripts/build.sh fuzz >build-fuzz.log 2>&1 || { tail -40 build-fuzz.log; exit 1; }
   for target in build-fuzz/fuzz/*; do
     if [ -x "$target" ] && [ -f "$target" ]; then
       name="$(basename "$target")"
@@ -40,3 +47,8 @@ if command -v clang++ >/dev/null 2>&1; then
     fi
   done
 fi
+
+# One closing line over both test runs.
+total="$(grep -Eo 'tests failed out of [0-9]+' "$summary" | awk '{s += $5} END {print s + 0}')"
+failed="$(grep -Eo '[0-9]+ tests failed out of' "$summary" | awk '{s += $1} END {print s + 0}')"
+echo "tests: $((total - failed)) passed, $failed failed"

@@ -1,13 +1,33 @@
 // The library's byte buffer: copies share one reference-counted holder and a
 // write takes a private copy first. Also the conversions of library text to bytes.
+// The text forms (hex, base64, typed lists) and compression are defined in
+// BinaryDataEncoding.cpp.
 #pragma once
 
 #include <cstddef>
 #include <string>
 
+#include "orvexxml/frame/CompressionType.h"
 #include "orvexxml/xml/XmlEnums.h"
 
 namespace OrvexXmlLib5 {
+
+// Text forms of GetAsString. 1 to 9 are the numbers of the built-in encoding
+// algorithms of Fast Infoset, so that a reader can pass the number on; the item
+// encodings read each item most significant octet first.
+enum ByteEncoding : int
+{
+    ByteEncoding_Text = 0,     // the bytes unchanged
+    ByteEncoding_Hex = 1,      // two upper-case digits per byte
+    ByteEncoding_Base64 = 2,   // base64 with padding, one line
+    ByteEncoding_Short = 3,    // signed 16-bit integers
+    ByteEncoding_Int = 4,      // signed 32-bit integers
+    ByteEncoding_Long = 5,     // signed 64-bit integers
+    ByteEncoding_Boolean = 6,  // a bit list; the first half octet counts the unused bits at the end
+    ByteEncoding_Float = 7,    // IEEE 754 single precision
+    ByteEncoding_Double = 8,   // IEEE 754 double precision
+    ByteEncoding_Uuid = 9      // 16 octets as 32 upper-case digits
+};
 
 // Shared storage of CBinaryData. A count of 1 means one owner, who may change it
 // in place; a holder with a count above 1 is never changed.
@@ -70,14 +90,41 @@ public:
     // Bytes allocated by the holder; 0 for an empty object.
     unsigned long GetCapacity() const { return m_holder ? m_holder->capacity : 0; }
 
+    // Two upper-case digits per byte, no separators; empty for an empty object.
+    std::string GetAsHexString() const;
+    // Digits of either case, in pairs, nothing skipped. Fails with "Invalid char in hex
+    // string [%c]" on the first non-digit, or the terminator after an odd count; the old
+    // contents then stay. Empty or null text gives a holder of length 0.
+    void SetAsHexString(const char* text);
+    // Padded base64 in one line; empty for an empty object.
+    std::string GetAsBase64() const;
+    // Never fails: '=' is skipped wherever it stands, and any other character outside the
+    // alphabet, white space included, gives a holder of length 0. Bits that make no whole
+    // byte at the end are dropped.
+    void SetAsBase64(const char* text);
+    // The bytes as text in the given form, items joined with one blank. Empty for an empty
+    // object whatever the encoding, and for a holder of length 0. Fails with "Unknown byte
+    // encoding." outside 0 to 9 and with "Invalid value [%c] for INT byte encoding." (and
+    // likewise) when the length is no multiple of the item size.
+    std::string GetAsString(ByteEncoding encoding) const;
+    // Compresses this object's bytes in place at level 1 and returns an object sharing
+    // them; Compression_None changes nothing. Fails with "Failed to compress data. [Error
+    // Code: %d]" when the result would be longer than the input, which then stays as it was.
+    CBinaryData CompressData(CompressionType type);
+
 protected:
     // Makes the holder private to this object when it is shared.
     void GetExclusiveDataHolder();
+    // Hex text of any bytes; null data gives an empty string.
+    static std::string GetAsHexString(unsigned char* const data, unsigned long length);
 
 private:
     static CDataHolder* NewCopyingHolder(const unsigned char* data, unsigned long length);
     static void ReleaseHolder(CDataHolder* holder);
     void AppendBytes(const unsigned char* data, unsigned long length);
+    // Replaces the holder by one that owns data (from new[]), capacity equal to length.
+    // On failure data is freed and the object keeps its old holder.
+    void TakeOver(unsigned char* data, unsigned long length);
 
     CDataHolder* m_holder;
 };
