@@ -76,9 +76,7 @@ void CheckBinary(const char* name, const CBinaryData& value, const CPrimitiveRes
     if (r.GetMinLength() > -1 && length < r.GetMinLength()) valid = false;
     if (valid && r.GetMaxLength() > -1 && length > r.GetMaxLength()) valid = false;
     if (valid && r.GetLength() > -1 && length != r.GetLength()) valid = false;
-    if (!valid)
-        throw COrvexException(
-            FormatString("Invalid Value for %s [%s]", name, CConversions::hexBinaryToString(value).c_str()));
+    if (!valid) throw COrvexException(FormatString("Invalid Value for %s [%s]", name, value.GetAsHexString().c_str()));
 }
 
 bool IsAscii(const std::string& text)

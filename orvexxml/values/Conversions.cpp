@@ -446,14 +446,12 @@ std::string CConversions::durationToString(const CDateTimeSpan& value)
 
 std::string CConversions::hexBinaryToString(const CBinaryData& value)
 {
-    (void)value;
-    throw COrvexInvalidStateException("hexBinary text form not available yet");
+    return value.GetAsHexString();
 }
 
 std::string CConversions::base64BinaryToString(const CBinaryData& value)
 {
-    (void)value;
-    throw COrvexInvalidStateException("base64Binary text form not available yet");
+    return value.GetAsBase64();
 }
 
 CDecimal CConversions::decimalFromString(const std::string& text, WhitespaceRule rule)
@@ -526,7 +524,7 @@ CBinaryData CConversions::hexBinaryFromString(const std::string& text, Whitespac
 {
     std::string processed = CWhitespaceUtils::ApplyRule(rule, text);
     CBinaryData value;
-    throw COrvexInvalidStateException("hexBinary text form not available yet");
+    value.SetAsHexString(processed.c_str());
     return value;
 }
 
@@ -534,7 +532,7 @@ CBinaryData CConversions::base64BinaryFromString(const std::string& text, Whites
 {
     std::string processed = CWhitespaceUtils::ApplyRule(rule, text);
     CBinaryData value;
-    throw COrvexInvalidStateException("base64Binary text form not available yet");
+    value.SetAsBase64(processed.c_str());
     return value;
 }
 

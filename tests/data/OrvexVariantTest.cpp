@@ -206,6 +206,8 @@ TEST(OrvexVariantValueKinds, FromStringToStringRoundTripOfEachKind)
         const char* name;
         const char* written;
     } cases[] = {
+        {ItemType_hexBinary, " 0aFf ", "hexBinary", "0AFF"},
+        {ItemType_base64Binary, "QU=JD", "base64Binary", "QUJD"},
         {ItemType_duration, " P1Y2M3DT4H5M6.789S", "duration", "P1Y2M3DT4H5M6.789S"},
         {ItemType_yearMonth, "2000", "yearMonth", "2000"},
         {ItemType_monthDay, "--05--", "monthDay", "--05"},
@@ -287,5 +289,7 @@ TEST(OrvexVariantValueKinds, BadTextKeepsTheOldValue)
     }
     EXPECT_THROW_MSG(v.FromString("2000", ItemType_day, Rule::Collapse), COrvexInvalidStateException,
                      "Failed to GetDay. Invalid Date Type: gYear.");
+    EXPECT_THROW_MSG(v.FromString("0G", ItemType_hexBinary, Rule::Collapse), COrvexException,
+                     "Invalid char in hex string [G]");
     EXPECT_EQ(v.GetType(), "decimal");
 }

@@ -112,3 +112,28 @@ TEST(ValueFacets, BoundThatDoesNotParseFailsAsItsConversion)
     EXPECT_NO_THROW(CheckPrimitiveRestriction(
         "d", date, ItemType_date, CPrimitiveRestrictions("(", 99, 0, nullptr, nullptr, nullptr, nullptr, 0)));
 }
+
+TEST(ValueFacets, BinaryLengthsInBytesShownInHex)
+{
+    const struct
+    {
+        ItemType type;
+        const char* value;
+        int minLength, maxLength, length;
+        bool passes;
+    } cases[] = {
+        {ItemType_hexBinary, "0AFF", 2, 2, 2, true},       {ItemType_hexBinary, "0AFF", 3, -1, -1, false},
+        {ItemType_hexBinary, "0AFF", -1, 1, -1, false},    {ItemType_hexBinary, "0AFF", -1, -1, 0, false},
+        {ItemType_hexBinary, "", 0, 0, 0, true},           {ItemType_base64Binary, "Cv8=", -1, -1, 2, true},
+        {ItemType_base64Binary, "Cv8=", -1, 1, -1, false}, {ItemType_base64Binary, "Cv8=", -1, -1, 3, false},
+    };
+    for (const auto& c : cases) {
+        // Bounds and patterns do not apply to binary values.
+        const CPrimitiveRestrictions facets("(", c.minLength, c.maxLength, "zz", "zz", "zz", "zz", c.length);
+        if (c.passes)
+            EXPECT_NO_THROW(CheckPrimitiveRestriction("b", Parsed(c.value, c.type), c.type, facets));
+        else
+            EXPECT_THROW_MSG(CheckPrimitiveRestriction("b", Parsed(c.value, c.type), c.type, facets), COrvexException,
+                             "Invalid Value for b [0AFF]");
+    }
+}

@@ -296,3 +296,17 @@ TEST(ConversionsValueClasses, ParsersApplyTheRuleAndDatePartsNeedTheirField)
     EXPECT_THROW_MSG(CConversions::dayFromString("2000-05", Rule::Collapse), State,
                      "Failed to GetDay. Invalid Date Type: gYearMonth.");
 }
+
+TEST(ConversionsValueClasses, BinaryFormsApplyTheRuleFirst)
+{
+    unsigned char bytes[] = {0x0A, 0xFF};
+    const CBinaryData data(bytes, 2, false);
+    EXPECT_EQ(CConversions::hexBinaryToString(data), "0AFF");
+    EXPECT_EQ(CConversions::base64BinaryToString(data), "Cv8=");
+    EXPECT_EQ(CConversions::hexBinaryFromString("\t0aFf\n", Rule::Collapse), data);
+    EXPECT_EQ(CConversions::base64BinaryFromString(" Cv8= ", Rule::Collapse), data);
+    // Blanks left inside by the rule: hex refuses them, base64 quietly decodes to nothing.
+    EXPECT_THROW_MSG(CConversions::hexBinaryFromString("0A FF", Rule::Collapse), COrvexException,
+                     "Invalid char in hex string [ ]");
+    EXPECT_EQ(CConversions::base64BinaryFromString("Cv 8=", Rule::Collapse).GetLength(), 0u);
+}
