@@ -14,8 +14,11 @@
 #include "orvexxml/frame/XmlSerializationContext.h"
 
 #include "orvexxml/xml/ExpatReader.h"
+#include "orvexxml/xml/StringBuffer.h"
 #include "orvexxml/xml/XmlDocument.h"
 #include "orvexxml/xml/XmlEnums.h"
+#include "orvexxml/xml/XmlTextWriter.h"
+#include "orvexxml/xml/XmlWriter.h"
 
 #include "orvexxml/values/Conversions.h"
 #include "orvexxml/values/DateTime.h"

@@ -3,6 +3,7 @@
 #include "orvexxml/frame/FormatString.h"
 #include "orvexxml/frame/OrvexException.h"
 #include "orvexxml/xml/XmlDocument.h"
+#include "orvexxml/xml/XmlTextWriter.h"
 
 #include <cstring>
 
@@ -114,6 +115,20 @@ void CXmlObjectBase::TestNamespace(const char* candidate, const char* allowed, c
         throw COrvexInvalidNamespaceException(FormatString(
             "Invalid namespace [%s]. The namespace must be one of [%s] where the target namespace is [%s]",
             candidate ? candidate : "", allowed ? allowed : "", targetNamespace ? targetNamespace : ""));
+}
+
+std::string CXmlObjectBase::ToXml(bool includeDocHeader, bool formatted, EOLType eol,
+                                  const CXmlSerializationContext& context) const
+{
+    // On the stack, so that an exception from the walk releases every open element.
+    CXmlTextWriter writer;
+    writer.SetFormatted(formatted);
+    writer.SetEOLType(eol);
+    if (includeDocHeader) writer.WriteStartDocument(Encoding_Unspecified);
+    const std::string targetNamespace = GetTargetNamespace();
+    ToXml_Int(&writer, true, targetNamespace.c_str(), context, false);
+    if (includeDocHeader) writer.WriteEndDocument();
+    return writer.GetString();
 }
 
 }  // namespace OrvexXmlLib5

@@ -1,8 +1,8 @@
-// The main demo: loads an XML document into the library's intermediate tree and
-// prints it, indented, with namespaces, attributes and text.
+// The main demo: shows the library at work on the samples shipped in examples/.
 #include "orvexxml/OrvexXmlLib5.h"
 
 #include "examples/ExamplePaths.h"
+#include "examples/echo/EchoNode.h"
 
 #include <fstream>
 #include <iostream>
@@ -55,31 +55,66 @@ void PrintTree(const CXmlElement* root, std::ostream& out)
     }
 }
 
+bool ReadFile(const std::string& path, std::string& bytes)
+{
+    std::ifstream file(path, std::ios::binary);
+    if (!file) {
+        std::cerr << "orvex-demo: cannot open " << path << "\n";
+        return false;
+    }
+    std::ostringstream buffer;
+    buffer << file.rdbuf();
+    bytes = buffer.str();
+    return true;
+}
+
+// Loads the document into the intermediate tree and prints it.
+int ShowTree(const std::string& path)
+{
+    std::string bytes;
+    if (!ReadFile(path, bytes)) return 1;
+    CXmlDocument document;
+    document.LoadXml(bytes.c_str());
+    std::cout << "Document: " << path << "\n\nPrefixes:\n";
+    for (const auto& [prefix, uri] : document.GetPrefixTable())
+        std::cout << "  " << (prefix.empty() ? "(default)" : prefix) << " = " << (uri.empty() ? "(none)" : uri)
+                  << "\n";
+    std::cout << "\nTree ({namespace}name, @attribute, text):\n";
+    PrintTree(document.GetDocumentElement(), std::cout);
+    return 0;
+}
+
+// Reads the document into a schema-less object and writes it back, formatted.
+int Echo(const std::string& path)
+{
+    std::string bytes;
+    if (!ReadFile(path, bytes)) return 1;
+    OrvexExamples::CEchoNode node;
+    node.FromXml(bytes.c_str());
+    std::cout << node.ToXml(true, true, EOL_LF);
+    return 0;
+}
+
+int Usage()
+{
+    std::cerr << "usage: orvex-demo [tree|echo] [file]\n"
+                 "  tree  load a document into the intermediate tree and print it\n"
+                 "  echo  read a document into objects and write it back, formatted\n";
+    return 2;
+}
+
 }  // namespace
 
 int main(int argc, char** argv)
 {
-    const std::string path = argc > 1 ? argv[1] : OrvexExamples::ExamplePath("data/sample.xml");
-    std::ifstream file(path, std::ios::binary);
-    if (!file) {
-        std::cerr << "orvex-demo: cannot open " << path << "\n";
-        return 1;
-    }
-    std::ostringstream bytes;
-    bytes << file.rdbuf();
-
+    const std::string command = argc > 1 ? argv[1] : "echo";
+    const std::string path = argc > 2 ? argv[2] : OrvexExamples::ExamplePath("data/sample.xml");
     try {
-        CXmlDocument document;
-        document.LoadXml(bytes.str().c_str());
-        std::cout << "Document: " << path << "\n\nPrefixes:\n";
-        for (const auto& [prefix, uri] : document.GetPrefixTable())
-            std::cout << "  " << (prefix.empty() ? "(default)" : prefix) << " = " << (uri.empty() ? "(none)" : uri)
-                      << "\n";
-        std::cout << "\nTree ({namespace}name, @attribute, text):\n";
-        PrintTree(document.GetDocumentElement(), std::cout);
+        if (command == "tree") return ShowTree(path);
+        if (command == "echo") return Echo(path);
+        return Usage();
     } catch (const COrvexException& e) {
         std::cerr << "orvex-demo: " << path << ": " << e.GetFullMessage() << "\n";
-        return 2;
+        return 3;
     }
-    return 0;
 }

@@ -1,0 +1,248 @@
+#include "orvexxml/xml/XmlTextWriter.h"
+
+#include "orvexxml/frame/OrvexException.h"
+
+namespace OrvexXmlLib5 {
+
+namespace {
+
+const char* const XsiNamespace = "http://www.w3.org/2001/XMLSchema-instance";
+
+}  // namespace
+
+CXmlTextWriter::CXmlTextWriter()
+    : CXmlWriter("CXmlTextWriter"),
+      m_buffer(new CStringBuffer(0x10000)),
+      m_lineEnd("\n"),
+      m_eolType(EOL_LF),
+      m_formatted(true),
+      m_encoding(Encoding_Unspecified)
+{
+}
+
+CXmlTextWriter::~CXmlTextWriter()
+{
+    delete m_buffer;
+}
+
+void CXmlTextWriter::SetEOLType(EOLType value)
+{
+    switch (value) {
+        case EOL_CRLF:
+            m_lineEnd = "\r\n";
+            break;
+        case EOL_LF:
+            m_lineEnd = "\n";
+            break;
+        default:
+            throw COrvexException("Invalid EOL type.");
+    }
+    m_eolType = value;
+}
+
+void CXmlTextWriter::WriteStartDocument(XmlEncoding encoding)
+{
+    m_encoding = encoding;
+    m_buffer->Reset();
+    m_buffer->Append("<?xml version=\"1.0\"", 19);
+    if (encoding == Encoding_UTF8)
+        m_buffer->Append(" encoding=\"UTF-8\"", 17);
+    else if (encoding == Encoding_UTF16)
+        m_buffer->Append(" encoding=\"UTF-16\"", 18);
+    m_buffer->Append("?>", 2);
+    AppendLineEnd();
+}
+
+std::string CXmlTextWriter::GetString()
+{
+    return m_buffer->GetString();
+}
+
+void CXmlTextWriter::AppendIndent(std::int32_t depth)
+{
+    static const char tabs[] = "\t\t\t\t\t\t\t\t\t\t\t\t\t\t\t\t";
+    const std::int32_t batch = static_cast<std::int32_t>(sizeof(tabs) - 1);
+    while (depth > batch) {
+        m_buffer->Append(tabs, batch);
+        depth -= batch;
+    }
+    if (depth > 0) m_buffer->Append(tabs, static_cast<std::size_t>(depth));
+}
+
+void CXmlTextWriter::CloseStartTag()
+{
+    if (m_currentContext && m_currentContext->m_startTagOpen) {
+        m_currentContext->m_startTagOpen = false;
+        m_buffer->AppendChar('>');
+        if (m_formatted) AppendLineEnd();
+    }
+}
+
+void CXmlTextWriter::CheckAttributeAllowed() const
+{
+    if (!m_currentContext || !m_currentContext->m_startTagOpen)
+        throw COrvexException("Attributes must be added before elements");
+}
+
+void CXmlTextWriter::AppendDeclaration(const std::string& prefix, const std::string& namespaceUri)
+{
+    m_buffer->Append(" xmlns:", 7);
+    m_buffer->Append(prefix);
+    m_buffer->Append("=\"", 2);
+    m_buffer->Append(namespaceUri);
+    m_buffer->AppendChar('"');
+}
+
+void CXmlTextWriter::WriteComment(const std::string& text)
+{
+    CloseStartTag();
+    m_buffer->Append("<!--", 4);
+    m_buffer->AppendEscaped(text.c_str(), m_eolType);
+    m_buffer->Append("-->", 3);
+    AppendLineEnd();
+}
+
+void CXmlTextWriter::WriteProcessingInstruction(const std::string& text)
+{
+    CloseStartTag();
+    m_buffer->Append(text);
+    AppendLineEnd();
+    AppendLineEnd();
+}
+
+void CXmlTextWriter::WriteInlineSchema(const std::string& text)
+{
+    m_buffer->AppendChar(' ');
+    AppendLineEnd();
+    m_buffer->Append(text);
+    AppendLineEnd();
+}
+
+void CXmlTextWriter::WriteStartElement(const std::string& localName, const std::string& namespaceUri)
+{
+    if (m_currentContext) {
+        ++m_currentContext->m_childCount;
+        CloseStartTag();
+    }
+    CXmlWriterContext* context = NewContext(localName, namespaceUri);
+    // Made current at once, so that the writer owns it whatever fails below.
+    PushContext(context);
+
+    if (m_formatted) AppendIndent(context->m_depth);
+    m_buffer->AppendChar('<');
+    if (namespaceUri.empty() || namespaceUri == context->GetDefaultNamespace()) {
+        m_buffer->Append(localName);
+    } else {
+        const NamespaceMap& namespaces = context->GetNamespaceMap();
+        NamespaceMap::const_iterator found = namespaces.find(namespaceUri);
+        if (found != namespaces.end()) {
+            m_buffer->Append(found->second);
+            m_buffer->AppendChar(':');
+            m_buffer->Append(localName);
+        } else {
+            const std::string prefix = GetUniquePrefix(namespaces);
+            context->AddNamespace(namespaceUri, prefix);
+            m_buffer->Append(prefix);
+            m_buffer->AppendChar(':');
+            m_buffer->Append(localName);
+            AppendDeclaration(prefix, namespaceUri);
+        }
+    }
+
+    if (context->m_depth == 0) {
+        if (!m_defaultNamespace.empty()) {
+            m_buffer->Append(" xmlns=\"", 8);
+            m_buffer->Append(m_defaultNamespace);
+            m_buffer->AppendChar('"');
+        }
+        for (const auto& entry : m_namespaces) AppendDeclaration(entry.second, entry.first);
+    }
+}
+
+void CXmlTextWriter::WriteAttribute(const std::string& localName, const std::string& namespaceUri,
+                                    const std::string& value)
+{
+    CheckAttributeAllowed();
+    m_buffer->AppendChar(' ');
+    if (!namespaceUri.empty()) {
+        const NamespaceMap& namespaces = m_currentContext->GetNamespaceMap();
+        NamespaceMap::const_iterator found = namespaces.find(namespaceUri);
+        if (found != namespaces.end()) {
+            m_buffer->Append(found->second);
+        } else {
+            const std::string prefix = GetUniquePrefix(namespaces);
+            m_currentContext->AddNamespace(namespaceUri, prefix);
+            m_buffer->Append("xmlns:", 6);
+            m_buffer->Append(prefix);
+            m_buffer->Append("=\"", 2);
+            m_buffer->Append(namespaceUri);
+            m_buffer->Append("\" ", 2);
+            m_buffer->Append(prefix);
+        }
+        m_buffer->AppendChar(':');
+    }
+    m_buffer->Append(localName);
+    m_buffer->Append("=\"", 2);
+    m_buffer->AppendEscaped(value.c_str(), m_eolType);
+    m_buffer->AppendChar('"');
+}
+
+void CXmlTextWriter::WriteXsiType(const std::string& namespaceUri, const std::string& typeName)
+{
+    CheckAttributeAllowed();
+    std::string value;
+    if (!namespaceUri.empty() && namespaceUri != m_currentContext->GetDefaultNamespace()) {
+        const NamespaceMap& namespaces = m_currentContext->GetNamespaceMap();
+        NamespaceMap::const_iterator found = namespaces.find(namespaceUri);
+        if (found != namespaces.end()) {
+            value = found->second;
+        } else {
+            value = GetUniquePrefix(namespaces);
+            m_currentContext->AddNamespace(namespaceUri, value);
+            AppendDeclaration(value, namespaceUri);
+            m_buffer->AppendChar(' ');
+        }
+        value += ':';
+        value += typeName;
+    } else {
+        value = typeName;
+    }
+    WriteAttribute("type", XsiNamespace, value);
+}
+
+void CXmlTextWriter::WriteText(const std::string& text)
+{
+    if (text.empty()) return;
+    if (m_currentContext && m_currentContext->m_startTagOpen) {
+        m_currentContext->m_startTagOpen = false;
+        m_buffer->AppendChar('>');
+    }
+    m_buffer->AppendEscaped(text.c_str(), m_eolType);
+}
+
+void CXmlTextWriter::WriteEndElement()
+{
+    CXmlWriterContext* context = m_currentContext;
+    if (!context) throw COrvexException("There is no open Element to end.");
+    if (context->m_startTagOpen) {
+        m_buffer->Append("/>", 2);
+    } else {
+        if (m_formatted && context->m_childCount > 0) AppendIndent(context->m_depth);
+        m_buffer->Append("</", 2);
+        const std::string& namespaceUri = context->m_namespaceUri;
+        if (!namespaceUri.empty() && namespaceUri != context->GetDefaultNamespace()) {
+            const NamespaceMap& namespaces = context->GetNamespaceMap();
+            NamespaceMap::const_iterator found = namespaces.find(namespaceUri);
+            if (found != namespaces.end()) {
+                m_buffer->Append(found->second);
+                m_buffer->AppendChar(':');
+            }
+        }
+        m_buffer->Append(context->m_localName);
+        m_buffer->AppendChar('>');
+    }
+    if (m_formatted) AppendLineEnd();
+    PopContext();
+}
+
+}  // namespace OrvexXmlLib5

@@ -1,0 +1,63 @@
+// The writer of XML text: turns the writer slots into markup in a chunked
+// memory buffer, with optional line breaks and tab indentation.
+#pragma once
+
+#include <string>
+
+#include "orvexxml/xml/StringBuffer.h"
+#include "orvexxml/xml/XmlEnums.h"
+#include "orvexxml/xml/XmlWriter.h"
+
+namespace OrvexXmlLib5 {
+
+class CXmlTextWriter : public CXmlWriter
+{
+public:
+    CXmlTextWriter();
+    ~CXmlTextWriter() override;
+
+    // Line breaks and indentation for elements; true after construction.
+    void SetFormatted(bool value) { m_formatted = value; }
+    bool GetFormatted() const { return m_formatted; }
+    // Anything but EOL_CRLF or EOL_LF fails with "Invalid EOL type." and changes nothing.
+    void SetEOLType(EOLType value);
+    EOLType GetEOLType() const { return m_eolType; }
+    // Clears the buffer and writes the XML declaration and one line end. Only
+    // Encoding_UTF8 and Encoding_UTF16 name an encoding in it.
+    void WriteStartDocument(XmlEncoding encoding);
+    XmlEncoding GetEncoding() const { return m_encoding; }
+    // All text written so far, in the local character encoding.
+    std::string GetString();
+
+    // Comments and processing instructions close a start tag that is open, so that
+    // they never land among its attributes.
+    void WriteComment(const std::string& text) override;
+    void WriteProcessingInstruction(const std::string& text) override;
+    // Written among the root's attributes: one blank, a line end, the text, a line end.
+    void WriteInlineSchema(const std::string& text) override;
+    void WriteStartElement(const std::string& localName, const std::string& namespaceUri) override;
+    // Empty text writes nothing and leaves the start tag open.
+    void WriteText(const std::string& text) override;
+    // Without an open element fails with "There is no open Element to end.".
+    void WriteEndElement() override;
+    // Without an open element, or once its start tag is closed, fails with
+    // "Attributes must be added before elements".
+    void WriteAttribute(const std::string& localName, const std::string& namespaceUri,
+                        const std::string& value) override;
+    void WriteXsiType(const std::string& namespaceUri, const std::string& typeName) override;
+
+private:
+    void AppendLineEnd() { m_buffer->Append(m_lineEnd); }
+    void AppendIndent(std::int32_t depth);
+    void CloseStartTag();
+    void CheckAttributeAllowed() const;
+    void AppendDeclaration(const std::string& prefix, const std::string& namespaceUri);
+
+    CStringBuffer* m_buffer;
+    std::string m_lineEnd;
+    EOLType m_eolType;
+    bool m_formatted;
+    XmlEncoding m_encoding;
+};
+
+}  // namespace OrvexXmlLib5

@@ -1,0 +1,122 @@
+// The abstract sink of every write: the stack of open elements, the namespace
+// scopes with their prefixes, and the slots that the concrete writers fill.
+#pragma once
+
+#include <cstdint>
+#include <map>
+#include <string>
+
+#include "orvexxml/frame/InstanceMonitor.h"
+
+namespace OrvexXmlLib5 {
+
+class CXmlWriter : public CInstanceMonitor
+{
+public:
+    // Namespace URI to prefix.
+    typedef std::map<std::string, std::string> NamespaceMap;
+
+    // One open element. A context shares the namespace scope of its parent until
+    // something in it changes; then it takes a private copy that lives and dies
+    // with it, so that a declaration is seen by the element and its descendants only.
+    class CXmlWriterContext : public CInstanceMonitor
+    {
+    public:
+        // A child element: depth one below parent, sharing the parent's scope.
+        CXmlWriterContext(const std::string& localName, const std::string& namespaceUri, CXmlWriterContext* parent);
+        // The root element: depth 0, with its own copy of the namespaces.
+        CXmlWriterContext(const std::string& localName, const std::string& namespaceUri,
+                          const std::string& defaultNamespace, const NamespaceMap& namespaces,
+                          CXmlWriterContext* parent);
+        // Deletes the parent chain as well; detach the parent first to keep it.
+        virtual ~CXmlWriterContext();
+
+        CXmlWriterContext(const CXmlWriterContext&) = delete;
+        CXmlWriterContext& operator=(const CXmlWriterContext&) = delete;
+
+        // The default namespace of the nearest context with its own scope.
+        const std::string& GetDefaultNamespace() const;
+        // The map of the nearest context with its own scope.
+        NamespaceMap& GetNamespaceMap();
+        const NamespaceMap& GetNamespaceMap() const;
+        // The prefix of namespaceUri; a missing entry is created empty, so look
+        // it up in GetNamespaceMap() first when it may be missing.
+        std::string& GetPrefix(const std::string& namespaceUri);
+        // Both make this element's scope private before changing it.
+        void AddNamespace(const std::string& namespaceUri, const std::string& prefix);
+        void SetDefaultNamespace(const std::string& namespaceUri);
+
+        // Gives up ownership of the parent and gives it back.
+        CXmlWriterContext* DetachParent();
+        bool InheritsScope() const { return m_inheritsScope; }
+
+        std::int32_t m_childCount;
+        bool m_startTagOpen;
+        std::int32_t m_depth;
+        std::string m_namespaceUri;
+        std::string m_localName;
+        CXmlWriterContext* m_parent;
+        bool m_hasAttributes;
+
+    private:
+        void MakeScopePrivate();
+        const CXmlWriterContext* Scope() const;
+
+        std::string m_defaultNamespace;
+        NamespaceMap* m_namespaces;
+        bool m_inheritsScope;
+        bool m_ownsMap;
+    };
+
+    explicit CXmlWriter(const char* className);
+    // Deletes every open context.
+    virtual ~CXmlWriter();
+
+    // A writer owns its element stack; copies would share it.
+    CXmlWriter(const CXmlWriter&) = delete;
+    CXmlWriter& operator=(const CXmlWriter&) = delete;
+
+    // With an open element: changes that element's scope; otherwise the default
+    // namespace declared on the root.
+    virtual void SetDefaultNamespace(const std::string& namespaceUri);
+    // With an open element: adds the prefix to that element's scope; otherwise to
+    // the namespaces declared on the root. Writes nothing itself.
+    virtual void AddNamespace(const std::string& alias, const std::string& namespaceUri);
+    // Fails with "An Element has not been closed." while an element is open.
+    virtual void WriteEndDocument();
+    virtual void WriteComment(const std::string& text) = 0;
+    virtual void WriteProcessingInstruction(const std::string& text) = 0;
+    virtual void WriteInlineSchema(const std::string& text) = 0;
+    virtual void WriteStartElement(const std::string& localName, const std::string& namespaceUri) = 0;
+    virtual void WriteText(const std::string& text) = 0;
+    virtual void WriteEndElement() = 0;
+    // Fails with "Attributes must be added before elements" once the start tag is closed.
+    virtual void WriteAttribute(const std::string& localName, const std::string& namespaceUri,
+                                const std::string& value) = 0;
+    // The same failure as WriteAttribute.
+    virtual void WriteXsiType(const std::string& namespaceUri, const std::string& typeName) = 0;
+
+    // Number of open elements.
+    std::int32_t GetOpenElementCount() const;
+
+protected:
+    // 'A' + number / 26, then 'A' + number % 26: AA, AB, ..., ZZ. Numbers from 676
+    // on take more letters, so that every number still gives its own prefix.
+    static std::string NsIntToString(int number);
+    // The first of AA, AB, ... that is no prefix in namespaces.
+    static std::string GetUniquePrefix(const NamespaceMap& namespaces);
+
+    // A new context for an element that starts now: a child of the current context,
+    // or the root with the writer's default namespace and map. It is not made current.
+    CXmlWriterContext* NewContext(const std::string& localName, const std::string& namespaceUri) const;
+    // Makes context current; it must be a child of the current context or the root.
+    void PushContext(CXmlWriterContext* context) { m_currentContext = context; }
+    // Replaces the current context with its parent and deletes it.
+    void PopContext();
+
+    std::string m_defaultNamespace;
+    CXmlWriterContext* m_currentContext;
+    NamespaceMap m_namespaces;
+};
+
+}  // namespace OrvexXmlLib5

@@ -1,0 +1,149 @@
+#include "orvexxml/xml/XmlTextWriter.h"
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "TestUtil.h"
+#include "examples/echo/EchoNode.h"
+#include "WriterScript.h"
+#include "orvexxml/frame/XmlObjectBase.h"
+#include "orvexxml/xml/XmlDocument.h"
+
+using namespace OrvexXmlLib5;
+using OrvexTest::WriteScript;
+
+namespace {
+
+#define XSI "http://www.w3.org/2001/XMLSchema-instance"
+
+TEST(XmlTextWriterLayout, FormattedUnformattedAndDeclaration)
+{
+    const struct
+    {
+        const char* script;
+        bool formatted;
+        EOLType eol;
+        const char* expected;
+    } cases[] = {
+        {"<root|<child|#text|>|>", true, EOL_LF, "<root>\n\t<child>text</child>\n</root>\n"},
+        {"<root|<child|#text|>|>", true, EOL_CRLF, "<root>\r\n\t<child>text</child>\r\n</root>\r\n"},
+        {"D0|<root|<child|#text|>|>", false, EOL_CRLF, "<?xml version=\"1.0\"?>\r\n<root><child>text</child></root>"},
+        {"<a|<b|<c|>|#|<d|#x|>|>|<e|#|>|>", true, EOL_LF, "<a>\n\t<b>\n\t\t<c/>\n\t\t<d>x</d>\n\t</b>\n\t<e/>\n</a>\n"},
+        // The declaration clears what was written before it.
+        {"<stale|>|D1|<a|>", false, EOL_LF, "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<a/>"},
+        {"D2|<a|>", false, EOL_LF, "<?xml version=\"1.0\" encoding=\"UTF-16\"?>\n<a/>"},
+        {"D3|<a|>", true, EOL_LF, "<?xml version=\"1.0\"?>\n<a/>\n"},
+        {"?<?pi a&b?>|!x < y\n'z'|<root|$<xs:schema/>|@a=1|!in|>", false, EOL_CRLF,
+         "<?pi a&b?>\r\n\r\n<!--x &lt; y\r\n'z'-->\r\n<root \r\n<xs:schema/>\r\n a=\"1\"><!--in-->\r\n</root>"},
+        {"<a|@v=a<b&\"c\">'\t\r\nx|#a<b&\"c\">'|#1\r\n2\r3\n|#caf\xC3\xA9|>", false, EOL_CRLF,
+         "<a v=\"a&lt;b&amp;&quot;c&quot;&gt;'\t\r\nx\">a&lt;b&amp;&quot;c&quot;&gt;'1\r\n23\r\ncaf\xC3\xA9</a>"},
+    };
+    for (const auto& c : cases) EXPECT_EQ(c.expected, WriteScript(c.script, c.formatted, c.eol)) << c.script;
+}
+
+TEST(XmlTextWriterNamespaces, PrefixesAndDeclarations)
+{
+    const std::pair<const char*, const char*> cases[] = {
+        {"<root urn:x|>", "<AA:root xmlns:AA=\"urn:x\"/>"},
+        {"=urn:x|<root urn:x|>", "<root xmlns=\"urn:x\"/>"},
+        {"+x urn:x|<root urn:x|>", "<x:root xmlns:x=\"urn:x\"/>"},
+        // The root's own declaration first, then the default, then the aliases by URI.
+        {"=urn:d|+z urn:b|+a urn:c|<root urn:r|>",
+         "<AA:root xmlns:AA=\"urn:r\" xmlns=\"urn:d\" xmlns:z=\"urn:b\" xmlns:a=\"urn:c\"/>"},
+        {"+AA urn:a|<root urn:r|>", "<AB:root xmlns:AB=\"urn:r\" xmlns:AA=\"urn:a\"/>"},
+        {"=urn:d|<root urn:d|<plain|#t|>|<same urn:d|#t|>|<other urn:o|#t|>|>",
+         "<root xmlns=\"urn:d\"><plain>t</plain><same>t</same><AA:other xmlns:AA=\"urn:o\">t</AA:other></root>"},
+        // An attribute in the default namespace still needs a prefix of its own.
+        {"=urn:d|+k urn:k|<root urn:d|@a urn:d=1|@b urn:d=2|@c urn:k=3|@d=4|@e urn:n=5|>",
+         "<root xmlns=\"urn:d\" xmlns:k=\"urn:k\" xmlns:AA=\"urn:d\" AA:a=\"1\" AA:b=\"2\" k:c=\"3\" d=\"4\" "
+         "xmlns:AB=\"urn:n\" AB:e=\"5\"/>"},
+        {"<r urn:r|^ T|>", "<AA:r xmlns:AA=\"urn:r\" xmlns:AB=\"" XSI "\" AB:type=\"T\"/>"},
+        {"<r urn:r|^urn:r T|>", "<AA:r xmlns:AA=\"urn:r\" xmlns:AB=\"" XSI "\" AB:type=\"AA:T\"/>"},
+        {"<r urn:r|^urn:t T|>",
+         "<AA:r xmlns:AA=\"urn:r\" xmlns:AB=\"urn:t\"  xmlns:AC=\"" XSI "\" AC:type=\"AB:T\"/>"},
+        {"+xsi " XSI "|<r urn:r|^urn:t T|>",
+         "<AA:r xmlns:AA=\"urn:r\" xmlns:xsi=\"" XSI "\" xmlns:AB=\"urn:t\"  xsi:type=\"AB:T\"/>"},
+        {"=urn:d|<r urn:d|^urn:d T|>", "<r xmlns=\"urn:d\" xmlns:AA=\"" XSI "\" AA:type=\"T\"/>"},
+    };
+    for (const auto& c : cases) EXPECT_EQ(c.second, WriteScript(c.first)) << c.first;
+}
+
+TEST(XmlTextWriterMisuse, FailuresWithExactTexts)
+{
+    const std::pair<const char*, const char*> cases[] = {
+        {"<a|<b|>|@x=1", "Attributes must be added before elements"},
+        {"<a|#t|@x urn:x=1", "Attributes must be added before elements"},
+        {"<a|#t|^urn:t T", "Attributes must be added before elements"},
+        {"@x=1", "Attributes must be added before elements"},
+        {"<a|E", "An Element has not been closed."},
+        {">", "There is no open Element to end."},
+    };
+    for (const auto& c : cases) EXPECT_THROW_MSG(WriteScript(c.first), COrvexException, c.second);
+
+    CXmlTextWriter writer;
+    writer.SetEOLType(EOL_CRLF);
+    EXPECT_THROW_MSG(writer.SetEOLType(static_cast<EOLType>(2)), COrvexException, "Invalid EOL type.");
+    writer.WriteStartDocument(Encoding_Unspecified);
+    EXPECT_EQ("<?xml version=\"1.0\"?>\r\n", writer.GetString());
+}
+
+using CNode = OrvexExamples::CEchoNode;
+
+TEST(XmlObjectBaseToXml, ReadAndWrittenBackRoundTrips)
+{
+    CNode node;
+    node.FromXml("<?xml version=\"1.0\"?>\n<o:order xmlns:o=\"urn:order\" xmlns:p=\"urn:people\" id=\"7\" "
+                 "o:state=\"open &amp; paid\"><p:customer p:vip=\"yes\">Tom &amp; Jerry &lt;3 'x'</p:customer>"
+                 "<o:line qty=\"2\">caf\xC3\xA9</o:line><note xmlns=\"urn:notes\">a&#10;b &quot;c&quot;</note>"
+                 "<plain/></o:order>");
+    const std::string written = node.ToXml(true, false, EOL_LF);
+    EXPECT_EQ("<?xml version=\"1.0\"?>\n<AA:order xmlns:AA=\"urn:order\" id=\"7\" AA:state=\"open &amp; paid\">"
+              "<AB:customer xmlns:AB=\"urn:people\" AB:vip=\"yes\">Tom &amp; Jerry &lt;3 'x'</AB:customer>"
+              "<AA:line qty=\"2\">caf\xC3\xA9</AA:line><AB:note xmlns:AB=\"urn:notes\">a\nb &quot;c&quot;</AB:note>"
+              "<plain/></AA:order>",
+              written);
+
+    CNode again;
+    again.FromXml(written.c_str());
+    ASSERT_EQ(4u, again.children.size());
+    EXPECT_EQ("urn:people", again.children[0]->ns);
+    EXPECT_EQ("Tom & Jerry <3 'x'", again.children[0]->text);
+    EXPECT_EQ("urn:people", again.children[0]->attributes.at(0).ns);
+    EXPECT_EQ("a\nb \"c\"", again.children[2]->text);
+    EXPECT_EQ(written, again.ToXml(true, false, EOL_LF));
+    // The defaults: declaration, tabs and CR LF; read back, the content is the same.
+    const std::string pretty = node.ToXml();
+    EXPECT_EQ("<?xml version=\"1.0\"?>\r\n<AA:order xmlns:AA=\"urn:order\" id=\"7\" AA:state=\"open &amp; paid\">\r\n"
+              "\t<AB:customer xmlns:AB=\"urn:people\" AB:vip=\"yes\">Tom &amp; Jerry &lt;3 'x'</AB:customer>\r\n"
+              "\t<AA:line qty=\"2\">caf\xC3\xA9</AA:line>\r\n"
+              "\t<AB:note xmlns:AB=\"urn:notes\">a\r\nb &quot;c&quot;</AB:note>\r\n\t<plain/>\r\n</AA:order>\r\n",
+              pretty);
+    CNode formatted;
+    formatted.FromXml(pretty.c_str());
+    ASSERT_EQ(4u, formatted.children.size());
+    EXPECT_EQ("a\nb \"c\"", formatted.children[2]->text);
+}
+
+// Leaves its elements open, as a walk does when it stops halfway.
+class CUnclosed : public CNode
+{
+protected:
+    void ToXml_Int(CXmlWriter* writer, bool, const char* namespaceUri, const CXmlSerializationContext&,
+                   bool) const override
+    {
+        writer->WriteStartElement("open", namespaceUri);
+        writer->WriteStartElement("deeper", "urn:other");
+    }
+};
+
+TEST(XmlObjectBaseToXml, OnlyTheHeaderedFormChecksClosing)
+{
+    CUnclosed unclosed;
+    unclosed.ns = "urn:o";
+    EXPECT_EQ("<AA:open xmlns:AA=\"urn:o\"><AB:deeper xmlns:AB=\"urn:other\"", unclosed.ToXml(false, false, EOL_LF));
+    EXPECT_THROW_MSG(unclosed.ToXml(true, false, EOL_LF), COrvexException, "An Element has not been closed.");
+    EXPECT_THROW_MSG(unclosed.ToXml(true, true, static_cast<EOLType>(5)), COrvexException, "Invalid EOL type.");
+}
+
+}  // namespace
