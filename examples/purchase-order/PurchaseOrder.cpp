@@ -83,7 +83,7 @@ const CTables& ItemTables()
         g_item.elements = new CElementInfo* [6] {
             new CSeqPrimMndReader("productName", kNoNamespace, 1, ItemType_string, nullptr, Rule::Preserve,
                                   NoFacets()),
-            new CSeqPrimMndReader("quantity", kNoNamespace, 2, ItemType_ui8, nullptr, Rule::Collapse,
+            new CSeqPrimMndReader("quantity", kNoNamespace, 2, ItemType_integer, nullptr, Rule::Collapse,
                                   QuantityFacets()),
             new CSeqPrimMndReader("USPrice", kNoNamespace, 3, ItemType_decimal, nullptr, Rule::Collapse, NoFacets()),
             new CSeqPrimOptReader("comment", kNoNamespace, 4, ItemType_string, nullptr, Rule::Preserve, NoFacets()),
@@ -255,8 +255,8 @@ void CItem::AccessProperty(int propertyIndex, bool read, OrvexVariant& value)
             else SetProductName(value.GetStringRef());
             break;
         case 2:
-            if (read) value.SetUI8(m_quantity);
-            else SetQuantity(value.GetUI8());
+            if (read) value.SetInteger(m_quantity);
+            else SetQuantity(value.GetInteger());
             break;
         case 3:
             if (read) value.SetDecimal(m_usPrice);

@@ -17,7 +17,6 @@
 // collections do, because the written form would follow the value's kind.
 #pragma once
 
-#include <cstdint>
 #include <string>
 
 #include "orvexxml/OrvexXmlLib5.h"
@@ -78,8 +77,9 @@ public:
     void SetPartNum(const std::string& value) { m_partNum = value; }
     std::string GetProductName() const { return m_productName; }
     void SetProductName(const std::string& value) { m_productName = value; }
-    std::uint64_t GetQuantity() const { return m_quantity; }
-    void SetQuantity(std::uint64_t value) { m_quantity = value; }
+    // xs:positiveInteger has no upper bound of its own, so it is held as a big integer.
+    CBigInteger GetQuantity() const { return m_quantity; }
+    void SetQuantity(const CBigInteger& value) { m_quantity = value; }
     CDecimal GetUSPrice() const { return m_usPrice; }
     void SetUSPrice(const CDecimal& value) { m_usPrice = value; }
     std::string GetComment() const { return m_comment; }
@@ -106,7 +106,7 @@ public:
 private:
     std::string m_partNum;
     std::string m_productName;
-    std::uint64_t m_quantity;
+    CBigInteger m_quantity;
     CDecimal m_usPrice;
     std::string m_comment;
     bool m_hasComment;

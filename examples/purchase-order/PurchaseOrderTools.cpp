@@ -11,7 +11,7 @@ CDecimal OrderTotal(const CPurchaseOrderType& order)
     CDecimal total;
     const CSmartPtr<CItemCol> items = order.GetItems()->GetItem();
     for (CItem* item : *items)
-        total += CDecimal(static_cast<unsigned long long>(item->GetQuantity())) * item->GetUSPrice();
+        total += CDecimal(item->GetQuantity()) * item->GetUSPrice();
     return total;
 }
 
@@ -46,7 +46,7 @@ CSmartPtr<CPurchaseOrder> MakeLargeOrder(std::size_t itemCount)
                       static_cast<char>('A' + i / 1000 % 26), static_cast<char>('A' + i / 26000 % 26));
         item->SetPartNum(text);
         item->SetProductName(kProducts[i % 5]);
-        item->SetQuantity(1 + i % 99);
+        item->SetQuantity(static_cast<unsigned>(1 + i % 99));
         std::snprintf(text, sizeof text, "%u.%02u", static_cast<unsigned>(i % 500), static_cast<unsigned>(i % 100));
         item->SetUSPrice(CDecimal(text));
         if (i % 3 == 0) item->SetComment("Confirm this is electric");

@@ -1,0 +1,320 @@
+// The Primer's purchase order through the generated classes: the sample instance
+// read and written back, every facet of the schema broken on writing, reading
+// failures with their chains, and values that must survive a round trip exactly.
+#include <gtest/gtest.h>
+
+#include <typeinfo>
+
+#include "TestUtil.h"
+#include "examples/ExamplePaths.h"
+#include "examples/purchase-order/PurchaseOrderTools.h"
+
+using namespace OrvexXmlLib5;
+using namespace OrvexExamples;
+
+namespace {
+
+// The Primer's instance as the writer gives it back, unformatted.
+const char* const kWrittenPrimer =
+    "<purchaseOrder orderDate=\"1999-10-20\">"
+    "<shipTo country=\"US\"><name>Alice Smith</name><street>123 Maple Street</street><city>Mill Valley</city>"
+    "<state>CA</state><zip>90952</zip></shipTo>"
+    "<billTo country=\"US\"><name>Robert Smith</name><street>8 Oak Avenue</street><city>Old Town</city>"
+    "<state>PA</state><zip>95819</zip></billTo>"
+    "<comment>Hurry, my lawn is going wild!</comment>"
+    "<items>"
+    "<item partNum=\"872-AA\"><productName>Lawnmower</productName><quantity>1</quantity><USPrice>148.95</USPrice>"
+    "<comment>Confirm this is electric</comment></item>"
+    "<item partNum=\"926-AA\"><productName>Baby Monitor</productName><quantity>1</quantity><USPrice>39.98</USPrice>"
+    "<shipDate>1999-05-21</shipDate></item>"
+    "</items></purchaseOrder>";
+
+std::string PrimerText() { return ReadTextFile(ExamplePath("purchase-order/po.xml")); }
+
+CSmartPtr<CPurchaseOrder> ReadOrder(const std::string& xml)
+{
+    CSmartPtr<CPurchaseOrder> order = CPurchaseOrder::CreateInstance();
+    order->FromXml(xml.c_str());
+    return order;
+}
+
+std::string Replaced(std::string text, const std::string& from, const std::string& to)
+{
+    const std::size_t at = text.find(from);
+    if (at == std::string::npos) ADD_FAILURE() << "not in the text: " << from;
+    else text.replace(at, from.size(), to);
+    return text;
+}
+
+// The full message, the class of the outermost exception and that of the cause.
+struct Failure
+{
+    std::string full;
+    bool outerIsValidation = false;
+    std::string causeClass;
+};
+
+template <typename Fn>
+Failure FailureOf(Fn&& fn)
+{
+    Failure failure;
+    try {
+        fn();
+        failure.full = "no failure";
+    } catch (const COrvexException& e) {
+        failure.full = e.GetFullMessage();
+        failure.outerIsValidation = typeid(e) == typeid(COrvexValidationException);
+        const COrvexException* cause = &e;
+        while (cause->GetInnerException()) cause = cause->GetInnerException();
+        if (typeid(*cause) == typeid(COrvexException)) failure.causeClass = "COrvexException";
+        else if (typeid(*cause) == typeid(COrvexValidationException)) failure.causeClass = "Validation";
+        else if (typeid(*cause) == typeid(COrvexInvalidValueException)) failure.causeClass = "InvalidValue";
+        else if (typeid(*cause) == typeid(COrvexInvalidParamException)) failure.causeClass = "InvalidParam";
+        else failure.causeClass = "other";
+    }
+    return failure;
+}
+
+// Every stored value of two orders, item by item.
+void ExpectSameValues(const CPurchaseOrderType& a, const CPurchaseOrderType& b)
+{
+    EXPECT_EQ(a.IsValidOrderDate(), b.IsValidOrderDate());
+    if (a.IsValidOrderDate()) {
+        EXPECT_EQ(CDateTime::Equal, a.GetOrderDate().CompareTo(b.GetOrderDate()));
+    }
+    for (auto [x, y] : {std::pair(a.GetShipTo(), b.GetShipTo()), std::pair(a.GetBillTo(), b.GetBillTo())}) {
+        EXPECT_EQ(x->GetCountry(), y->GetCountry());
+        EXPECT_EQ(x->GetName(), y->GetName());
+        EXPECT_EQ(x->GetStreet(), y->GetStreet());
+        EXPECT_EQ(x->GetCity(), y->GetCity());
+        EXPECT_EQ(x->GetState(), y->GetState());
+        EXPECT_EQ(x->GetZip(), y->GetZip());
+    }
+    EXPECT_EQ(a.IsValidComment(), b.IsValidComment());
+    EXPECT_EQ(a.GetComment(), b.GetComment());
+    const CSmartPtr<CItemCol> itemsA = a.GetItems()->GetItem(), itemsB = b.GetItems()->GetItem();
+    ASSERT_EQ(itemsA->GetCount(), itemsB->GetCount());
+    for (int i = 0; i < itemsA->GetCount(); ++i) {
+        const CSmartPtr<CItem> x = itemsA->Item(i), y = itemsB->Item(i);
+        EXPECT_EQ(x->GetPartNum(), y->GetPartNum());
+        EXPECT_EQ(x->GetProductName(), y->GetProductName());
+        EXPECT_EQ(x->GetQuantity(), y->GetQuantity());
+        EXPECT_EQ(x->GetUSPrice(), y->GetUSPrice());
+        EXPECT_EQ(x->IsValidComment(), y->IsValidComment());
+        EXPECT_EQ(x->GetComment(), y->GetComment());
+        EXPECT_EQ(x->IsValidShipDate(), y->IsValidShipDate());
+        if (x->IsValidShipDate()) {
+            EXPECT_EQ(x->GetShipDate().ToString(), y->GetShipDate().ToString());
+        }
+    }
+}
+
+}  // namespace
+
+TEST(PurchaseOrder, PrimerInstanceReadsAndWritesBackUnchanged)
+{
+    CSmartPtr<CPurchaseOrder> order = ReadOrder(PrimerText());
+    EXPECT_EQ("1999-10-20", order->GetOrderDate().ToString());
+    EXPECT_EQ(CDateTime::date, order->GetOrderDate().GetType());
+    EXPECT_EQ("Alice Smith", order->GetShipTo()->GetName());
+    EXPECT_EQ("US", order->GetShipTo()->GetCountry());
+    EXPECT_EQ(CDecimal(90952), order->GetShipTo()->GetZip());
+    EXPECT_EQ("Robert Smith", order->GetBillTo()->GetName());
+    EXPECT_EQ("8 Oak Avenue", order->GetBillTo()->GetStreet());
+    EXPECT_EQ("Hurry, my lawn is going wild!", order->GetComment());
+    const CSmartPtr<CItemCol> items = order->GetItems()->GetItem();
+    ASSERT_EQ(2, items->GetCount());
+    EXPECT_EQ("Lawnmower", items->Item(0)->GetProductName());
+    EXPECT_EQ("Confirm this is electric", items->Item(0)->GetComment());
+    EXPECT_FALSE(items->Item(0)->IsValidShipDate());
+    EXPECT_EQ("926-AA", items->Item(1)->GetPartNum());
+    EXPECT_FALSE(items->Item(1)->IsValidComment());
+    EXPECT_EQ("1999-05-21", items->Item(1)->GetShipDate().ToString());
+    EXPECT_EQ("188.93", OrderTotal(*order).ToString());
+
+    const std::string written = order->ToXml(false, false);
+    EXPECT_EQ(kWrittenPrimer, written);
+    CSmartPtr<CPurchaseOrder> again = ReadOrder(written);
+    ExpectSameValues(*order, *again);
+    EXPECT_EQ(written, again->ToXml(false, false));
+
+    // The formatted form with its declaration reads back to the same values too.
+    const std::string formatted = order->ToXml(true, true, EOL_LF);
+    EXPECT_EQ(0u, formatted.find("<?xml version=\"1.0\"?>\n<purchaseOrder orderDate=\"1999-10-20\">\n\t<shipTo"));
+    ExpectSameValues(*order, *ReadOrder(formatted));
+}
+
+TEST(PurchaseOrder, AddedItemsAndChangedValuesGoOutAndComeBack)
+{
+    CSmartPtr<CPurchaseOrder> order = ReadOrder(PrimerText());
+    CSmartPtr<CItem> hose = order->GetItems()->GetItem()->Add();
+    hose->SetPartNum("455-BX");
+    hose->SetProductName("Garden hose & reel <25 m>");
+    hose->SetQuantity(99);
+    hose->SetUSPrice(CDecimal("12.5"));
+    hose->SetShipDate(CDateTime(1999, 12, 1));
+    CSmartPtr<CItem> first = CItem::CreateInstance();
+    first->SetPartNum("100-ZZ");
+    first->SetProductName("Seeds");
+    order->GetItems()->GetItem()->AddAt(0, first);
+    order->SetValidComment(false);
+    order->GetItems()->GetItem()->Item(1)->SetValidComment(false);
+
+    CSmartPtr<CPurchaseOrder> again = ReadOrder(order->ToXml(true, true, EOL_CRLF));
+    ExpectSameValues(*order, *again);
+    EXPECT_FALSE(again->IsValidComment());
+    const CSmartPtr<CItemCol> items = again->GetItems()->GetItem();
+    ASSERT_EQ(4, items->GetCount());
+    EXPECT_EQ("Seeds", items->Item(0)->GetProductName());
+    EXPECT_EQ(CBigInteger(1), items->Item(0)->GetQuantity());  // Init's starting value is a legal positiveInteger
+    EXPECT_EQ("Garden hose & reel <25 m>", items->Item(3)->GetProductName());
+    EXPECT_EQ("188.93", CDecimal(OrderTotal(*again) - CDecimal("1237.5")).ToString());
+
+    // Reading into the same object again starts from Init: nothing of the added items stays.
+    again->FromXml(PrimerText().c_str());
+    EXPECT_EQ(2, again->GetItems()->GetItem()->GetCount());
+    EXPECT_EQ(kWrittenPrimer, again->ToXml(false, false));
+}
+
+TEST(PurchaseOrder, EveryFacetBrokenOnWritingNamesThePathDownToIt)
+{
+    const std::string toItem = "Failed to convert the element [purchaseOrder] to XML\n"
+                               "Failed to convert the element [items] to XML\n"
+                               "Failed to convert the element [item] to XML\n";
+    struct Case
+    {
+        void (*breakIt)(CPurchaseOrder&);
+        std::string full;
+    } cases[] = {
+        // SKU: \d{3}-[A-Z]{2}, matched against the whole value.
+        {[](CPurchaseOrder& o) { o.GetItems()->GetItem()->Item(1)->SetPartNum("92-AAA"); },
+         toItem + "Failed to convert attributes to XML\nInvalid Value for partNum [92-AAA]"},
+        {[](CPurchaseOrder& o) { o.GetItems()->GetItem()->Item(0)->SetPartNum("872-AAB"); },
+         toItem + "Failed to convert attributes to XML\nInvalid Value for partNum [872-AAB]"},
+        {[](CPurchaseOrder& o) { o.GetItems()->GetItem()->Item(0)->SetPartNum("872-aa"); },
+         toItem + "Failed to convert attributes to XML\nInvalid Value for partNum [872-aa]"},
+        // quantity: a positiveInteger below 100.
+        {[](CPurchaseOrder& o) { o.GetItems()->GetItem()->Item(1)->SetQuantity(100); },
+         toItem + "Invalid Value for quantity [100]"},
+        {[](CPurchaseOrder& o) { o.GetItems()->GetItem()->Item(0)->SetQuantity(0); },
+         toItem + "Invalid Value for quantity [0]"},
+        {[](CPurchaseOrder& o) { o.GetItems()->GetItem()->Item(0)->SetQuantity("100000000000000000000000"); },
+         toItem + "Invalid Value for quantity [100000000000000000000000]"},
+        // country: fixed to US.
+        {[](CPurchaseOrder& o) { o.GetBillTo()->SetCountry("CA"); },
+         "Failed to convert the element [purchaseOrder] to XML\nFailed to convert the element [billTo] to XML\n"
+         "Failed to convert attributes to XML\nInvalid Value for country [CA]"},
+    };
+    for (const Case& c : cases) {
+        CSmartPtr<CPurchaseOrder> order = ReadOrder(PrimerText());
+        c.breakIt(*order);
+        const Failure failure = FailureOf([&] { order->ToXml(); });
+        EXPECT_EQ(c.full, failure.full);
+        EXPECT_TRUE(failure.outerIsValidation) << c.full;
+        EXPECT_EQ("COrvexException", failure.causeClass) << c.full;
+    }
+
+    // The boundaries that pass: 1 and 99.
+    CSmartPtr<CPurchaseOrder> order = ReadOrder(PrimerText());
+    order->GetItems()->GetItem()->Item(0)->SetQuantity(99);
+    order->GetItems()->GetItem()->Item(1)->SetQuantity(1);
+    EXPECT_NE(std::string::npos, order->ToXml(false, false).find("<quantity>99</quantity>"));
+}
+
+TEST(PurchaseOrder, ReadingFailuresNameTheElementsOnTheWay)
+{
+    const std::string toItem = "Failed to process the element [purchaseOrder]\n"
+                               "Failed to process the element [items]\n"
+                               "Failed to process the element [item]\n";
+    struct Case
+    {
+        const char* from;
+        const char* to;
+        std::string full;
+        const char* causeClass;
+    } cases[] = {
+        {"<quantity>1</quantity>", "<quantity>one</quantity>",
+         toItem + "The string representing a Decimal, contained an invalid char at position 0 [one]", "InvalidValue"},
+        {"<USPrice>39.98</USPrice>", "<USPrice>39,98</USPrice>",
+         toItem + "The string representing a Decimal, contained an invalid char at position 2 [39,98]",
+         "InvalidValue"},
+        {"<shipDate>1999-05-21</shipDate>", "<shipDate>1999-05</shipDate>",
+         toItem + "Dates assigned to [shipDate] must be of type dt_date", "InvalidParam"},
+        {"orderDate=\"1999-10-20\"", "orderDate=\"1999-13-20\"",
+         "Failed to process the element [purchaseOrder]\nInvalid Month [13] (1 <= month <= 12)", "InvalidValue"},
+        {"<item partNum=\"926-AA\">", "<item>",
+         toItem + "Failed to find the required Attribute [partNum]", "Validation"},
+        {"<productName>Lawnmower</productName>", "",
+         toItem + "Failed to find a required element [productName]", "Validation"},
+        {"<billTo country=\"US\">", "<billTo country=\"US\" zone=\"east\">",
+         "Failed to process the element [purchaseOrder]\nFailed to process the element [billTo]\n"
+         "Unexpected Attribute [zone] found.",
+         "Validation"},
+        {"<comment>Hurry", "<note/><comment>Hurry",
+         "Failed to process the element [purchaseOrder]\nFailed to find a required element [items]", "Validation"},
+    };
+    for (const Case& c : cases) {
+        const std::string xml = Replaced(PrimerText(), c.from, c.to);
+        CSmartPtr<CPurchaseOrder> order = CPurchaseOrder::CreateInstance();
+        const Failure failure = FailureOf([&] { order->FromXml(xml.c_str()); });
+        EXPECT_EQ(c.full, failure.full);
+        EXPECT_TRUE(failure.outerIsValidation) << c.to;
+        EXPECT_EQ(c.causeClass, failure.causeClass) << c.to;
+    }
+}
+
+TEST(PurchaseOrder, ZonedDatesAndLongPricesSurviveTheRoundTrip)
+{
+    struct Case
+    {
+        const char* orderDate;
+        const char* shipDate;
+        const char* price;
+    } cases[] = {
+        {"1999-10-20-05:00", "1999-05-21Z", "1234567890123456789012345.678901234567891"},
+        {"2026-02-28+14:00", "2024-02-29-14:00", "-0.000000000000000000000000000001"},
+        {"0001-01-01Z", "9999-12-31+00:30", "9999999999999999999999999999999999999999"},
+    };
+    for (const Case& c : cases) {
+        std::string xml = Replaced(PrimerText(), "1999-10-20", c.orderDate);
+        xml = Replaced(xml, "1999-05-21", c.shipDate);
+        xml = Replaced(xml, "39.98", c.price);
+        CSmartPtr<CPurchaseOrder> order = ReadOrder(xml);
+        EXPECT_TRUE(order->GetOrderDate().IsUTC());  // a zone is stated
+        const CSmartPtr<CItem> item = order->GetItems()->GetItem()->Item(1);
+        EXPECT_EQ(c.price, item->GetUSPrice().ToString());
+
+        const std::string written = order->ToXml(false, false);
+        EXPECT_NE(std::string::npos, written.find(std::string("orderDate=\"") + c.orderDate + "\"")) << written;
+        EXPECT_NE(std::string::npos, written.find(std::string("<shipDate>") + c.shipDate + "</shipDate>"));
+        EXPECT_NE(std::string::npos, written.find(std::string("<USPrice>") + c.price + "</USPrice>"));
+        CSmartPtr<CPurchaseOrder> again = ReadOrder(written);
+        ExpectSameValues(*order, *again);
+        EXPECT_EQ(written, again->ToXml(false, false));
+        EXPECT_EQ(CDecimal("148.95") + CDecimal(c.price), OrderTotal(*again));
+    }
+}
+
+TEST(PurchaseOrder, SettersKeepTheObjectLegal)
+{
+    CSmartPtr<CPurchaseOrder> order = CPurchaseOrder::CreateInstance();
+    CDateTime month;
+    month.SetGYearMonth(1999, 10);
+    EXPECT_THROW_MSG(order->SetOrderDate(month), COrvexInvalidParamException,
+                     "Dates assigned to [orderDate] must be of type dt_date");
+    EXPECT_FALSE(order->IsValidOrderDate());
+    EXPECT_THROW_MSG(order->SetShipTo(nullptr), COrvexInvalidParamException,
+                     "The Property [shipTo] is mandatory, it may node be NULL");
+
+    // An address made on its own takes the element name of the property it goes into.
+    CSmartPtr<CUSAddress> address = CUSAddress::CreateInstance();
+    address->SetName("Carol");
+    order->SetBillTo(address);
+    order->GetItems()->GetItem()->Add()->SetPartNum("123-AB");
+    EXPECT_EQ(
+        "<purchaseOrder><shipTo country=\"US\"><name/><street/><city/><state/><zip>0</zip></shipTo>"
+        "<billTo country=\"US\"><name>Carol</name><street/><city/><state/><zip>0</zip></billTo>"
+        "<items><item partNum=\"123-AB\"><productName/><quantity>1</quantity>"
+        "<USPrice>0</USPrice></item></items></purchaseOrder>",
+        order->ToXml(false, false));
+}
