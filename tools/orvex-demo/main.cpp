@@ -3,8 +3,10 @@
 
 #include "examples/ExamplePaths.h"
 #include "examples/echo/EchoNode.h"
+#include "examples/purchase-order/PurchaseOrderTools.h"
 
 #include <fstream>
+#include <iomanip>
 #include <iostream>
 #include <sstream>
 #include <string>
@@ -95,9 +97,52 @@ int Echo(const std::string& path)
     return 0;
 }
 
+// Reads a purchase order into the generated classes, prints a summary with the
+// exact total, adds an item and writes the order back, formatted.
+int PurchaseOrder(const std::string& path)
+{
+    using namespace OrvexExamples;
+    std::string bytes;
+    if (!ReadFile(path, bytes)) return 1;
+    CSmartPtr<CPurchaseOrder> order = CPurchaseOrder::CreateInstance();
+    order->FromXml(bytes.c_str());
+
+    std::cout << "Purchase order " << path << "\n";
+    if (order->IsValidOrderDate()) std::cout << "  ordered " << order->GetOrderDate().ToString() << "\n";
+    std::cout << "  ship to " << order->GetShipTo()->GetName() << ", " << order->GetShipTo()->GetCity() << " "
+              << order->GetShipTo()->GetState() << "\n";
+    std::cout << "  bill to " << order->GetBillTo()->GetName() << ", " << order->GetBillTo()->GetCity() << " "
+              << order->GetBillTo()->GetState() << "\n";
+    if (order->IsValidComment()) std::cout << "  comment \"" << order->GetComment() << "\"\n";
+    const CSmartPtr<CItemCol> items = order->GetItems()->GetItem();
+    std::cout << "  " << items->GetCount() << " item(s):\n";
+    for (CItem* item : *items) {
+        std::cout << "    " << item->GetPartNum() << "  " << std::left << std::setw(24) << item->GetProductName()
+                  << std::right << std::setw(4) << item->GetQuantity().ToString() << " x " << std::setw(10)
+                  << item->GetUSPrice().ToString(2);
+        if (item->IsValidShipDate()) std::cout << "  ships " << item->GetShipDate().ToString();
+        std::cout << "\n";
+    }
+    std::cout << "  total " << OrderTotal(*order).ToString(2) << "\n\n";
+
+    CSmartPtr<CItem> added = items->Add();
+    added->SetPartNum("455-BX");
+    added->SetProductName("Garden hose");
+    added->SetQuantity(2);
+    added->SetUSPrice(CDecimal("24.99"));
+    CDateTime shipDate;
+    shipDate.SetDate(1999, 10, 27);
+    added->SetShipDate(shipDate);
+    std::cout << "Added " << added->GetQuantity().ToString() << " x " << added->GetProductName() << "; new total "
+              << OrderTotal(*order).ToString(2) << "\n\n";
+    std::cout << order->ToXml(true, true, EOL_LF);
+    return 0;
+}
+
 int Usage()
 {
-    std::cerr << "usage: orvex-demo [tree|echo] [file]\n"
+    std::cerr << "usage: orvex-demo [po|tree|echo] [file]\n"
+                 "  po    read a purchase order, print a summary, add an item and write it back (default)\n"
                  "  tree  load a document into the intermediate tree and print it\n"
                  "  echo  read a document into objects and write it back, formatted\n";
     return 2;
@@ -107,9 +152,11 @@ int Usage()
 
 int main(int argc, char** argv)
 {
-    const std::string command = argc > 1 ? argv[1] : "echo";
-    const std::string path = argc > 2 ? argv[2] : OrvexExamples::ExamplePath("data/sample.xml");
+    const std::string command = argc > 1 ? argv[1] : "po";
+    const std::string sample = command == "po" ? "purchase-order/po.xml" : "data/sample.xml";
+    const std::string path = argc > 2 ? argv[2] : OrvexExamples::ExamplePath(sample);
     try {
+        if (command == "po") return PurchaseOrder(path);
         if (command == "tree") return ShowTree(path);
         if (command == "echo") return Echo(path);
         return Usage();
