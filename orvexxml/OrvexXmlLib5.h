@@ -12,11 +12,19 @@
 #include "orvexxml/frame/SmartPtr.h"
 #include "orvexxml/frame/XmlObjectBase.h"
 #include "orvexxml/frame/XmlSerializationContext.h"
+#include "orvexxml/frame/XmlGeneratedClass.h"
+
+#include "orvexxml/collections/XmlCollectionBase.h"
+#include "orvexxml/collections/XmlCollection.h"
+#include "orvexxml/collections/XmlTypeCollection.h"
+#include "orvexxml/collections/OrvexIterator.h"
+#include "orvexxml/collections/Attribute.h"
 
 #include "orvexxml/xml/ExpatReader.h"
 #include "orvexxml/xml/StringBuffer.h"
 #include "orvexxml/xml/XmlDocument.h"
 #include "orvexxml/xml/XmlEnums.h"
+#include "orvexxml/xml/NamespaceAliasMap.h"
 #include "orvexxml/xml/XmlTextWriter.h"
 #include "orvexxml/xml/XmlWriter.h"
 

@@ -3,3 +3,11 @@
 #pragma once
 
 #include "orvexxml/OrvexXmlLib5.h"
+
+#include "orvexxml/metadata/XmlElementEnums.h"
+#include "orvexxml/metadata/ParentElementInfo.h"
+#include "orvexxml/metadata/ElementInfo.h"
+#include "orvexxml/metadata/ElementInfoSeq.h"
+#include "orvexxml/metadata/ElementInfoAll.h"
+#include "orvexxml/metadata/ElementInfoChoice.h"
+#include "orvexxml/metadata/AttributeInfo.h"

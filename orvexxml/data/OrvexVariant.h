@@ -16,6 +16,7 @@
 namespace OrvexXmlLib5 {
 
 class CXmlObjectBase;
+class CXmlCollectionBase;
 
 // Stored in generated code: the numbers are fixed. The fixed underlying type
 // lets any number reach the checks that refuse it.
@@ -135,8 +136,11 @@ public:
     CDateTime GetTime() const { return Held(m_value.dateTime); }
     CDecimal GetDecimal() const { return Held(m_value.decimal); }
     CBigInteger GetInteger() const { return Held(m_value.integer); }
-    // The collection kind (28) is set and read by the collection layer; it is held,
-    // copied and released through its CXmlObjectBase part like the object kind.
+    // The collection kind (28) is held, copied and released through its
+    // CXmlObjectBase part like the object kind; a null collection still sets the type.
+    void SetXmlCollection(CXmlCollectionBase* collection);
+    // Null when the variant holds no collection.
+    CSmartPtr<CXmlCollectionBase> GetXmlCollection() const;
 
     // The type name; fails with "Invalid Type %d" outside 1 to 26.
     std::string GetType() const;

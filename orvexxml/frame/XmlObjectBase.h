@@ -15,6 +15,9 @@ namespace OrvexXmlLib5 {
 class CXmlElement;
 class CXmlWriter;
 class CXmlCollectionBase;
+namespace Detail {
+class CObjectAccess;
+}
 
 class CXmlObjectBase
 {
@@ -95,6 +98,9 @@ protected:
                               const char* namespaceUri) const;
 
 private:
+    // The metadata descriptors reach the protected walks of any object through it.
+    friend class Detail::CObjectAccess;
+
     std::string m_elementName;
     std::int32_t m_refCount;
 };

@@ -1,5 +1,6 @@
 #include "orvexxml/frame/XmlSerializationContext.h"
 
+#include "orvexxml/collections/Attribute.h"
 #include "orvexxml/frame/OrvexException.h"
 
 namespace OrvexXmlLib5 {
@@ -13,6 +14,16 @@ CXmlSerializationContext::CXmlSerializationContext()
       m_ignoreNamespaces(false),
       m_schemaType(SchemaType_Namespaced)
 {
+}
+
+CXmlSerializationContext::CXmlSerializationContext(const CXmlSerializationContext& other) = default;
+CXmlSerializationContext& CXmlSerializationContext::operator=(const CXmlSerializationContext& other) = default;
+CXmlSerializationContext::~CXmlSerializationContext() = default;
+
+CSmartPtr<CAttributeCol> CXmlSerializationContext::GetAdditionalRootAttributes() const
+{
+    if (m_additionalRootAttributes.IsNull()) m_additionalRootAttributes = new CAttributeCol("", "##any", "");
+    return m_additionalRootAttributes;
 }
 
 CXmlSerializationContext& CXmlSerializationContext::GetDefaultContext()

@@ -5,7 +5,12 @@
 #include <string>
 #include <vector>
 
+#include "orvexxml/frame/SmartPtr.h"
+#include "orvexxml/xml/NamespaceAliasMap.h"
+
 namespace OrvexXmlLib5 {
+
+class CAttributeCol;
 
 enum SchemaType
 {
@@ -18,8 +23,10 @@ class CXmlSerializationContext
 {
 public:
     CXmlSerializationContext();
-    CXmlSerializationContext(const CXmlSerializationContext& other) = default;
-    CXmlSerializationContext& operator=(const CXmlSerializationContext& other) = default;
+    // A copy shares the additional root attributes with its source.
+    CXmlSerializationContext(const CXmlSerializationContext& other);
+    CXmlSerializationContext& operator=(const CXmlSerializationContext& other);
+    ~CXmlSerializationContext();
 
     // The one process-wide context, built at library load. Changes to it apply to
     // every later use of the default.
@@ -58,8 +65,19 @@ public:
     std::string GetInLineSchema() const { return m_inLineSchema; }
     void SetInLineSchema(const char* value) { m_inLineSchema = value ? value : ""; }
 
+    // Namespaces that the root element declares, with the prefixes wanted for them.
+    CNamespaceAliasMap& GetNamespaceAliases() { return m_namespaceAliases; }
+    const CNamespaceAliasMap& GetNamespaceAliases() const { return m_namespaceAliases; }
+
+    // Attributes written on the root element in front of its own. The collection is
+    // made on the first call (default namespace "", restriction "##any") and the same
+    // one comes back from then on; a context used on two threads must have it made first.
+    CSmartPtr<CAttributeCol> GetAdditionalRootAttributes() const;
+
 private:
     std::string m_defaultNamespaceUri;
+    CNamespaceAliasMap m_namespaceAliases;
+    mutable CSmartPtr<CAttributeCol> m_additionalRootAttributes;
     std::vector<std::string> m_processingInstructions;
     std::string m_inLineSchema;
     bool m_ignoreInvalidCollectionCounts;

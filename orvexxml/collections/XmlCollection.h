@@ -1,0 +1,84 @@
+// A collection of reference-counted objects in a doubly linked list; the base of
+// CElementCol, CAttributeCol and the generated object collections.
+#pragma once
+
+#include "orvexxml/collections/XmlCollectionBase.h"
+
+namespace OrvexXmlLib5 {
+
+class CXmlCollection;
+
+// One item of a CXmlCollection; holds one reference on the item.
+class CNode
+{
+public:
+    CXmlObjectBase* GetItem() const { return m_item; }
+    CNode* GetNext() const { return m_next; }
+    CNode* GetPrevious() const { return m_previous; }
+
+private:
+    friend class CXmlCollection;
+    explicit CNode(CXmlObjectBase* item);
+    ~CNode();
+    CNode(const CNode&) = delete;
+    CNode& operator=(const CNode&) = delete;
+
+    CXmlObjectBase* m_item;
+    CNode* m_next;
+    CNode* m_previous;
+};
+
+class CXmlCollection : public CXmlCollectionBase
+{
+public:
+    // The copy has a list of its own with one more reference on each item.
+    CXmlCollection(const CXmlCollection& other);
+    // Releases the old items without change events, then copies as above.
+    CXmlCollection& operator=(const CXmlCollection& other);
+    // Removes item by item, so listeners hear one event each.
+    ~CXmlCollection() override;
+
+    int GetCount() const override { return m_count; }
+    // Removes item by item through the virtual Remove: one event per item.
+    void Clear() override;
+    // Fails with COrvexInvalidParamException "Index %d is out of range, use 0 - %d".
+    void Remove(int index) override;
+
+protected:
+    CXmlCollection();
+    CXmlCollection(const char* name, const char* namespaceUri, int minOccurs, int maxOccurs);
+
+    // Carries the attributes of pseudo items up to the enclosing start tag.
+    void AttributesToXml_Int(CXmlWriter* writer, const CXmlSerializationContext& context) const override;
+
+    // Each adding operation takes one reference on item and sends one change event.
+    void AppendItem(CXmlObjectBase* item);
+    void PrependItem(CXmlObjectBase* item);
+    // A null existing adds at the front; an existing that is not here fails with
+    // COrvexInvalidParamException "The object was not found in the collection".
+    void AddAfterItem(const CXmlObjectBase* existing, CXmlObjectBase* item);
+    // A null existing adds at the end; an unknown existing fails as above.
+    void AddBeforeItem(const CXmlObjectBase* existing, CXmlObjectBase* item);
+    // index from 0 to the count; outside fails with COrvexInvalidParamException "Index out of range".
+    void AddItemAt(int index, CXmlObjectBase* item);
+    // Fails with COrvexInvalidParamException "Index %d is out of range, use 0 - %d".
+    CNode* GetNodeAtIndex(int index) const;
+    // Compares object identity (GetBase()); fails with COrvexInvalidParamException
+    // "The object was not found in the collection".
+    CNode* GetNodeForItem(const CXmlObjectBase* item) const;
+    // Unlinks and frees the node and releases its item; sends no event.
+    void RemoveNode(CNode* node);
+
+    CNode* GetHead() const { return m_head; }
+    CNode* GetTail() const { return m_tail; }
+
+private:
+    void LinkBefore(CNode* next, CXmlObjectBase* item);
+    void CopyNodesFrom(const CXmlCollection& other);
+
+    CNode* m_head;
+    CNode* m_tail;
+    int m_count;
+};
+
+}  // namespace OrvexXmlLib5

@@ -1,0 +1,376 @@
+#include "orvexxml/frame/XmlGeneratedClass.h"
+
+#include <memory>
+#include <vector>
+
+#include "orvexxml/collections/Attribute.h"
+#include "orvexxml/collections/XmlCollectionBase.h"
+#include "orvexxml/frame/FormatString.h"
+#include "orvexxml/frame/OrvexException.h"
+#include "orvexxml/metadata/AttributeInfo.h"
+#include "orvexxml/metadata/ElementInfo.h"
+#include "orvexxml/metadata/ElementInfoChoice.h"
+#include "orvexxml/metadata/ParentElementInfo.h"
+#include "orvexxml/xml/XmlDocument.h"
+#include "orvexxml/xml/XmlWriter.h"
+
+namespace OrvexXmlLib5 {
+
+using OrvexXmlLib5Data::CAttributeInfo;
+using OrvexXmlLib5Data::CElementInfo;
+using OrvexXmlLib5Data::CElementInfoChoiceCol;
+using OrvexXmlLib5Data::CParentElementInfo;
+
+namespace {
+const char* Text(const char* s) { return s ? s : ""; }
+
+const char* const kUnexpectedElement =
+    "Failed read all the elements held within the element [%s]. The unexpected element [%s] remains un processed";
+}  // namespace
+
+// ---------------------------------------------------------------------------
+// Writing
+
+void CXmlGeneratedClass::ToXml_Int(CXmlWriter* writer, bool isRoot, const char* namespaceUri,
+                                   const CXmlSerializationContext& context, bool isOptional) const
+{
+    try {
+        ToXmlBody(writer, isRoot, namespaceUri, context, isOptional);
+    } catch (const COrvexException& e) {
+        throw COrvexValidationException(
+            FormatString("Failed to convert the element [%s] to XML", ElementNameRef().c_str()), e);
+    }
+}
+
+void CXmlGeneratedClass::ToXmlBody(CXmlWriter* writer, bool isRoot, const char* namespaceUri,
+                                   const CXmlSerializationContext& context, bool isOptional) const
+{
+    const CParentElementInfo* info = GetClassInfo();
+    const bool ownElement = info->GetElementType() == ElementType_Element;
+    if (ownElement) {
+        if (isRoot) {
+            for (const std::string& instruction : context.GetProcessingInstructions())
+                writer->WriteProcessingInstruction(instruction);
+            const CNamespaceAliasMap& aliases = context.GetNamespaceAliases();
+            for (int index = 0; index < aliases.GetNamespaceCount(); ++index) {
+                const std::string namespaceUri = aliases.GetNamespaceAt(index);
+                writer->AddNamespace(aliases.GetAliasFromNamespace(namespaceUri.c_str()), namespaceUri);
+            }
+            const std::string defaultNamespace = context.GetDefaultNamespaceURI();
+            if (!defaultNamespace.empty()) writer->SetDefaultNamespace(defaultNamespace);
+        }
+        writer->WriteStartElement(ElementNameRef(), Text(namespaceUri));
+        if (isRoot) {
+            CSmartPtr<CAttributeCol> additional = context.GetAdditionalRootAttributes();
+            CXmlObjectBase::ToXml_Int(additional.Get(), writer, false, namespaceUri, context, isOptional);
+        }
+        AttributesToXml_Int(writer, context);
+        if (isRoot) {
+            const std::string schema = context.GetInLineSchema();
+            if (!schema.empty()) writer->WriteInlineSchema(schema);
+        }
+    }
+
+    CElementInfo** elements = GetClassElementInfo();
+    switch (info->GetElementGroupType()) {
+        case ElementGroup_Sequence:
+            ProcessElementSeqToXml(context, elements, writer);
+            break;
+        case ElementGroup_Choice:
+            ProcessElementChoiceToXml(context, elements, writer, isOptional);
+            break;
+        case ElementGroup_All:
+            ProcessElementAllToXml(context, elements, writer);
+            break;
+        default:
+            throw COrvexException("Unknown XML Group Type");
+    }
+
+    const int textIndex = info->GetElementTextPropertyIndex();
+    if (textIndex != -1) {
+        OrvexVariant value;
+        ReadProperty(textIndex, value);
+        // An unset text property has nothing to write; a text property of another
+        // kind than string is written in its lexical form.
+        if (value.GetItemType() == ItemType_string)
+            writer->WriteText(value.GetString());
+        else if (value.IsValid())
+            writer->WriteText(value.ToString(nullptr));
+    }
+
+    if (ownElement) writer->WriteEndElement();
+}
+
+void CXmlGeneratedClass::AttributesToXml_Int(CXmlWriter* writer, const CXmlSerializationContext& context) const
+{
+    try {
+        AttributesToXmlBody(writer, context);
+    } catch (const COrvexException& e) {
+        throw COrvexException("Failed to convert attributes to XML", e);
+    }
+}
+
+void CXmlGeneratedClass::AttributesToXmlBody(CXmlWriter* writer, const CXmlSerializationContext& context) const
+{
+    const CParentElementInfo* info = GetClassInfo();
+    if (info->GetHasBaseClasses() && info->GetElementName() != ElementNameRef())
+        writer->WriteXsiType(info->GetElementNamespace(), info->GetElementName());
+    ProcessAttributesToXml(context, GetClassElementInfo(), GetClassAttributeInfo(), writer);
+}
+
+void CXmlGeneratedClass::ProcessElementSeqToXml(const CXmlSerializationContext& context, CElementInfo** elements,
+                                                CXmlWriter* writer) const
+{
+    for (CElementInfo** element = elements; *element; ++element) (*element)->ElementToXml(context, this, writer);
+}
+
+void CXmlGeneratedClass::ProcessElementAllToXml(const CXmlSerializationContext& context, CElementInfo** elements,
+                                                CXmlWriter* writer) const
+{
+    ProcessElementSeqToXml(context, elements, writer);
+}
+
+void CXmlGeneratedClass::ProcessElementChoiceToXml(const CXmlSerializationContext& context, CElementInfo** elements,
+                                                   CXmlWriter* writer, bool isOptional) const
+{
+    for (CElementInfo** element = elements; *element; ++element)
+        if ((*element)->ElementToXml(context, this, writer)) return;
+    if (DoesElementContainOptionalElementCollections() || isOptional || context.GetIgnoreMissingChoice()) return;
+    throw COrvexValidationException(
+        "This element is a choice, and as such must have at one (and only one) valid item, currently there are none "
+        "set");
+}
+
+void CXmlGeneratedClass::ProcessAttributesToXml(const CXmlSerializationContext& context, CElementInfo** elements,
+                                                CAttributeInfo** attributes, CXmlWriter* writer) const
+{
+    for (CAttributeInfo** attribute = attributes; *attribute; ++attribute)
+        (*attribute)->AttributeToXml(context, this, writer);
+    for (CElementInfo** element = elements; *element; ++element)
+        (*element)->PseudoChildAttributeToXml(context, this, writer);
+}
+
+bool CXmlGeneratedClass::DoesElementContainOptionalElementCollections() const
+{
+    for (CElementInfo** element = GetClassElementInfo(); *element; ++element) {
+        if (!dynamic_cast<const CElementInfoChoiceCol*>(*element)) continue;
+        OrvexVariant value;
+        ReadProperty((*element)->GetPropertyIndex(), value);
+        CSmartPtr<CXmlCollectionBase> collection = value.GetXmlCollection();
+        if (!collection.IsNull() && collection->GetMinOccurs() == 0) return true;
+    }
+    return false;
+}
+
+// ---------------------------------------------------------------------------
+// Reading
+
+CXmlElement* CXmlGeneratedClass::FromXml_Int(CXmlElement* element, CXmlElement* firstChild,
+                                             const CXmlSerializationContext& context, bool isOptional)
+{
+    try {
+        return FromXmlBody(element, firstChild, context, isOptional);
+    } catch (const COrvexException& e) {
+        throw COrvexValidationException(
+            FormatString("Failed to process the element [%s]", element ? element->GetLocalName().c_str() : ""), e);
+    }
+}
+
+CXmlElement* CXmlGeneratedClass::FromXmlBody(CXmlElement* element, CXmlElement* firstChild,
+                                             const CXmlSerializationContext& context, bool isOptional)
+{
+    Init();
+    // Every walk below reads the element; a tree without one has nothing to give.
+    if (!element) throw COrvexException("Invalid or empty XML document");
+    const CParentElementInfo* info = GetClassInfo();
+    const XmlElementType type = info->GetElementType();
+    if (type == ElementType_Element) SetElementName(element->GetLocalName().c_str());
+
+    ProcessAttributesFromXml(context, element, info->GetFromXmlFailIfAttributeUnknown());
+
+    CXmlElement* next;
+    switch (info->GetElementGroupType()) {
+        case ElementGroup_Sequence:
+            next = ProcessElementSeqFromXml(context, element, firstChild, type);
+            break;
+        case ElementGroup_Choice:
+            next = ProcessElementChoiceFromXml(context, element, firstChild, type, isOptional);
+            break;
+        case ElementGroup_All:
+            next = ProcessElementAllFromXml(context, element, firstChild, type);
+            break;
+        default:
+            throw COrvexException("Unknow Group Type");
+    }
+
+    const int textIndex = info->GetElementTextPropertyIndex();
+    if (textIndex != -1) {
+        OrvexVariant value;
+        value.SetString(element->GetText());
+        AccessProperty(textIndex, false, value);
+    }
+    return next;
+}
+
+void CXmlGeneratedClass::ProcessAttributesFromXml(const CXmlSerializationContext& context, CXmlElement* element,
+                                                  bool failIfAttributeUnknown)
+{
+    CAttributeInfo** descriptors = GetClassAttributeInfo();
+    const int count = GetClassAttributeInfoCount();
+    std::vector<char> seen(static_cast<std::size_t>(count), 0);
+
+    for (CXmlAttribute* attribute : element->GetAttributes()) {
+        if (attribute->IsNamespaceAttribute()) continue;
+        bool taken = false;
+        for (int i = 0; i < count && !taken; ++i) {
+            if (descriptors[i]->AttributeFromXml(context, this, attribute)) {
+                seen[static_cast<std::size_t>(i)] = 1;
+                taken = true;
+            }
+        }
+        if (!taken && failIfAttributeUnknown && !context.GetIgnoreUnknownAttributes())
+            throw COrvexValidationException(
+                FormatString("Unexpected Attribute [%s] found.", attribute->GetLocalName().c_str()));
+    }
+
+    for (int i = 0; i < count; ++i) descriptors[i]->Validate(context, seen[static_cast<std::size_t>(i)] != 0);
+}
+
+CXmlElement* CXmlGeneratedClass::ProcessElementSeqFromXml(const CXmlSerializationContext& context,
+                                                          CXmlElement* parent, CXmlElement* current,
+                                                          XmlElementType type)
+{
+    CXmlElement* const start = current;
+    CElementInfo** elements = GetClassElementInfo();
+    const std::string parentNamespace = GetNamespace();
+    for (int i = 0; elements[i];) {
+        if (elements[i]->ElementFromXml(context, this, parent, &current, parentNamespace.c_str(), type)) {
+            ++i;
+            continue;
+        }
+        if (!context.GetIgnoreUnknownElements() || !current) return start;
+        current = current->GetNextSiblingElement();
+    }
+    if (type != ElementType_Element || !current || context.GetIgnoreUnknownElements()) return current;
+    throw COrvexValidationException(
+        FormatString(kUnexpectedElement, parent->GetLocalName().c_str(), current->GetLocalName().c_str()));
+}
+
+CXmlElement* CXmlGeneratedClass::ProcessElementAllFromXml(const CXmlSerializationContext& context,
+                                                          CXmlElement* parent, CXmlElement* current,
+                                                          XmlElementType type)
+{
+    CXmlElement* const start = current;
+    CElementInfo** elements = GetClassElementInfo();
+    const int count = GetClassElementInfoCount();
+    std::vector<char> seen(static_cast<std::size_t>(count), 0);
+    const std::string parentNamespace = GetNamespace();
+
+    bool moved = true;
+    while (current && moved) {
+        CXmlElement* const before = current;
+        for (int i = 0; i < count; ++i) {
+            if (seen[static_cast<std::size_t>(i)]) continue;
+            seen[static_cast<std::size_t>(i)] =
+                elements[i]->ElementFromXml(context, this, parent, &current, parentNamespace.c_str(), type) ? 1 : 0;
+        }
+        moved = current != before;
+    }
+
+    for (int i = 0; i < count; ++i)
+        if (!elements[i]->Validate(context, this, seen[static_cast<std::size_t>(i)] != 0,
+                                   type == ElementType_Element))
+            return start;
+
+    if (type != ElementType_Element || !current) return current;
+    if (context.GetIgnoreUnknownElements()) return current;
+    throw COrvexValidationException(
+        FormatString(kUnexpectedElement, parent->GetLocalName().c_str(), current->GetLocalName().c_str()));
+}
+
+CXmlElement* CXmlGeneratedClass::ProcessElementChoiceFromXml(const CXmlSerializationContext& context,
+                                                             CXmlElement* parent, CXmlElement* current,
+                                                             XmlElementType type, bool isOptional)
+{
+    CXmlElement* const start = current;
+    CElementInfo** elements = GetClassElementInfo();
+    const std::string parentNamespace = GetNamespace();
+    bool found = false;
+
+    for (;;) {
+        for (CElementInfo** element = elements; *element; ++element) {
+            found = (*element)->ElementFromXml(context, this, parent, &current, parentNamespace.c_str(), type);
+            if (found) break;
+        }
+        if (context.GetIgnoreUnknownElements() && !found && current && type == ElementType_Element) {
+            current = current->GetNextSiblingElement();
+            if (current) continue;
+        }
+        break;
+    }
+
+    if (found || isOptional) {
+        if (type != ElementType_Element) return current;
+    } else {
+        if (type == ElementType_Pseudo) return context.GetIgnoreUnknownElements() ? start : current;
+        if (type != ElementType_Element) return current;
+        if (!DoesElementContainOptionalElementCollections() && !context.GetIgnoreMissingChoice())
+            throw COrvexValidationException(FormatString(
+                "No child elements within the element [%s] were populated. The element represents a choice, so one "
+                "and only one element should be populated. The element contained no sutable child elements",
+                parent->GetLocalName().c_str()));
+    }
+
+    if (!current || context.GetIgnoreUnknownElements()) return current;
+    throw COrvexValidationException(
+        FormatString(kUnexpectedElement, parent->GetLocalName().c_str(), current->GetLocalName().c_str()));
+}
+
+// ---------------------------------------------------------------------------
+// Tables
+
+void CXmlGeneratedClass::ReadProperty(int propertyIndex, OrvexVariant& value) const
+{
+    // Reading does not change the object; the slot is shared with storing.
+    const_cast<CXmlGeneratedClass*>(this)->AccessProperty(propertyIndex, true, value);
+}
+
+bool CXmlGeneratedClass::IsElementInList(const CXmlSerializationContext& context, CXmlElement* element) const
+{
+    for (CElementInfo** descriptor = GetClassElementInfo(); *descriptor; ++descriptor)
+        if ((*descriptor)->IsThisElement(context, element)) return true;
+    return false;
+}
+
+int CXmlGeneratedClass::GetClassElementInfoCount() const
+{
+    int count = 0;
+    for (CElementInfo** element = GetClassElementInfo(); *element; ++element) ++count;
+    return count;
+}
+
+int CXmlGeneratedClass::GetClassAttributeInfoCount() const
+{
+    int count = 0;
+    for (CAttributeInfo** attribute = GetClassAttributeInfo(); *attribute; ++attribute) ++count;
+    return count;
+}
+
+void CXmlGeneratedClass::CleanMetaData(CParentElementInfo*& info, CElementInfo**& elements,
+                                       CAttributeInfo**& attributes)
+{
+    delete info;
+    info = nullptr;
+    if (elements) {
+        for (CElementInfo** element = elements; *element; ++element) delete *element;
+        delete[] elements;
+        elements = nullptr;
+    }
+    if (attributes) {
+        for (CAttributeInfo** attribute = attributes; *attribute; ++attribute) delete *attribute;
+        delete[] attributes;
+        attributes = nullptr;
+    }
+}
+
+}  // namespace OrvexXmlLib5

@@ -1,0 +1,207 @@
+#include "orvexxml/metadata/ElementInfoAll.h"
+
+#include "orvexxml/collections/XmlCollectionBase.h"
+#include "orvexxml/frame/FormatString.h"
+#include "orvexxml/frame/OrvexException.h"
+
+namespace OrvexXmlLib5Data {
+
+COrvexValidationException CElementInfoAll::MissingMandatory(const std::string& name)
+{
+    return COrvexValidationException(FormatString("Failed to find the mandatory element [%s]", name.c_str()));
+}
+
+bool CElementInfoAllCol::ElementToXml(const CXmlSerializationContext& context, const CXmlGeneratedClass* owner,
+                                      CXmlWriter* writer) const
+{
+    return ElementToXmlCol(context, owner, writer);
+}
+
+bool CElementInfoAllCol::Validate(const CXmlSerializationContext& context, const CXmlGeneratedClass* owner, bool,
+                                  bool parentIsElement) const
+{
+    OrvexVariant value;
+    ReadProperty(owner, value);
+    if (context.GetIgnoreInvalidCollectionCounts()) return true;
+    CSmartPtr<CXmlCollectionBase> collection = value.GetXmlCollection();
+    if (collection.IsNull()) return true;
+    try {
+        collection->ValidateCount(context);
+    } catch (const COrvexException& e) {
+        // The count's own class is dropped: the all group reports it as the base class.
+        if (parentIsElement) throw COrvexException(e.GetMessage());
+        return false;
+    }
+    return true;
+}
+
+bool CElementInfoAllAbsClsMnd::ElementToXml(const CXmlSerializationContext& context, const CXmlGeneratedClass* owner,
+                                            CXmlWriter* writer) const
+{
+    return ElementToXmlCls(context, owner, writer, false);
+}
+
+bool CElementInfoAllAbsClsMnd::ElementFromXml(const CXmlSerializationContext&, CXmlGeneratedClass*, CXmlElement*,
+                                              CXmlElement**, const char*, XmlElementType)
+{
+    throw COrvexException("AllAbsClsMndElm.ProcessXml, has not been implemented fully");
+}
+
+bool CElementInfoAllAbsClsMnd::Validate(const CXmlSerializationContext&, const CXmlGeneratedClass*, bool seen,
+                                        bool parentIsElement) const
+{
+    if (seen || !parentIsElement) return seen;
+    throw MissingMandatory(GetElementName());
+}
+
+void CElementInfoAllAbsClsMnd::PseudoChildAttributeToXml(const CXmlSerializationContext& context,
+                                                         const CXmlGeneratedClass* owner, CXmlWriter* writer) const
+{
+    PseudoChildObjectAttributesToXml(context, owner, writer, m_childType);
+}
+
+bool CElementInfoAllAbsClsOpt::ElementToXml(const CXmlSerializationContext& context, const CXmlGeneratedClass* owner,
+                                            CXmlWriter* writer) const
+{
+    return ElementToXmlCls(context, owner, writer, false);
+}
+
+bool CElementInfoAllAbsClsOpt::ElementFromXml(const CXmlSerializationContext&, CXmlGeneratedClass*, CXmlElement*,
+                                              CXmlElement**, const char*, XmlElementType)
+{
+    throw COrvexException("AllAbsClsMndElm.ProcessXml, has not been implemented fully");
+}
+
+bool CElementInfoAllAbsClsOpt::Validate(const CXmlSerializationContext&, const CXmlGeneratedClass*, bool, bool) const
+{
+    return true;
+}
+
+void CElementInfoAllAbsClsOpt::PseudoChildAttributeToXml(const CXmlSerializationContext& context,
+                                                         const CXmlGeneratedClass* owner, CXmlWriter* writer) const
+{
+    PseudoChildObjectAttributesToXml(context, owner, writer, m_childType);
+}
+
+void CElementInfoAllAbsClsCol::PseudoChildAttributeToXml(const CXmlSerializationContext& context,
+                                                         const CXmlGeneratedClass* owner, CXmlWriter* writer) const
+{
+    PseudoChildCollectionAttributesToXml(context, owner, writer, m_childType);
+}
+
+bool CElementInfoAllClsMnd::ElementToXml(const CXmlSerializationContext& context, const CXmlGeneratedClass* owner,
+                                         CXmlWriter* writer) const
+{
+    return ElementToXmlCls(context, owner, writer, false);
+}
+
+bool CElementInfoAllClsMnd::Validate(const CXmlSerializationContext&, const CXmlGeneratedClass*, bool seen,
+                                     bool parentIsElement) const
+{
+    if (seen || !parentIsElement) return seen;
+    if (m_childType != ElementType_Pseudo && !m_mustConsume) return true;
+    throw MissingMandatory(GetElementName());
+}
+
+void CElementInfoAllClsMnd::PseudoChildAttributeToXml(const CXmlSerializationContext& context,
+                                                      const CXmlGeneratedClass* owner, CXmlWriter* writer) const
+{
+    PseudoChildObjectAttributesToXml(context, owner, writer, m_childType);
+}
+
+bool CElementInfoAllClsOpt::ElementToXml(const CXmlSerializationContext& context, const CXmlGeneratedClass* owner,
+                                         CXmlWriter* writer) const
+{
+    return ElementToXmlCls(context, owner, writer, false);
+}
+
+bool CElementInfoAllClsOpt::Validate(const CXmlSerializationContext&, const CXmlGeneratedClass*, bool, bool) const
+{
+    return true;
+}
+
+void CElementInfoAllClsOpt::PseudoChildAttributeToXml(const CXmlSerializationContext& context,
+                                                      const CXmlGeneratedClass* owner, CXmlWriter* writer) const
+{
+    PseudoChildObjectAttributesToXml(context, owner, writer, m_childType);
+}
+
+void CElementInfoAllClsCol::PseudoChildAttributeToXml(const CXmlSerializationContext& context,
+                                                      const CXmlGeneratedClass* owner, CXmlWriter* writer) const
+{
+    PseudoChildCollectionAttributesToXml(context, owner, writer, m_childType);
+}
+
+bool CElementInfoAllEnumMnd::ElementToXml(const CXmlSerializationContext& context, const CXmlGeneratedClass* owner,
+                                          CXmlWriter* writer) const
+{
+    return ElementToXmlEnum(context, owner, writer, m_toString);
+}
+
+bool CElementInfoAllEnumMnd::Validate(const CXmlSerializationContext&, const CXmlGeneratedClass*, bool seen,
+                                      bool parentIsElement) const
+{
+    if (seen || !parentIsElement) return seen;
+    throw MissingMandatory(GetElementName());
+}
+
+bool CElementInfoAllEnumOpt::ElementToXml(const CXmlSerializationContext& context, const CXmlGeneratedClass* owner,
+                                          CXmlWriter* writer) const
+{
+    return ElementToXmlEnumOpt(context, owner, writer, m_toString);
+}
+
+bool CElementInfoAllEnumOpt::Validate(const CXmlSerializationContext&, const CXmlGeneratedClass*, bool, bool) const
+{
+    return true;
+}
+
+bool CElementInfoAllPrimMnd::ElementToXml(const CXmlSerializationContext& context, const CXmlGeneratedClass* owner,
+                                          CXmlWriter* writer) const
+{
+    return ElementToXmlPrim(context, owner, writer);
+}
+
+bool CElementInfoAllPrimMnd::Validate(const CXmlSerializationContext&, const CXmlGeneratedClass*, bool seen,
+                                      bool parentIsElement) const
+{
+    if (seen || !parentIsElement) return seen;
+    throw MissingMandatory(GetElementName());
+}
+
+bool CElementInfoAllPrimOpt::ElementToXml(const CXmlSerializationContext& context, const CXmlGeneratedClass* owner,
+                                          CXmlWriter* writer) const
+{
+    return ElementToXmlPrimOpt(context, owner, writer);
+}
+
+bool CElementInfoAllPrimOpt::Validate(const CXmlSerializationContext&, const CXmlGeneratedClass*, bool, bool) const
+{
+    return true;
+}
+
+bool CElementInfoAllUntpdMnd::ElementToXml(const CXmlSerializationContext& context, const CXmlGeneratedClass* owner,
+                                           CXmlWriter* writer) const
+{
+    return ElementToXmlCls(context, owner, writer, false);
+}
+
+bool CElementInfoAllUntpdMnd::Validate(const CXmlSerializationContext&, const CXmlGeneratedClass*, bool seen,
+                                       bool parentIsElement) const
+{
+    if (seen || !parentIsElement) return seen;
+    throw MissingMandatory(GetElementName());
+}
+
+bool CElementInfoAllUntpdOpt::ElementToXml(const CXmlSerializationContext& context, const CXmlGeneratedClass* owner,
+                                           CXmlWriter* writer) const
+{
+    return ElementToXmlCls(context, owner, writer, false);
+}
+
+bool CElementInfoAllUntpdOpt::Validate(const CXmlSerializationContext&, const CXmlGeneratedClass*, bool, bool) const
+{
+    return true;
+}
+
+}  // namespace OrvexXmlLib5Data

@@ -1,0 +1,320 @@
+// The descriptors of the children of an xs:all class, one class per kind and
+// occurrence. A cell without its own ElementFromXml cannot be constructed yet; an
+// abstract child in an xs:all group is written but never read.
+#pragma once
+
+#include <string>
+
+#include "orvexxml/metadata/ElementInfo.h"
+#include "orvexxml/frame/OrvexException.h"
+
+namespace OrvexXmlLib5Data {
+
+// Base of the descriptors of an xs:all class; all three group operations stay
+// with the members.
+class CElementInfoAll : public CElementInfo
+{
+protected:
+    CElementInfoAll(const char* name, const char* namespaceUri, int propertyIndex)
+        : CElementInfo(name, namespaceUri, propertyIndex)
+    {
+    }
+    CElementInfoAll(const char* name, const char* namespaceUri, int propertyIndex, ItemType itemType,
+                    const char* format, CWhitespaceUtils::WhitespaceRule rule,
+                    const CPrimitiveRestrictions& restrictions)
+        : CElementInfo(name, namespaceUri, propertyIndex, itemType, format, rule, restrictions)
+    {
+    }
+    // Fails with COrvexValidationException "Failed to find the mandatory element [%s]".
+    static COrvexValidationException MissingMandatory(const std::string& name);
+};
+
+// Base of the repeating members: the collection in the property writes its items
+// and is tested for its count once the group has been read.
+class CElementInfoAllCol : public CElementInfoAll
+{
+public:
+    CElementInfoAllCol(const char* name, const char* namespaceUri, int propertyIndex)
+        : CElementInfoAll(name, namespaceUri, propertyIndex)
+    {
+    }
+    bool ElementToXml(const CXmlSerializationContext& context, const CXmlGeneratedClass* owner,
+                      CXmlWriter* writer) const override;
+    // A count out of bounds fails as COrvexException with the count's text when the
+    // owner is a real element, and gives false otherwise.
+    bool Validate(const CXmlSerializationContext& context, const CXmlGeneratedClass* owner, bool seen,
+                  bool parentIsElement) const override;
+};
+
+// Open in all three group operations.
+class CElementInfoAllNonCol : public CElementInfoAll
+{
+public:
+    CElementInfoAllNonCol(const char* name, const char* namespaceUri, int propertyIndex)
+        : CElementInfoAll(name, namespaceUri, propertyIndex)
+    {
+    }
+};
+
+class CElementInfoAllAbsClsMnd : public CElementInfoAll
+{
+public:
+    CElementInfoAllAbsClsMnd(const char* name, const char* namespaceUri, int propertyIndex, XmlElementType childType,
+                             ElementFactoryFn factory, int classId)
+        : CElementInfoAll(name, namespaceUri, propertyIndex),
+          m_childType(childType),
+          m_factory(factory),
+          m_classId(classId)
+    {
+    }
+    bool ElementToXml(const CXmlSerializationContext& context, const CXmlGeneratedClass* owner,
+                      CXmlWriter* writer) const override;
+    // Fails: an abstract child of xs:all is written but never read.
+    bool ElementFromXml(const CXmlSerializationContext& context, CXmlGeneratedClass* owner, CXmlElement* parent,
+                        CXmlElement** current, const char* parentNamespace, XmlElementType parentType) override;
+    bool Validate(const CXmlSerializationContext& context, const CXmlGeneratedClass* owner, bool seen,
+                  bool parentIsElement) const override;
+    void PseudoChildAttributeToXml(const CXmlSerializationContext& context, const CXmlGeneratedClass* owner,
+                                   CXmlWriter* writer) const override;
+
+protected:
+    XmlElementType m_childType;
+    ElementFactoryFn m_factory;
+    int m_classId;
+};
+
+class CElementInfoAllAbsClsOpt : public CElementInfoAll
+{
+public:
+    CElementInfoAllAbsClsOpt(const char* name, const char* namespaceUri, int propertyIndex, XmlElementType childType,
+                             ElementFactoryFn factory)
+        : CElementInfoAll(name, namespaceUri, propertyIndex), m_childType(childType), m_factory(factory)
+    {
+    }
+    bool ElementToXml(const CXmlSerializationContext& context, const CXmlGeneratedClass* owner,
+                      CXmlWriter* writer) const override;
+    // Fails: an abstract child of xs:all is written but never read.
+    bool ElementFromXml(const CXmlSerializationContext& context, CXmlGeneratedClass* owner, CXmlElement* parent,
+                        CXmlElement** current, const char* parentNamespace, XmlElementType parentType) override;
+    bool Validate(const CXmlSerializationContext& context, const CXmlGeneratedClass* owner, bool seen,
+                  bool parentIsElement) const override;
+    void PseudoChildAttributeToXml(const CXmlSerializationContext& context, const CXmlGeneratedClass* owner,
+                                   CXmlWriter* writer) const override;
+
+protected:
+    XmlElementType m_childType;
+    ElementFactoryFn m_factory;
+};
+
+class CElementInfoAllAbsClsCol : public CElementInfoAllCol
+{
+public:
+    CElementInfoAllAbsClsCol(const char* name, const char* namespaceUri, int propertyIndex, XmlElementType childType)
+        : CElementInfoAllCol(name, namespaceUri, propertyIndex), m_childType(childType)
+    {
+    }
+    void PseudoChildAttributeToXml(const CXmlSerializationContext& context, const CXmlGeneratedClass* owner,
+                                   CXmlWriter* writer) const override;
+
+protected:
+    XmlElementType m_childType;
+};
+
+class CElementInfoAllClsMnd : public CElementInfoAll
+{
+public:
+    CElementInfoAllClsMnd(const char* name, const char* namespaceUri, int propertyIndex, XmlElementType childType,
+                          ClassFactoryFn factory, int classId, bool mustConsume)
+        : CElementInfoAll(name, namespaceUri, propertyIndex),
+          m_childType(childType),
+          m_factory(factory),
+          m_classId(classId),
+          m_mustConsume(mustConsume)
+    {
+    }
+    bool ElementToXml(const CXmlSerializationContext& context, const CXmlGeneratedClass* owner,
+                      CXmlWriter* writer) const override;
+    bool Validate(const CXmlSerializationContext& context, const CXmlGeneratedClass* owner, bool seen,
+                  bool parentIsElement) const override;
+    void PseudoChildAttributeToXml(const CXmlSerializationContext& context, const CXmlGeneratedClass* owner,
+                                   CXmlWriter* writer) const override;
+
+protected:
+    XmlElementType m_childType;
+    ClassFactoryFn m_factory;
+    int m_classId;
+    bool m_mustConsume;
+};
+
+class CElementInfoAllClsOpt : public CElementInfoAll
+{
+public:
+    CElementInfoAllClsOpt(const char* name, const char* namespaceUri, int propertyIndex, XmlElementType childType,
+                          ClassFactoryFn factory, int classId)
+        : CElementInfoAll(name, namespaceUri, propertyIndex),
+          m_childType(childType),
+          m_factory(factory),
+          m_classId(classId)
+    {
+    }
+    bool ElementToXml(const CXmlSerializationContext& context, const CXmlGeneratedClass* owner,
+                      CXmlWriter* writer) const override;
+    bool Validate(const CXmlSerializationContext& context, const CXmlGeneratedClass* owner, bool seen,
+                  bool parentIsElement) const override;
+    void PseudoChildAttributeToXml(const CXmlSerializationContext& context, const CXmlGeneratedClass* owner,
+                                   CXmlWriter* writer) const override;
+
+protected:
+    XmlElementType m_childType;
+    ClassFactoryFn m_factory;
+    int m_classId;
+};
+
+class CElementInfoAllClsCol : public CElementInfoAllCol
+{
+public:
+    CElementInfoAllClsCol(const char* name, const char* namespaceUri, int propertyIndex, XmlElementType childType)
+        : CElementInfoAllCol(name, namespaceUri, propertyIndex), m_childType(childType)
+    {
+    }
+    void PseudoChildAttributeToXml(const CXmlSerializationContext& context, const CXmlGeneratedClass* owner,
+                                   CXmlWriter* writer) const override;
+
+protected:
+    XmlElementType m_childType;
+};
+
+class CElementInfoAllEnumMnd : public CElementInfoAll
+{
+public:
+    CElementInfoAllEnumMnd(const char* name, const char* namespaceUri, int propertyIndex, EnumToStringFn toString,
+                           EnumFromStringFn fromString)
+        : CElementInfoAll(name, namespaceUri, propertyIndex), m_toString(toString), m_fromString(fromString)
+    {
+    }
+    bool ElementToXml(const CXmlSerializationContext& context, const CXmlGeneratedClass* owner,
+                      CXmlWriter* writer) const override;
+    bool Validate(const CXmlSerializationContext& context, const CXmlGeneratedClass* owner, bool seen,
+                  bool parentIsElement) const override;
+
+protected:
+    EnumToStringFn m_toString;
+    EnumFromStringFn m_fromString;
+};
+
+class CElementInfoAllEnumOpt : public CElementInfoAll
+{
+public:
+    CElementInfoAllEnumOpt(const char* name, const char* namespaceUri, int propertyIndex, EnumToStringFn toString,
+                           EnumFromStringFn fromString)
+        : CElementInfoAll(name, namespaceUri, propertyIndex), m_toString(toString), m_fromString(fromString)
+    {
+    }
+    bool ElementToXml(const CXmlSerializationContext& context, const CXmlGeneratedClass* owner,
+                      CXmlWriter* writer) const override;
+    bool Validate(const CXmlSerializationContext& context, const CXmlGeneratedClass* owner, bool seen,
+                  bool parentIsElement) const override;
+
+protected:
+    EnumToStringFn m_toString;
+    EnumFromStringFn m_fromString;
+};
+
+class CElementInfoAllEnumCol : public CElementInfoAll
+{
+public:
+    CElementInfoAllEnumCol(const char* name, const char* namespaceUri, int propertyIndex)
+        : CElementInfoAll(name, namespaceUri, propertyIndex)
+    {
+    }
+};
+
+class CElementInfoAllPrimMnd : public CElementInfoAll
+{
+public:
+    CElementInfoAllPrimMnd(const char* name, const char* namespaceUri, int propertyIndex, ItemType itemType,
+                           const char* format, CWhitespaceUtils::WhitespaceRule rule,
+                           const CPrimitiveRestrictions& restrictions)
+        : CElementInfoAll(name, namespaceUri, propertyIndex, itemType, format, rule, restrictions)
+    {
+    }
+    bool ElementToXml(const CXmlSerializationContext& context, const CXmlGeneratedClass* owner,
+                      CXmlWriter* writer) const override;
+    bool Validate(const CXmlSerializationContext& context, const CXmlGeneratedClass* owner, bool seen,
+                  bool parentIsElement) const override;
+};
+
+class CElementInfoAllPrimOpt : public CElementInfoAll
+{
+public:
+    CElementInfoAllPrimOpt(const char* name, const char* namespaceUri, int propertyIndex, ItemType itemType,
+                           const char* format, CWhitespaceUtils::WhitespaceRule rule,
+                           const CPrimitiveRestrictions& restrictions)
+        : CElementInfoAll(name, namespaceUri, propertyIndex, itemType, format, rule, restrictions)
+    {
+    }
+    bool ElementToXml(const CXmlSerializationContext& context, const CXmlGeneratedClass* owner,
+                      CXmlWriter* writer) const override;
+    bool Validate(const CXmlSerializationContext& context, const CXmlGeneratedClass* owner, bool seen,
+                  bool parentIsElement) const override;
+};
+
+class CElementInfoAllPrimCol : public CElementInfoAllCol
+{
+public:
+    CElementInfoAllPrimCol(const char* name, const char* namespaceUri, int propertyIndex)
+        : CElementInfoAllCol(name, namespaceUri, propertyIndex)
+    {
+    }
+};
+
+class CElementInfoAllUntpdMnd : public CElementInfoAll
+{
+public:
+    CElementInfoAllUntpdMnd(const char* name, const char* namespaceUri, int propertyIndex,
+                            const char* namespaceConstraint, const char* targetNamespace)
+        : CElementInfoAll(name, namespaceUri, propertyIndex),
+          m_namespaceConstraint(namespaceConstraint ? namespaceConstraint : ""),
+          m_targetNamespace(targetNamespace ? targetNamespace : "")
+    {
+    }
+    bool ElementToXml(const CXmlSerializationContext& context, const CXmlGeneratedClass* owner,
+                      CXmlWriter* writer) const override;
+    bool Validate(const CXmlSerializationContext& context, const CXmlGeneratedClass* owner, bool seen,
+                  bool parentIsElement) const override;
+
+protected:
+    std::string m_namespaceConstraint;
+    std::string m_targetNamespace;
+};
+
+class CElementInfoAllUntpdOpt : public CElementInfoAll
+{
+public:
+    CElementInfoAllUntpdOpt(const char* name, const char* namespaceUri, int propertyIndex,
+                            const char* namespaceConstraint, const char* targetNamespace)
+        : CElementInfoAll(name, namespaceUri, propertyIndex),
+          m_namespaceConstraint(namespaceConstraint ? namespaceConstraint : ""),
+          m_targetNamespace(targetNamespace ? targetNamespace : "")
+    {
+    }
+    bool ElementToXml(const CXmlSerializationContext& context, const CXmlGeneratedClass* owner,
+                      CXmlWriter* writer) const override;
+    bool Validate(const CXmlSerializationContext& context, const CXmlGeneratedClass* owner, bool seen,
+                  bool parentIsElement) const override;
+
+protected:
+    std::string m_namespaceConstraint;
+    std::string m_targetNamespace;
+};
+
+class CElementInfoAllUntpdCol : public CElementInfoAllCol
+{
+public:
+    CElementInfoAllUntpdCol(const char* name, const char* namespaceUri, int propertyIndex)
+        : CElementInfoAllCol(name, namespaceUri, propertyIndex)
+    {
+    }
+};
+
+}  // namespace OrvexXmlLib5Data

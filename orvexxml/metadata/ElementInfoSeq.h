@@ -1,0 +1,284 @@
+// The descriptors of the children of an xs:sequence class, one class per kind and
+// occurrence. A cell without its own ElementFromXml cannot be constructed yet.
+#pragma once
+
+#include <string>
+
+#include "orvexxml/metadata/ElementInfo.h"
+
+namespace OrvexXmlLib5Data {
+
+// Base of the descriptors of an xs:sequence class. Validate is never called by
+// the sequence walk and fails when it is.
+class CElementInfoSeq : public CElementInfo
+{
+public:
+    CElementInfoSeq(const char* name, const char* namespaceUri, int propertyIndex)
+        : CElementInfo(name, namespaceUri, propertyIndex)
+    {
+    }
+    CElementInfoSeq(const char* name, const char* namespaceUri, int propertyIndex, ItemType itemType,
+                    const char* format, CWhitespaceUtils::WhitespaceRule rule,
+                    const CPrimitiveRestrictions& restrictions)
+        : CElementInfo(name, namespaceUri, propertyIndex, itemType, format, rule, restrictions)
+    {
+    }
+    // Fails with COrvexException "Not implemented, should never be called".
+    bool Validate(const CXmlSerializationContext& context, const CXmlGeneratedClass* owner, bool seen,
+                  bool parentIsElement) const override;
+};
+
+// Base of the repeating members: the collection in the property writes its items.
+class CElementInfoSeqCol : public CElementInfoSeq
+{
+public:
+    CElementInfoSeqCol(const char* name, const char* namespaceUri, int propertyIndex)
+        : CElementInfoSeq(name, namespaceUri, propertyIndex)
+    {
+    }
+    bool ElementToXml(const CXmlSerializationContext& context, const CXmlGeneratedClass* owner,
+                      CXmlWriter* writer) const override;
+};
+
+// A non-repeating member whose writing and reading the generated code supplies.
+class CElementInfoSeqNonCol : public CElementInfoSeq
+{
+public:
+    CElementInfoSeqNonCol(const char* name, const char* namespaceUri, int propertyIndex)
+        : CElementInfoSeq(name, namespaceUri, propertyIndex)
+    {
+    }
+};
+
+class CElementInfoSeqAbsClsMnd : public CElementInfoSeq
+{
+public:
+    CElementInfoSeqAbsClsMnd(const char* name, const char* namespaceUri, int propertyIndex, XmlElementType childType,
+                             ElementFactoryFn factory)
+        : CElementInfoSeq(name, namespaceUri, propertyIndex), m_childType(childType), m_factory(factory)
+    {
+    }
+    bool ElementToXml(const CXmlSerializationContext& context, const CXmlGeneratedClass* owner,
+                      CXmlWriter* writer) const override;
+    void PseudoChildAttributeToXml(const CXmlSerializationContext& context, const CXmlGeneratedClass* owner,
+                                   CXmlWriter* writer) const override;
+
+protected:
+    XmlElementType m_childType;
+    ElementFactoryFn m_factory;
+};
+
+class CElementInfoSeqAbsClsOpt : public CElementInfoSeq
+{
+public:
+    CElementInfoSeqAbsClsOpt(const char* name, const char* namespaceUri, int propertyIndex, XmlElementType childType,
+                             ElementFactoryFn factory)
+        : CElementInfoSeq(name, namespaceUri, propertyIndex), m_childType(childType), m_factory(factory)
+    {
+    }
+    bool ElementToXml(const CXmlSerializationContext& context, const CXmlGeneratedClass* owner,
+                      CXmlWriter* writer) const override;
+    void PseudoChildAttributeToXml(const CXmlSerializationContext& context, const CXmlGeneratedClass* owner,
+                                   CXmlWriter* writer) const override;
+
+protected:
+    XmlElementType m_childType;
+    ElementFactoryFn m_factory;
+};
+
+class CElementInfoSeqAbsClsCol : public CElementInfoSeqCol
+{
+public:
+    CElementInfoSeqAbsClsCol(const char* name, const char* namespaceUri, int propertyIndex, XmlElementType childType)
+        : CElementInfoSeqCol(name, namespaceUri, propertyIndex), m_childType(childType)
+    {
+    }
+    void PseudoChildAttributeToXml(const CXmlSerializationContext& context, const CXmlGeneratedClass* owner,
+                                   CXmlWriter* writer) const override;
+
+protected:
+    XmlElementType m_childType;
+};
+
+class CElementInfoSeqClsMnd : public CElementInfoSeq
+{
+public:
+    CElementInfoSeqClsMnd(const char* name, const char* namespaceUri, int propertyIndex, XmlElementType childType,
+                          ClassFactoryFn factory, int classId, bool mustConsume)
+        : CElementInfoSeq(name, namespaceUri, propertyIndex),
+          m_childType(childType),
+          m_factory(factory),
+          m_classId(classId),
+          m_mustConsume(mustConsume)
+    {
+    }
+    bool ElementToXml(const CXmlSerializationContext& context, const CXmlGeneratedClass* owner,
+                      CXmlWriter* writer) const override;
+    void PseudoChildAttributeToXml(const CXmlSerializationContext& context, const CXmlGeneratedClass* owner,
+                                   CXmlWriter* writer) const override;
+
+protected:
+    XmlElementType m_childType;
+    ClassFactoryFn m_factory;
+    int m_classId;
+    bool m_mustConsume;
+};
+
+class CElementInfoSeqClsOpt : public CElementInfoSeq
+{
+public:
+    CElementInfoSeqClsOpt(const char* name, const char* namespaceUri, int propertyIndex, XmlElementType childType,
+                          ClassFactoryFn factory, int classId)
+        : CElementInfoSeq(name, namespaceUri, propertyIndex),
+          m_childType(childType),
+          m_factory(factory),
+          m_classId(classId)
+    {
+    }
+    bool ElementToXml(const CXmlSerializationContext& context, const CXmlGeneratedClass* owner,
+                      CXmlWriter* writer) const override;
+    void PseudoChildAttributeToXml(const CXmlSerializationContext& context, const CXmlGeneratedClass* owner,
+                                   CXmlWriter* writer) const override;
+
+protected:
+    XmlElementType m_childType;
+    ClassFactoryFn m_factory;
+    int m_classId;
+};
+
+class CElementInfoSeqClsCol : public CElementInfoSeqCol
+{
+public:
+    CElementInfoSeqClsCol(const char* name, const char* namespaceUri, int propertyIndex, XmlElementType childType)
+        : CElementInfoSeqCol(name, namespaceUri, propertyIndex), m_childType(childType)
+    {
+    }
+    void PseudoChildAttributeToXml(const CXmlSerializationContext& context, const CXmlGeneratedClass* owner,
+                                   CXmlWriter* writer) const override;
+
+protected:
+    XmlElementType m_childType;
+};
+
+class CElementInfoSeqEnumMnd : public CElementInfoSeq
+{
+public:
+    CElementInfoSeqEnumMnd(const char* name, const char* namespaceUri, int propertyIndex, EnumToStringFn toString,
+                           EnumFromStringFn fromString)
+        : CElementInfoSeq(name, namespaceUri, propertyIndex), m_toString(toString), m_fromString(fromString)
+    {
+    }
+    bool ElementToXml(const CXmlSerializationContext& context, const CXmlGeneratedClass* owner,
+                      CXmlWriter* writer) const override;
+
+protected:
+    EnumToStringFn m_toString;
+    EnumFromStringFn m_fromString;
+};
+
+class CElementInfoSeqEnumOpt : public CElementInfoSeq
+{
+public:
+    CElementInfoSeqEnumOpt(const char* name, const char* namespaceUri, int propertyIndex, EnumToStringFn toString,
+                           EnumFromStringFn fromString)
+        : CElementInfoSeq(name, namespaceUri, propertyIndex), m_toString(toString), m_fromString(fromString)
+    {
+    }
+    bool ElementToXml(const CXmlSerializationContext& context, const CXmlGeneratedClass* owner,
+                      CXmlWriter* writer) const override;
+
+protected:
+    EnumToStringFn m_toString;
+    EnumFromStringFn m_fromString;
+};
+
+class CElementInfoSeqEnumCol : public CElementInfoSeqCol
+{
+public:
+    CElementInfoSeqEnumCol(const char* name, const char* namespaceUri, int propertyIndex)
+        : CElementInfoSeqCol(name, namespaceUri, propertyIndex)
+    {
+    }
+};
+
+class CElementInfoSeqPrimMnd : public CElementInfoSeq
+{
+public:
+    CElementInfoSeqPrimMnd(const char* name, const char* namespaceUri, int propertyIndex, ItemType itemType,
+                           const char* format, CWhitespaceUtils::WhitespaceRule rule,
+                           const CPrimitiveRestrictions& restrictions)
+        : CElementInfoSeq(name, namespaceUri, propertyIndex, itemType, format, rule, restrictions)
+    {
+    }
+    bool ElementToXml(const CXmlSerializationContext& context, const CXmlGeneratedClass* owner,
+                      CXmlWriter* writer) const override;
+};
+
+class CElementInfoSeqPrimOpt : public CElementInfoSeq
+{
+public:
+    CElementInfoSeqPrimOpt(const char* name, const char* namespaceUri, int propertyIndex, ItemType itemType,
+                           const char* format, CWhitespaceUtils::WhitespaceRule rule,
+                           const CPrimitiveRestrictions& restrictions)
+        : CElementInfoSeq(name, namespaceUri, propertyIndex, itemType, format, rule, restrictions)
+    {
+    }
+    bool ElementToXml(const CXmlSerializationContext& context, const CXmlGeneratedClass* owner,
+                      CXmlWriter* writer) const override;
+};
+
+class CElementInfoSeqPrimCol : public CElementInfoSeqCol
+{
+public:
+    CElementInfoSeqPrimCol(const char* name, const char* namespaceUri, int propertyIndex)
+        : CElementInfoSeqCol(name, namespaceUri, propertyIndex)
+    {
+    }
+};
+
+class CElementInfoSeqUntpdMnd : public CElementInfoSeq
+{
+public:
+    CElementInfoSeqUntpdMnd(const char* name, const char* namespaceUri, int propertyIndex,
+                            const char* namespaceConstraint, const char* targetNamespace)
+        : CElementInfoSeq(name, namespaceUri, propertyIndex),
+          m_namespaceConstraint(namespaceConstraint ? namespaceConstraint : ""),
+          m_targetNamespace(targetNamespace ? targetNamespace : "")
+    {
+    }
+    bool ElementToXml(const CXmlSerializationContext& context, const CXmlGeneratedClass* owner,
+                      CXmlWriter* writer) const override;
+
+protected:
+    std::string m_namespaceConstraint;
+    std::string m_targetNamespace;
+};
+
+class CElementInfoSeqUntpdOpt : public CElementInfoSeq
+{
+public:
+    CElementInfoSeqUntpdOpt(const char* name, const char* namespaceUri, int propertyIndex,
+                            const char* namespaceConstraint, const char* targetNamespace)
+        : CElementInfoSeq(name, namespaceUri, propertyIndex),
+          m_namespaceConstraint(namespaceConstraint ? namespaceConstraint : ""),
+          m_targetNamespace(targetNamespace ? targetNamespace : "")
+    {
+    }
+    bool ElementToXml(const CXmlSerializationContext& context, const CXmlGeneratedClass* owner,
+                      CXmlWriter* writer) const override;
+
+protected:
+    std::string m_namespaceConstraint;
+    std::string m_targetNamespace;
+};
+
+class CElementInfoSeqUntpdCol : public CElementInfoSeqCol
+{
+public:
+    CElementInfoSeqUntpdCol(const char* name, const char* namespaceUri, int propertyIndex)
+        : CElementInfoSeqCol(name, namespaceUri, propertyIndex)
+    {
+    }
+};
+
+}  // namespace OrvexXmlLib5Data

@@ -1,0 +1,214 @@
+// The generator-shaped purchase order read and written through FromXml and ToXml:
+// round trips, chains of failures from the root down, the root's extras.
+#include <gtest/gtest.h>
+
+#include "TestUtil.h"
+#include "examples/binding/Order.h"
+
+using namespace OrvexXmlLib5;
+using namespace OrvexExamples;
+
+namespace {
+
+const char* const kOrderXml =
+    "<o:Order xmlns:o=\"urn:orvex:order\" xmlns:x=\"urn:x\" id=\"42\" status=\"held\" x:flag=\"1\">"
+    "<o:Customer vip=\"true\"><o:Name>Ada</o:Name>"
+    "<o:Address country=\"GB\"><o:Street>1 Way</o:Street><o:City>Leeds</o:City><o:Zip>7</o:Zip></o:Address>"
+    "</o:Customer>"
+    "<o:Line sku=\"A1\"><o:Quantity> 3 </o:Quantity>blue pens</o:Line>"
+    "<o:Line sku=\"B2\">red<o:Quantity>1</o:Quantity> ink</o:Line>"
+    "<o:Note>by noon</o:Note>"
+    "</o:Order>";
+
+const char* const kWritten =
+    "<AA:Order xmlns:AA=\"urn:orvex:order\" id=\"42\" status=\"held\" xmlns:AB=\"urn:x\" AB:flag=\"1\">"
+    "<AA:Customer vip=\"true\"><AA:Name>Ada</AA:Name><AA:Address country=\"GB\"><AA:Street>1 Way</AA:Street>"
+    "<AA:City>Leeds</AA:City><AA:Zip>7</AA:Zip></AA:Address></AA:Customer>"
+    "<AA:Line sku=\"A1\"><AA:Quantity>3</AA:Quantity>blue pens</AA:Line>"
+    "<AA:Line sku=\"B2\"><AA:Quantity>1</AA:Quantity>red ink</AA:Line>"
+    "<AA:Note>by noon</AA:Note></AA:Order>";
+
+// Every level's message, outermost first, then the class of the innermost.
+std::string Chain(const COrvexException& e)
+{
+    const std::string line = e.GetMessage();
+    if (!e.GetInnerException()) return line + (typeid(e) == typeid(COrvexException) ? " (base)" : " (derived)");
+    return line + " / " + Chain(*e.GetInnerException());
+}
+
+template <typename Fn>
+std::string ChainOf(Fn&& fn)
+{
+    try {
+        fn();
+    } catch (const COrvexValidationException& e) {
+        return Chain(e);
+    }
+    return "no failure";
+}
+
+std::string WithReplaced(std::string text, const std::string& from, const std::string& to)
+{
+    text.replace(text.find(from), from.size(), to);
+    return text;
+}
+
+}  // namespace
+
+TEST(OrderBinding, ReadsEveryKindAndWritesTheSameDocumentBack)
+{
+    CSmartPtr<COrder> order = COrder::CreateInstance();
+    order->FromXml(kOrderXml);
+    EXPECT_EQ(42, order->GetId());
+    EXPECT_EQ(OrderStatus_Held, order->GetStatus());
+    ASSERT_EQ(1, order->GetAnyAttributes()->GetCount());
+    EXPECT_EQ("flag", order->GetAnyAttributes()->Item(0)->GetName());
+    EXPECT_TRUE(order->GetCustomer()->GetVip());
+    EXPECT_EQ("Ada", order->GetCustomer()->GetName());
+    CSmartPtr<CAddress> address = order->GetCustomer()->GetAddress();
+    EXPECT_EQ("GB", address->GetCountry());
+    EXPECT_EQ("Leeds", address->GetCity());
+    EXPECT_EQ(7, address->GetZip());
+    ASSERT_EQ(2, order->GetLines()->GetCount());
+    EXPECT_EQ(3, order->GetLines()->Item(0)->GetQuantity());
+    // The text property takes all of the element's direct text, around the child.
+    EXPECT_EQ("red ink", order->GetLines()->Item(1)->GetDescription());
+    EXPECT_EQ("by noon", order->GetNote());
+
+    const std::string written = order->ToXml(false, false);
+    EXPECT_EQ(kWritten, written);
+    CSmartPtr<COrder> again = COrder::CreateInstance();
+    again->FromXml(written.c_str());
+    EXPECT_EQ(written, again->ToXml(false, false));
+
+    // Reading again into the same object starts over.
+    order->FromXml(WithReplaced(kOrderXml, "<o:Note>by noon</o:Note>", "").c_str());
+    EXPECT_FALSE(order->IsValidNote());
+    EXPECT_EQ(2, order->GetLines()->GetCount());
+}
+
+TEST(OrderBinding, FailuresThreeLevelsDownNameEveryElementOnTheWay)
+{
+    struct Case
+    {
+        const char* from;
+        const char* to;
+        const char* chain;
+    } cases[] = {
+        {"<o:Zip>7</o:Zip>", "<o:Zip>7a</o:Zip>",
+         "Failed to process the element [Order] / Failed to process the element [Customer] / Failed to process the "
+         "element [Address] / The value [7a] can not be converted to a i4 (derived)"},
+        {"<o:City>Leeds</o:City>", "",
+         "Failed to process the element [Order] / Failed to process the element [Customer] / Failed to process the "
+         "element [Address] / Failed to find a required element [City] (derived)"},
+        {"<o:Customer vip=\"true\">", "<o:Customer vip=\"true\" extra=\"1\">",
+         "Failed to process the element [Order] / Failed to process the element [Customer] / Unexpected Attribute "
+         "[extra] found. (derived)"},
+        {"<o:Line sku=\"B2\">", "<o:Line>",
+         "Failed to process the element [Order] / Failed to process the element [Line] / Failed to find the required "
+         "Attribute [sku] (derived)"},
+        {"id=\"42\"", "id=\"42\" o:id=\"1\"",
+         "Failed to process the element [Order] / Invalid namespace [urn:orvex:order]. The namespace must be one of "
+         "[##other] where the target namespace is [urn:orvex:order] (derived)"},
+        {"<o:Note>",
+         "<o:Line sku=\"C\"><o:Quantity>1</o:Quantity></o:Line><o:Line sku=\"D\"><o:Quantity>1</o:Quantity>"
+         "</o:Line><o:Line sku=\"E\"><o:Quantity>1</o:Quantity></o:Line><o:Line sku=\"F\"><o:Quantity>1"
+         "</o:Quantity></o:Line><o:Note>",
+         "Failed to process the element [Order] / The Maximum number of [Line] elements allowed in this collection is "
+         "5 (derived)"},
+        {"</o:Order>", "<o:Extra/></o:Order>",
+         "Failed to process the element [Order] / Failed read all the elements held within the element [Order]. The "
+         "unexpected element [Extra] remains un processed (derived)"},
+    };
+    for (const Case& c : cases) {
+        CSmartPtr<COrder> order = COrder::CreateInstance();
+        const std::string xml = WithReplaced(kOrderXml, c.from, c.to);
+        EXPECT_EQ(c.chain, ChainOf([&] { order->FromXml(xml.c_str()); })) << c.to;
+    }
+}
+
+TEST(OrderBinding, WritingFailuresNameEveryElementOnTheWay)
+{
+    CSmartPtr<COrder> order = COrder::CreateInstance();
+    order->FromXml(kOrderXml);
+    order->GetCustomer()->GetAddress()->SetCountry("gbr");
+    EXPECT_EQ(
+        "Failed to convert the element [Order] to XML / Failed to convert the element [Customer] to XML / "
+        "Failed to convert the element [Address] to XML / Failed to convert attributes to XML / Invalid Value "
+        "for country [gbr] (base)",
+        ChainOf([&] { order->ToXml(); }));
+    order->GetCustomer()->GetAddress()->SetCountry("FR");
+
+    order->GetLines()->Item(0)->SetQuantity(1000);
+    EXPECT_EQ(
+        "Failed to convert the element [Order] to XML / Failed to convert the element [Line] to XML / Invalid "
+        "Value for Quantity [1000] (base)",
+        ChainOf([&] { order->ToXml(); }));
+    order->GetLines()->Item(0)->SetQuantity(1);
+    for (int i = 0; i < 4; ++i) order->GetLines()->Add()->SetSku("more");
+    EXPECT_EQ(
+        "Failed to convert the element [Order] to XML / The Maximum number of [Line] elements allowed in this "
+        "collection is 5 (derived)",
+        ChainOf([&] { order->ToXml(); }));
+    CXmlSerializationContext lenient;
+    lenient.SetIgnoreInvalidCollectionCounts(true);
+    EXPECT_NE(std::string::npos, order->ToXml(false, false, EOL_LF, lenient).find("<AA:Line sku=\"more\">"));
+
+    // An empty collection writes nothing at all, so its minimum is not tested on the way out.
+    order->GetLines()->Clear();
+    EXPECT_EQ(std::string::npos, order->ToXml(false, false).find("Line"));
+}
+
+TEST(OrderBinding, RootExtrasComeOnlyOnTheRoot)
+{
+    CSmartPtr<COrder> order = COrder::CreateInstance();
+    order->FromXml(kOrderXml);
+    order->GetLines()->Remove(1);
+
+    CXmlSerializationContext context;
+    context.GetProcessingInstructions().push_back("<?app one?>");
+    context.GetNamespaceAliases().Add("x", "urn:x");
+    context.GetNamespaceAliases().Add("o", kOrderNamespace);
+    context.GetAdditionalRootAttributes()->Add("root", "r");
+    context.SetInLineSchema("s:schemaLocation=\"urn:orvex:order order.xsd\"");
+    EXPECT_EQ(
+        "<?app one?>\n\n<o:Order xmlns:o=\"urn:orvex:order\" xmlns:x=\"urn:x\" root=\"r\" id=\"42\" "
+        "status=\"held\" x:flag=\"1\" \ns:schemaLocation=\"urn:orvex:order order.xsd\"\n>"
+        "<o:Customer vip=\"true\"><o:Name>Ada</o:Name><o:Address country=\"GB\"><o:Street>1 Way</o:Street>"
+        "<o:City>Leeds</o:City><o:Zip>7</o:Zip></o:Address></o:Customer>"
+        "<o:Line sku=\"A1\"><o:Quantity>3</o:Quantity>blue pens</o:Line>"
+        "<o:Note>by noon</o:Note></o:Order>",
+        order->ToXml(false, false, EOL_LF, context));
+
+    CXmlSerializationContext defaulted;
+    defaulted.SetDefaultNamespaceURI(kOrderNamespace);
+    const std::string written = order->ToXml(false, false, EOL_LF, defaulted);
+    EXPECT_EQ(0u, written.find("<Order xmlns=\"urn:orvex:order\" id=\"42\""));
+    EXPECT_NE(std::string::npos, written.find("<Customer vip=\"true\"><Name>Ada</Name>"));
+}
+
+TEST(OrderBinding, CollectionListenerHearsEveryLineRead)
+{
+    struct CWatcher : CXmlObjectBase
+    {
+        int events = 0;
+        CXmlObjectBase* GetBase() override { return this; }
+        std::string GetTargetNamespace() const override { return ""; }
+        std::string GetNamespace() const override { return ""; }
+        void OnEvent(CXmlObjectBase*, MsgType, void*) override { ++events; }
+        void ToXml_Int(CXmlWriter*, bool, const char*, const CXmlSerializationContext&, bool) const override {}
+        CXmlElement* FromXml_Int(CXmlElement*, CXmlElement* c, const CXmlSerializationContext&, bool) override
+        {
+            return c;
+        }
+    } watcher;
+    CSmartPtr<COrder> order = COrder::CreateInstance();
+    order->GetLines()->AddEventListener(&watcher);
+    order->GetLines()->Add()->SetSku("pre");
+    order->FromXml(kOrderXml);  // Init clears one, the walk adds two
+    EXPECT_EQ(4, watcher.events);
+    std::string skus;
+    for (CLine* line : *order->GetLines()) skus += line->GetSku();
+    EXPECT_EQ("A1B2", skus);
+    order->GetLines()->RemoveEventListener(&watcher);
+}

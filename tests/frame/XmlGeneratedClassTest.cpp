@@ -1,0 +1,315 @@
+// The three walks of a generated class, through FromXml and ToXml: attribute
+// kinds both ways, unknown attributes, pseudo classes, xsi:type, the group walks
+// and the wrapping of failures.
+#include <gtest/gtest.h>
+
+#include "BindingShapes.h"
+#include "TestUtil.h"
+
+using namespace OrvexTest;
+
+namespace {
+
+const char* const kTagHead =
+    "<t:Tag xmlns:t='urn:t' xmlns:k='urn:k' xmlns:x='urn:x' xmlns:y='urn:y' "
+    "xmlns:xsi='http://www.w3.org/2001/XMLSchema-instance' ";
+
+// The message of each level, outermost first, and the class of the innermost.
+std::string Chain(const COrvexException& e)
+{
+    std::string chain;
+    const COrvexException* level = &e;
+    for (; level->GetInnerException(); level = level->GetInnerException()) chain += level->GetMessage() + " / ";
+    return chain + level->GetMessage();
+}
+
+template <typename Fn>
+std::string ChainOf(Fn&& fn)
+{
+    try {
+        fn();
+    } catch (const COrvexValidationException& e) {
+        return Chain(e);
+    } catch (const COrvexException& e) {
+        return "not wrapped: " + Chain(e);
+    }
+    return "no failure";
+}
+
+const COrvexException& Innermost(const COrvexException& e)
+{
+    return e.GetInnerException() ? Innermost(*e.GetInnerException()) : e;
+}
+
+}  // namespace
+
+TEST(GeneratedClassAttributes, AllThreeKindsReadAndWriteBack)
+{
+    CSmartPtr<CTag> tag(new CTag());
+    tag->FromXml((std::string(kTagHead) +
+                  "code=' 7 ' k:kind='closed' x:a='1' y:b='2' xsi:type='t:Tag' xsi:schemaLocation='s'>hi</t:Tag>")
+                     .c_str());
+    EXPECT_EQ(7, tag->code.GetI4());
+    EXPECT_EQ(OrvexExamples::OrderStatus_Closed, tag->kind);
+    ASSERT_EQ(2, tag->extras->GetCount());
+    EXPECT_EQ("urn:y", tag->extras->Item(1)->GetNamespace());
+    EXPECT_EQ("hi", tag->text);
+    EXPECT_EQ(
+        "<AA:Tag xmlns:AA=\"urn:t\" code=\"7\" xmlns:AB=\"urn:k\" AB:kind=\"closed\" xmlns:AC=\"urn:x\" "
+        "AC:a=\"1\" xmlns:AD=\"urn:y\" AD:b=\"2\">hi</AA:Tag>",
+        tag->ToXml(false, false));
+
+    // Reading again starts from Init: the optional attribute is gone, the wildcard
+    // collection holds only the new attributes.
+    tag->FromXml((std::string(kTagHead) + "k:kind='open'/>").c_str());
+    EXPECT_FALSE(tag->code.IsValid());
+    EXPECT_EQ(0, tag->extras->GetCount());
+    EXPECT_EQ("<AA:Tag xmlns:AA=\"urn:t\" xmlns:AB=\"urn:k\" AB:kind=\"open\"/>", tag->ToXml(false, false));
+}
+
+TEST(GeneratedClassAttributes, BadAttributesFailWithTheirOwnTextUnderTheElementLine)
+{
+    struct Case
+    {
+        const char* attributes;
+        const char* chain;
+    } withWildcard[] =
+        {
+            {"code='1'", "Failed to process the element [Tag] / Failed to find the required Attribute [kind]"},
+            {"kind='open'", "Failed to process the element [Tag] / Failed to find the required Attribute [kind]"},
+            {"k:kind='open' code='x1'",
+             "Failed to process the element [Tag] / The value [x1] can not be converted to a i4"},
+            // An attribute in a namespace goes to the wildcard, which refuses it by its
+            // constraint before the unknown-attribute rule is reached.
+            {"k:kind='open' t:c='1'",
+             "Failed to process the element [Tag] / Invalid namespace [urn:t]. The namespace must be one of [urn:x "
+             "urn:y] "
+             "where the target namespace is [urn:t]"},
+            {"k:kind='open' xsi:nil='true'",
+             "Failed to process the element [Tag] / Invalid namespace [http://www.w3.org/2001/XMLSchema-instance]. The "
+             "namespace must be one of [urn:x urn:y] where the target namespace is [urn:t]"},
+        },
+      withoutWildcard[] = {
+          {"bogus='1'", "Failed to process the element [Bag] / Unexpected Attribute [bogus] found."},
+          {"xsi:nil='true'", "Failed to process the element [Bag] / Unexpected Attribute [nil] found."},
+          {"xml:lang='en'", "Failed to process the element [Bag] / Unexpected Attribute [lang] found."},
+          {"xsi:type='t:Bag' xsi:noNamespaceSchemaLocation='n' xmlns:q='urn:q'", "no failure"},
+      };
+    for (const Case& c : withWildcard) {
+        CSmartPtr<CTag> tag(new CTag());
+        const std::string xml = std::string(kTagHead) + c.attributes + "/>";
+        EXPECT_EQ(c.chain, ChainOf([&] { tag->FromXml(xml.c_str()); })) << c.attributes;
+    }
+    for (const Case& c : withoutWildcard) {
+        CSmartPtr<CBag> bag(new CBag());
+        const std::string xml =
+            std::string("<t:Bag xmlns:t='urn:t' xmlns:xsi='http://www.w3.org/2001/XMLSchema-instance' ") +
+            c.attributes + "><t:P>1</t:P></t:Bag>";
+        EXPECT_EQ(c.chain, ChainOf([&] { bag->FromXml(xml.c_str()); })) << c.attributes;
+    }
+    CSmartPtr<CTag> tag(new CTag());
+    try {
+        tag->FromXml((std::string(kTagHead) + "k:kind='open' t:c='1'/>").c_str());
+        FAIL();
+    } catch (const COrvexException& e) {
+        EXPECT_EQ(typeid(COrvexInvalidNamespaceException), typeid(Innermost(e)));
+    }
+}
+
+TEST(GeneratedClassAttributes, UnknownAttributesIgnoredByTheContextOrDroppedByTheClass)
+{
+    CXmlSerializationContext lenient;
+    lenient.SetIgnoreUnknownAttributes(true);
+    CSmartPtr<CBag> bag(new CBag());
+    bag->FromXml(
+        "<Bag xmlns='urn:t' xmlns:xsi='http://www.w3.org/2001/XMLSchema-instance' bogus='1' xsi:nil='1'>"
+        "<P>5</P></Bag>",
+        lenient);
+    EXPECT_EQ(5, bag->p.GetI4());
+
+    // A primitive attribute needs its namespace even when namespaces are ignored;
+    // the class's own flag drops what nobody takes, whatever the context says.
+    CXmlSerializationContext loose;
+    loose.SetIgnoreNamespaces(true);
+    CSmartPtr<CLooseTag> looseTag(new CLooseTag());
+    looseTag->FromXml("<Tag xmlns:k='urn:k' k:code='3' other='1'/>", loose);
+    EXPECT_FALSE(looseTag->code.IsValid());
+    looseTag->FromXml("<Tag code='3' other='1'/>");
+    EXPECT_EQ(3, looseTag->code.GetI4());
+
+    // An enumerated attribute matches by local name alone under ignored namespaces.
+    CSmartPtr<CTag> tag(new CTag());
+    tag->FromXml("<Tag kind='closed'/>", loose);
+    EXPECT_EQ(OrvexExamples::OrderStatus_Closed, tag->kind);
+}
+
+TEST(GeneratedClassAttributes, WritingTestsFacetsAndWrapsTheFailure)
+{
+    CSmartPtr<CTag> tag(new CTag());
+    tag->code.SetI4(101);
+    EXPECT_EQ(
+        "Failed to convert the element [Tag] to XML / Failed to convert attributes to XML / Invalid Value for "
+        "code [101]",
+        ChainOf([&] { tag->ToXml(); }));
+    try {
+        tag->ToXml();
+    } catch (const COrvexException& e) {
+        EXPECT_EQ(typeid(COrvexException), typeid(*e.GetInnerException()));
+    }
+    tag->code.SetI4(100);
+    tag->kind = 2;
+    tag->text = "a<b";
+    EXPECT_EQ("<AA:Tag xmlns:AA=\"urn:t\" code=\"100\" xmlns:AB=\"urn:k\" AB:kind=\"held\">a&lt;b</AA:Tag>",
+              tag->ToXml(false, false));
+}
+
+TEST(GeneratedClassPseudo, PseudoChildReadsInPlaceAndWritesIntoTheHostTag)
+{
+    CSmartPtr<CHost> host(new CHost());
+    host->FromXml("<Item xmlns='urn:t' pa='2' ha='1'><A>a</A><C>3</C><B>b</B></Item>");
+    EXPECT_EQ("a", host->group->a);
+    EXPECT_EQ(3, host->group->c.GetI4());
+    EXPECT_EQ("2", host->group->pa.GetString());
+    EXPECT_EQ("b", host->b.GetString());
+    // Named otherwise than its type, the host tells its type; the pseudo child's
+    // attribute follows the host's own ones.
+    EXPECT_EQ(
+        "<AA:Item xmlns:AA=\"urn:t\" xmlns:AB=\"http://www.w3.org/2001/XMLSchema-instance\" "
+        "AB:type=\"AA:HostType\" ha=\"1\" pa=\"2\"><AA:A>a</AA:A><AA:C>3</AA:C><AA:B>b</AA:B></AA:Item>",
+        host->ToXml(false, false));
+    host->Rename("HostType");
+    EXPECT_EQ(
+        "<AA:HostType xmlns:AA=\"urn:t\" ha=\"1\" pa=\"2\"><AA:A>a</AA:A><AA:C>3</AA:C><AA:B>b</AA:B>"
+        "</AA:HostType>",
+        host->ToXml(false, false));
+}
+
+TEST(GeneratedClassPseudo, MissingPseudoContentFailsOnlyUnderTheRealElement)
+{
+    CSmartPtr<CHost> host(new CHost());
+    EXPECT_EQ("Failed to process the element [Host] / Failed to find a required element [Group]",
+              ChainOf([&] { host->FromXml("<Host xmlns='urn:t'><B>b</B></Host>"); }));
+}
+
+TEST(GeneratedClassSequence, DecliningMemberStopsQuietlyOrSkipsUnknownElements)
+{
+    CSmartPtr<CRun> run(new CRun());
+    run->FromXml("<Run xmlns='urn:t'><a>1</a><x/><b>2</b></Run>");
+    EXPECT_EQ(1, run->a.GetI4());
+    EXPECT_FALSE(run->b.IsValid());
+
+    CXmlSerializationContext skipping;
+    skipping.SetIgnoreUnknownElements(true);
+    run->FromXml("<Run xmlns='urn:t'><a>1</a><x/><y/><b>2</b><z/></Run>", skipping);
+    EXPECT_EQ(2, run->b.GetI4());
+
+    EXPECT_EQ(
+        "Failed to process the element [Run] / Failed read all the elements held within the element [Run]. "
+        "The unexpected element [z] remains un processed",
+        ChainOf([&] { run->FromXml("<Run xmlns='urn:t'><a>1</a><b>2</b><z/></Run>"); }));
+}
+
+TEST(GeneratedClassChoice, EmptyChoiceFailsBothWaysUnlessAllowed)
+{
+    const std::string noChild =
+        "Failed to process the element [Pick] / No child elements within the element [Pick] were populated. The "
+        "element represents a choice, so one and only one element should be populated. The element contained no "
+        "sutable child elements";
+    const std::string noneSet =
+        "Failed to convert the element [Pick] to XML / This element is a choice, and as such "
+        "must have at one (and only one) valid item, currently there are none set";
+    CSmartPtr<CPick> pick(new CPick());
+    EXPECT_EQ(noChild, ChainOf([&] { pick->FromXml("<Pick xmlns='urn:t'/>"); }));
+    EXPECT_EQ(noneSet, ChainOf([&] { pick->ToXml(); }));
+
+    CXmlSerializationContext lenient;
+    lenient.SetIgnoreMissingChoice(true);
+    EXPECT_NO_THROW(pick->FromXml("<Pick xmlns='urn:t'/>", lenient));
+    EXPECT_EQ("<AA:Pick xmlns:AA=\"urn:t\"/>", pick->ToXml(false, false, EOL_LF, lenient));
+
+    // An alternative that may repeat zero times makes the empty choice legal.
+    CSmartPtr<CPick> open(new CPick(0));
+    EXPECT_NO_THROW(open->FromXml("<Pick xmlns='urn:t'/>"));
+    EXPECT_EQ("<AA:Pick xmlns:AA=\"urn:t\"/>", open->ToXml(false, false));
+}
+
+TEST(GeneratedClassChoice, FirstAlternativeWinsAndLeftoversFail)
+{
+    CSmartPtr<CPick> pick(new CPick());
+    pick->FromXml("<Pick xmlns='urn:t'><Y>why</Y></Pick>");
+    EXPECT_EQ("why", pick->y.GetString());
+    EXPECT_FALSE(pick->x.IsValid());
+    pick->x.SetI4(5);
+    EXPECT_EQ("<AA:Pick xmlns:AA=\"urn:t\"><AA:X>5</AA:X></AA:Pick>", pick->ToXml(false, false));
+
+    EXPECT_EQ(
+        "Failed to process the element [Pick] / Failed read all the elements held within the element [Pick]. "
+        "The unexpected element [Y] remains un processed",
+        ChainOf([&] { pick->FromXml("<Pick xmlns='urn:t'><X>1</X><Y>2</Y></Pick>"); }));
+    CXmlSerializationContext skipping;
+    skipping.SetIgnoreUnknownElements(true);
+    pick->FromXml("<Pick xmlns='urn:t'><u/><v/><X>1</X><Y>2</Y></Pick>", skipping);
+    EXPECT_EQ(1, pick->x.GetI4());
+    EXPECT_FALSE(pick->y.IsValid());
+}
+
+TEST(GeneratedClassAll, AnyOrderAndMissingMandatoryFailsAtTheEnd)
+{
+    CSmartPtr<CBag> bag(new CBag());
+    bag->FromXml("<Bag xmlns='urn:t'><Q>q</Q><P>4</P></Bag>");
+    EXPECT_EQ(4, bag->p.GetI4());
+    EXPECT_EQ("q", bag->q.GetString());
+    EXPECT_EQ("<AA:Bag xmlns:AA=\"urn:t\"><AA:P>4</AA:P><AA:Q>q</AA:Q></AA:Bag>", bag->ToXml(false, false));
+
+    EXPECT_EQ("Failed to process the element [Bag] / Failed to find the mandatory element [P]",
+              ChainOf([&] { bag->FromXml("<Bag xmlns='urn:t'><Q>q</Q></Bag>"); }));
+    EXPECT_EQ(
+        "Failed to process the element [Bag] / Failed read all the elements held within the element [Bag]. "
+        "The unexpected element [Q] remains un processed",
+        ChainOf([&] { bag->FromXml("<Bag xmlns='urn:t'><P>1</P><Q>q</Q><Q>r</Q></Bag>"); }));
+
+    // An unknown element ends the walk: what stands behind it stays unread.
+    CXmlSerializationContext skipping;
+    skipping.SetIgnoreUnknownElements(true);
+    bag->FromXml("<Bag xmlns='urn:t'><P>1</P><u/><Q>q</Q></Bag>", skipping);
+    EXPECT_EQ(1, bag->p.GetI4());
+    EXPECT_FALSE(bag->q.IsValid());
+}
+
+TEST(GeneratedClassGroups, UnknownGroupTypeFailsEachWay)
+{
+    CSmartPtr<CBroken> broken(new CBroken());
+    EXPECT_EQ("Failed to process the element [Broken] / Unknow Group Type",
+              ChainOf([&] { broken->FromXml("<Broken/>"); }));
+    EXPECT_EQ("Failed to convert the element [Broken] to XML / Unknown XML Group Type",
+              ChainOf([&] { broken->ToXml(); }));
+}
+
+TEST(GeneratedClassTables, ElementListAndCleanMetaData)
+{
+    CSmartPtr<CPick> pick(new CPick());
+    CXmlDocument doc;
+    doc.LoadXml("<r><Y/><y/></r>");
+    CXmlElement* upper = doc.GetDocumentElement()->GetFirstElement();
+    CXmlSerializationContext loose;
+    loose.SetIgnoreNamespaces(true);
+    EXPECT_FALSE(pick->IsElementInList(CXmlSerializationContext(), upper));
+    EXPECT_TRUE(pick->IsElementInList(loose, upper));
+    EXPECT_FALSE(pick->IsElementInList(loose, upper->GetNextSiblingElement()));
+    EXPECT_FALSE(pick->IsElementInList(loose, nullptr));
+
+    CParentElementInfo* info =
+        new CParentElementInfo(ElementGroup_All, ElementType_Pseudo, "n", "urn:n", 4, false, true);
+    CParentElementInfo copy(*info);
+    EXPECT_EQ(ElementGroup_All, copy.GetElementGroupType());
+    EXPECT_EQ("urn:n", copy.GetElementNamespace());
+    EXPECT_EQ(4, copy.GetElementTextPropertyIndex());
+    CElementInfo** elements = new CElementInfo* [2] {
+        new CChoicePrimReader("X", "", 0, ItemType_i4, nullptr, Rule::Collapse, NoFacets()), nullptr
+    };
+    CAttributeInfo** attributes = nullptr;
+    CPick::CleanMetaData(info, elements, attributes);
+    EXPECT_EQ(nullptr, info);
+    EXPECT_EQ(nullptr, elements);
+    EXPECT_EQ(nullptr, attributes);
+}

@@ -1,0 +1,201 @@
+// The element descriptor base and the cells' shared operations: matching, the
+// namespace of new untyped content, facets, validation of the all group, writing.
+#include <gtest/gtest.h>
+
+#include "../frame/BindingShapes.h"
+#include "TestUtil.h"
+#include "orvexxml/xml/XmlTextWriter.h"
+
+using namespace OrvexTest;
+
+namespace {
+
+// Opens the protected operations of the base for the tests.
+class COpenInfo : public CElementInfoSeqPrimOpt
+{
+public:
+    using CElementInfo::GetAnyDefaultNamespace;
+    using CElementInfo::IsThisElement;
+    using CElementInfoSeqPrimOpt::CElementInfoSeqPrimOpt;
+    bool ElementFromXml(const CXmlSerializationContext&, CXmlGeneratedClass*, CXmlElement*, CXmlElement**, const char*,
+                        XmlElementType) override
+    {
+        return false;
+    }
+};
+
+// A descriptor of the second constructor's fields left unset.
+class CBareInfo : public CElementInfoSeqCol
+{
+public:
+    using CElementInfoSeqCol::CElementInfoSeqCol;
+    bool ElementFromXml(const CXmlSerializationContext&, CXmlGeneratedClass*, CXmlElement*, CXmlElement**, const char*,
+                        XmlElementType) override
+    {
+        return false;
+    }
+};
+
+// A cell that does not read yet, made constructible for its other operations.
+template <typename Cell>
+class CNoRead : public Cell
+{
+public:
+    using Cell::Cell;
+    bool ElementFromXml(const CXmlSerializationContext&, CXmlGeneratedClass*, CXmlElement*, CXmlElement**, const char*,
+                        XmlElementType) override
+    {
+        return false;
+    }
+};
+
+// Writes what one descriptor writes for owner, inside a wrapper element.
+std::string Written(const CElementInfo& info, const CXmlGeneratedClass* owner, bool* result)
+{
+    CXmlTextWriter writer;
+    writer.SetFormatted(false);
+    writer.WriteStartElement("w", "");
+    *result = info.ElementToXml(CXmlSerializationContext(), owner, &writer);
+    writer.WriteEndElement();
+    return writer.GetString();
+}
+
+}  // namespace
+
+TEST(ElementInfo, AnyDefaultNamespaceByConstraint)
+{
+    struct Case
+    {
+        const char* constraint;
+        const char* defaultNamespace;
+        const char* expected;
+    } cases[] = {
+        {"##any", "urn:p", "urn:p"},
+        {"##other", "urn:p", ""},
+        {"##other", "", "DefaultNamespace"},
+        {"##local", "urn:p", ""},
+        {"##targetNamespace", "urn:p", "urn:t"},
+        {"##targetNamespace ##local", "urn:p", "urn:t"},
+        {"##any urn:a", "urn:p", "urn:p"},
+        {"##bogus urn:a", "urn:p", ""},
+        {"urn:a urn:b", "urn:p", ""},
+        {"## ", "urn:p", ""},
+        {"", "urn:p", ""},
+    };
+    for (const Case& c : cases)
+        EXPECT_EQ(c.expected, COpenInfo::GetAnyDefaultNamespace(c.constraint, c.defaultNamespace, "urn:t"))
+            << c.constraint;
+}
+
+TEST(ElementInfo, MatchingByNameAndNamespace)
+{
+    COpenInfo info("e", "urn:e", 0, ItemType_i4, nullptr, Rule::Collapse, NoFacets());
+    CXmlDocument doc;
+    doc.LoadXml("<r xmlns:q='urn:q'><e xmlns='urn:e'/><q:e/><E xmlns='urn:e'/></r>");
+    CXmlElement* exact = doc.GetDocumentElement()->GetFirstElement();
+    CXmlElement* foreign = exact->GetNextSiblingElement();
+    CXmlElement* upper = foreign->GetNextSiblingElement();
+    CXmlSerializationContext strict, loose;
+    loose.SetIgnoreNamespaces(true);
+    EXPECT_TRUE(info.IsThisElement(strict, exact));
+    EXPECT_FALSE(info.IsThisElement(strict, foreign));
+    EXPECT_TRUE(info.IsThisElement(loose, foreign));
+    EXPECT_FALSE(info.IsThisElement(loose, upper));
+    EXPECT_FALSE(info.IsThisElement(loose, nullptr));
+}
+
+TEST(ElementInfo, CheckRestrictionNeedsFacets)
+{
+    OrvexVariant value;
+    value.SetI4(12);
+    CBareInfo bare("n", "", 0);
+    EXPECT_THROW_MSG(bare.CheckRestriction(value), COrvexException, "Cannot CheckRestriction for type: i4");
+    COpenInfo bounded("n", "", 0, ItemType_i4, nullptr, Rule::Collapse,
+                      CPrimitiveRestrictions("", -1, -1, "", "10", "", "", -1));
+    EXPECT_THROW_MSG(bounded.CheckRestriction(value), COrvexException, "Invalid Value for n [12]");
+    COpenInfo copy(bounded);
+    value.SetI4(10);
+    EXPECT_NO_THROW(copy.CheckRestriction(value));
+}
+
+TEST(ElementInfo, ValidateOfSequenceAndChoiceIsNeverExpected)
+{
+    CBag owner;
+    CBareInfo sequence("n", "", 0);
+    CChoicePrimReader choice("n", "", 0, ItemType_i4, nullptr, Rule::Collapse, NoFacets());
+    CXmlSerializationContext context;
+    EXPECT_THROW_MSG(sequence.Validate(context, &owner, true, true), COrvexException,
+                     "Not implemented, should never be called");
+    EXPECT_THROW_MSG(choice.Validate(context, &owner, false, false), COrvexException,
+                     "Not implemented, should never be called");
+}
+
+TEST(ElementInfo, AllGroupValidation)
+{
+    CBag owner;
+    CXmlSerializationContext context;
+    CNoRead<CElementInfoAllClsMnd> plain("c", "", 0, ElementType_Element, nullptr, 0, false);
+    CNoRead<CElementInfoAllClsMnd> consuming("c", "", 0, ElementType_Element, nullptr, 0, true);
+    CNoRead<CElementInfoAllClsMnd> pseudo("c", "", 0, ElementType_Pseudo, nullptr, 0, false);
+    CElementInfoAllAbsClsMnd abstract("a", "", 0, ElementType_Element, nullptr, 3);
+    CElementInfoAllAbsClsOpt optional("o", "", 0, ElementType_Element, nullptr);
+    const char* missingC = "Failed to find the mandatory element [c]";
+
+    EXPECT_TRUE(plain.Validate(context, &owner, false, true));
+    EXPECT_THROW_MSG(consuming.Validate(context, &owner, false, true), COrvexValidationException, missingC);
+    EXPECT_THROW_MSG(pseudo.Validate(context, &owner, false, true), COrvexValidationException, missingC);
+    EXPECT_FALSE(pseudo.Validate(context, &owner, false, false));
+    EXPECT_TRUE(pseudo.Validate(context, &owner, true, true));
+    EXPECT_THROW_MSG(abstract.Validate(context, &owner, false, true), COrvexValidationException,
+                     "Failed to find the mandatory element [a]");
+    EXPECT_TRUE(optional.Validate(context, &owner, false, true));
+
+    // An abstract child in an all group is written but never read.
+    CXmlElement* position = nullptr;
+    EXPECT_THROW_MSG(abstract.ElementFromXml(context, &owner, nullptr, &position, "", ElementType_Element),
+                     COrvexException, "AllAbsClsMndElm.ProcessXml, has not been implemented fully");
+    EXPECT_THROW_MSG(optional.ElementFromXml(context, &owner, nullptr, &position, "", ElementType_Element),
+                     COrvexException, "AllAbsClsMndElm.ProcessXml, has not been implemented fully");
+}
+
+TEST(ElementInfo, AllCollectionCountFailsAsTheBaseClassOnlyUnderAnElement)
+{
+    CPick owner;  // property 2 holds a line collection with at least one item
+    CNoRead<CElementInfoAllClsCol> col("Line", "urn:t", 2, ElementType_Element);
+    CXmlSerializationContext context, lenient;
+    lenient.SetIgnoreInvalidCollectionCounts(true);
+    EXPECT_THROW_MSG(col.Validate(context, &owner, false, true), COrvexException,
+                     "The Minimum number of [Line] elements allowed in this collection is 1");
+    EXPECT_FALSE(col.Validate(context, &owner, false, false));
+    EXPECT_TRUE(col.Validate(lenient, &owner, false, true));
+    owner.lines->Add();
+    EXPECT_TRUE(col.Validate(context, &owner, false, true));
+}
+
+TEST(ElementInfo, SharedWritingOperations)
+{
+    CBag owner;  // P: i4, Q: string
+    CElementInfoSeqPrimMnd* prim = new CTryPrimReader("P", "urn:t", 0, ItemType_i4, nullptr, Rule::Collapse,
+                                                      CPrimitiveRestrictions("", -1, -1, "", "", "", "9", -1));
+    CNoRead<CElementInfoAllEnumOpt> enumerated("E", "", 0, OrvexExamples::OrderStatusToString,
+                                               OrvexExamples::OrderStatusFromString);
+    CNoRead<CElementInfoChoiceClsCol> empty("Line", "urn:t", 2, ElementType_Element);
+    CPick pick;
+    bool result = true;
+
+    // Invalid values write nothing, mandatory or not.
+    EXPECT_EQ("<w/>", Written(*prim, &owner, &result));
+    EXPECT_FALSE(result);
+    EXPECT_EQ("<w/>", Written(enumerated, &owner, &result));
+    EXPECT_FALSE(result);
+    EXPECT_EQ("<w/>", Written(empty, &pick, &result));
+    EXPECT_FALSE(result);
+
+    owner.p.SetI4(2);
+    EXPECT_EQ("<w><AA:P xmlns:AA=\"urn:t\">2</AA:P></w>", Written(*prim, &owner, &result));
+    EXPECT_TRUE(result);
+    EXPECT_EQ("<w><E>closed</E></w>", (owner.p.SetI4(1), Written(enumerated, &owner, &result)));
+    owner.p.SetI4(9);
+    EXPECT_THROW_MSG(Written(*prim, &owner, &result), COrvexException, "Invalid Value for P [9]");
+    delete prim;
+}

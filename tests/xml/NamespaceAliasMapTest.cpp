@@ -1,0 +1,63 @@
+// The caller's prefix table: keyed by URI, walked in URI order.
+#include <gtest/gtest.h>
+
+#include "TestUtil.h"
+#include "orvexxml/frame/XmlSerializationContext.h"
+#include "orvexxml/xml/NamespaceAliasMap.h"
+
+using namespace OrvexXmlLib5;
+
+TEST(NamespaceAliasMap, OneAliasPerNamespaceLastAddWins)
+{
+    CNamespaceAliasMap map;
+    map.Add("a", "urn:1");
+    map.Add("b", "urn:1");
+    EXPECT_EQ(1, map.GetNamespaceCount());
+    EXPECT_EQ("b", map.GetAliasFromNamespace("urn:1"));
+    EXPECT_FALSE(map.DoesAliasExist("a"));
+    EXPECT_TRUE(map.DoesAliasExist("b"));
+}
+
+TEST(NamespaceAliasMap, SharedAliasResolvesToFirstUriInOrder)
+{
+    CNamespaceAliasMap map;
+    map.Add("a", "urn:2");
+    map.Add("a", "urn:1");
+    EXPECT_EQ("urn:1", map.GetNamespaceFromAlias("a"));
+    EXPECT_THROW_MSG(map.GetNamespaceFromAlias("zz"), COrvexException, "Namespace alias [zz] not found");
+}
+
+TEST(NamespaceAliasMap, WalkIsInUriOrderAndIndexBelowZeroGivesFirst)
+{
+    CNamespaceAliasMap map;
+    map.Add("c", "urn:c");
+    map.Add("a", "urn:a");
+    map.Add("b", "urn:b");
+    ASSERT_EQ(3, map.GetNamespaceCount());
+    EXPECT_EQ("urn:a", map.GetNamespaceAt(0));
+    EXPECT_EQ("urn:b", map.GetNamespaceAt(1));
+    EXPECT_EQ("urn:c", map.GetNamespaceAt(2));
+    EXPECT_EQ("urn:a", map.GetNamespaceAt(-4));
+}
+
+TEST(NamespaceAliasMap, UnknownUriLookupLeavesAnEmptyEntry)
+{
+    CNamespaceAliasMap map;
+    EXPECT_EQ("", map.GetAliasFromNamespace("urn:unknown"));
+    EXPECT_TRUE(map.DoesNamespaceExist("urn:unknown"));
+    EXPECT_EQ(1, map.GetNamespaceCount());
+    map.RemoveNamespace("urn:other");
+    EXPECT_EQ(1, map.GetNamespaceCount());
+    map.RemoveNamespace("urn:unknown");
+    EXPECT_EQ(0, map.GetNamespaceCount());
+}
+
+TEST(NamespaceAliasMap, ContextCopiesTheMapByValue)
+{
+    CXmlSerializationContext context;
+    context.GetNamespaceAliases().Add("p", "urn:p");
+    CXmlSerializationContext copy(context);
+    copy.GetNamespaceAliases().Add("q", "urn:q");
+    EXPECT_EQ(1, context.GetNamespaceAliases().GetNamespaceCount());
+    EXPECT_EQ(2, copy.GetNamespaceAliases().GetNamespaceCount());
+}
