@@ -13,6 +13,7 @@
 #include "orvexxml/frame/XmlObjectBase.h"
 #include "orvexxml/frame/XmlSerializationContext.h"
 #include "orvexxml/frame/XmlGeneratedClass.h"
+#include "orvexxml/frame/ClassFactoryBase.h"
 
 #include "orvexxml/collections/XmlCollectionBase.h"
 #include "orvexxml/collections/XmlCollection.h"

@@ -97,6 +97,21 @@ protected:
     bool DoesElementNameMatch(const CXmlSerializationContext& context, const CXmlElement* element, const char* name,
                               const char* namespaceUri) const;
 
+    // Checks for generated setters; the library itself calls none of them.
+    // A null value fails with COrvexInvalidParamException "The Property [%s] is mandatory, it may node be NULL".
+    static void Throw_IfPropertyIsNull(CXmlObjectBase* value, const char* propertyName);
+    // A non-null value whose element name is not requiredName fails with COrvexInvalidParamException.
+    static void Throw_IfElementNameDiffers(CXmlObjectBase* value, const char* requiredName);
+    // selected names the filled alternative of a choice, empty when none is. Filling
+    // a second one fails with COrvexInvalidStateException; null or 0 empties the own one.
+    static void Choice_SelectElement(const char* propertyName, CXmlObjectBase* value, std::string& selected);
+    static void Choice_SetElementValid(bool valid, const char* propertyName, std::string& selected);
+    static void Choice_CollectionChanged(const char* propertyName, std::int32_t count, std::string& selected);
+    // Reads a collection alternative once: nothing happens when itemsRead is above 0;
+    // when the collection took elements, current moves past them and the count is tested.
+    static void Choice_Read_Collection(CXmlCollectionBase* collection, CXmlElement* parent, CXmlElement*& current,
+                                       std::int32_t& itemsRead, const CXmlSerializationContext& context);
+
 private:
     // The metadata descriptors reach the protected walks of any object through it.
     friend class Detail::CObjectAccess;

@@ -3,12 +3,97 @@
 #include "orvexxml/collections/XmlCollectionBase.h"
 #include "orvexxml/frame/FormatString.h"
 #include "orvexxml/frame/OrvexException.h"
+#include "orvexxml/metadata/detail/ElementReading.h"
+#include "orvexxml/xml/XmlDocument.h"
 
 namespace OrvexXmlLib5Data {
 
 bool CElementInfoChoice::Validate(const CXmlSerializationContext&, const CXmlGeneratedClass*, bool, bool) const
 {
     throw COrvexException("Not implemented, should never be called");
+}
+
+bool CElementInfoChoiceCol::ElementFromXml(const CXmlSerializationContext& context, CXmlGeneratedClass* owner,
+                                           CXmlElement* parent, CXmlElement** current, const char*, XmlElementType)
+{
+    OrvexVariant value;
+    AccessProperty(owner, true, value);
+    CSmartPtr<CXmlCollectionBase> collection = Detail::RequireCollection(value, GetElementName());
+    CXmlElement* next = FromXml_Int(collection->GetBase(), parent, *current, context, false);
+    // An absent alternative is not held to its min occurs.
+    if (next == *current) return false;
+    *current = next;
+    if (!context.GetIgnoreInvalidCollectionCounts()) collection->ValidateCount(context);
+    return true;
+}
+
+bool CElementInfoChoiceAbsClsOpt::ElementFromXml(const CXmlSerializationContext& context, CXmlGeneratedClass* owner,
+                                                 CXmlElement*, CXmlElement** current, const char*, XmlElementType)
+{
+    if (!IsThisElement(context, *current)) return false;
+    OrvexVariant value;
+    value.SetXmlObject(m_factory ? m_factory(*current) : CSmartPtr<CXmlObjectBase>());
+    // Stored even when no class suits, so that the setter hears of the attempt.
+    AccessProperty(owner, false, value);
+    CSmartPtr<CXmlObjectBase> object = value.GetXmlObject();
+    if (object.IsNull()) return false;
+    FromXml_Int(object, *current, (*current)->GetFirstElement(), context, false);
+    *current = (*current)->GetNextSiblingElement();
+    return true;
+}
+
+bool CElementInfoChoiceClsOpt::ElementFromXml(const CXmlSerializationContext& context, CXmlGeneratedClass* owner,
+                                              CXmlElement* parent, CXmlElement** current, const char*, XmlElementType)
+{
+    OrvexVariant value;
+    if (m_childType == ElementType_Element) {
+        if (!IsThisElement(context, *current)) return false;
+        if (m_factory) value.SetXmlObject(m_factory(m_classId, GetElementName().c_str()));
+        CSmartPtr<CXmlObjectBase> object = Detail::RequireObject(value, GetElementName());
+        // Stored before reading, so that the setter selects the alternative first.
+        AccessProperty(owner, false, value);
+        // An element that is there and empty is a valid alternative, even when the
+        // child is itself a choice with nothing filled.
+        FromXml_Int(object, *current, (*current)->GetFirstElement(), context, true);
+        *current = (*current)->GetNextSiblingElement();
+        return true;
+    }
+
+    if (!*current) return false;
+    if (m_factory) value.SetXmlObject(m_factory(m_classId, GetElementName().c_str()));
+    CSmartPtr<CXmlObjectBase> object = Detail::RequireObject(value, GetElementName());
+    AccessProperty(owner, false, value);
+    CXmlElement* next = FromXml_Int(object, parent, *current, context, false);
+    if (next != *current) {
+        *current = next;
+        return true;
+    }
+    // The pseudo alternative took nothing: the property is emptied again.
+    value.SetXmlObject(nullptr);
+    AccessProperty(owner, false, value);
+    return false;
+}
+
+bool CElementInfoChoiceEnumOpt::ElementFromXml(const CXmlSerializationContext& context, CXmlGeneratedClass* owner,
+                                               CXmlElement*, CXmlElement** current, const char*, XmlElementType)
+{
+    if (!IsThisElement(context, *current)) return false;
+    OrvexVariant value;
+    value.SetI4(m_fromString ? m_fromString((*current)->GetText().c_str()) : 0);
+    AccessProperty(owner, false, value);
+    *current = (*current)->GetNextSiblingElement();
+    return true;
+}
+
+bool CElementInfoChoicePrimOpt::ElementFromXml(const CXmlSerializationContext& context, CXmlGeneratedClass* owner,
+                                               CXmlElement*, CXmlElement** current, const char*, XmlElementType)
+{
+    if (!IsThisElement(context, *current)) return false;
+    OrvexVariant value;
+    value.FromString((*current)->GetText(), GetItemType(), GetWhitespaceRule());
+    AccessProperty(owner, false, value);
+    *current = (*current)->GetNextSiblingElement();
+    return true;
 }
 
 bool CElementInfoChoiceCol::ElementToXml(const CXmlSerializationContext& context, const CXmlGeneratedClass* owner,

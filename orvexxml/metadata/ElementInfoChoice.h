@@ -1,6 +1,6 @@
 // The descriptors of the alternatives of an xs:choice class, one class per kind
 // and occurrence; there is no mandatory kind, the walk checks that one was taken.
-// A cell without its own ElementFromXml cannot be constructed yet.
+// True from ElementFromXml means that this alternative was taken.
 #pragma once
 
 #include <string>
@@ -40,6 +40,8 @@ public:
     }
     bool ElementToXml(const CXmlSerializationContext& context, const CXmlGeneratedClass* owner,
                       CXmlWriter* writer) const override;
+    bool ElementFromXml(const CXmlSerializationContext& context, CXmlGeneratedClass* owner, CXmlElement* parent,
+                        CXmlElement** current, const char* parentNamespace, XmlElementType parentType) override;
 };
 
 class CElementInfoChoiceAbsClsOpt : public CElementInfoChoice
@@ -52,6 +54,8 @@ public:
     }
     bool ElementToXml(const CXmlSerializationContext& context, const CXmlGeneratedClass* owner,
                       CXmlWriter* writer) const override;
+    bool ElementFromXml(const CXmlSerializationContext& context, CXmlGeneratedClass* owner, CXmlElement* parent,
+                        CXmlElement** current, const char* parentNamespace, XmlElementType parentType) override;
     void PseudoChildAttributeToXml(const CXmlSerializationContext& context, const CXmlGeneratedClass* owner,
                                    CXmlWriter* writer) const override;
 
@@ -87,6 +91,8 @@ public:
     }
     bool ElementToXml(const CXmlSerializationContext& context, const CXmlGeneratedClass* owner,
                       CXmlWriter* writer) const override;
+    bool ElementFromXml(const CXmlSerializationContext& context, CXmlGeneratedClass* owner, CXmlElement* parent,
+                        CXmlElement** current, const char* parentNamespace, XmlElementType parentType) override;
     void PseudoChildAttributeToXml(const CXmlSerializationContext& context, const CXmlGeneratedClass* owner,
                                    CXmlWriter* writer) const override;
 
@@ -120,6 +126,8 @@ public:
     }
     bool ElementToXml(const CXmlSerializationContext& context, const CXmlGeneratedClass* owner,
                       CXmlWriter* writer) const override;
+    bool ElementFromXml(const CXmlSerializationContext& context, CXmlGeneratedClass* owner, CXmlElement* parent,
+                        CXmlElement** current, const char* parentNamespace, XmlElementType parentType) override;
 
 protected:
     EnumToStringFn m_toString;
@@ -146,6 +154,8 @@ public:
     }
     bool ElementToXml(const CXmlSerializationContext& context, const CXmlGeneratedClass* owner,
                       CXmlWriter* writer) const override;
+    bool ElementFromXml(const CXmlSerializationContext& context, CXmlGeneratedClass* owner, CXmlElement* parent,
+                        CXmlElement** current, const char* parentNamespace, XmlElementType parentType) override;
 };
 
 class CElementInfoChoicePrimCol : public CElementInfoChoiceCol

@@ -1,5 +1,5 @@
 // The descriptors of the children of an xs:sequence class, one class per kind and
-// occurrence. A cell without its own ElementFromXml cannot be constructed yet.
+// occurrence. Each takes what belongs to it from the front of the remaining children.
 #pragma once
 
 #include <string>
@@ -26,6 +26,15 @@ public:
     // Fails with COrvexException "Not implemented, should never be called".
     bool Validate(const CXmlSerializationContext& context, const CXmlGeneratedClass* owner, bool seen,
                   bool parentIsElement) const override;
+
+protected:
+    // The recovery of a mandatory member whose element is not at *current under a
+    // real parent: gives false when the missing element is to be ignored (nothing
+    // read, position kept), true once an element of this descriptor is current
+    // after skipping unknown ones. Fails with COrvexValidationException "Failed to
+    // find a required element [%s]" when neither option saves it.
+    bool RecoverMandatory(const CXmlSerializationContext& context, CXmlElement** current) const;
+    [[noreturn]] void ThrowMissing() const;
 };
 
 // Base of the repeating members: the collection in the property writes its items.
@@ -38,6 +47,8 @@ public:
     }
     bool ElementToXml(const CXmlSerializationContext& context, const CXmlGeneratedClass* owner,
                       CXmlWriter* writer) const override;
+    bool ElementFromXml(const CXmlSerializationContext& context, CXmlGeneratedClass* owner, CXmlElement* parent,
+                        CXmlElement** current, const char* parentNamespace, XmlElementType parentType) override;
 };
 
 // A non-repeating member whose writing and reading the generated code supplies.
@@ -60,6 +71,8 @@ public:
     }
     bool ElementToXml(const CXmlSerializationContext& context, const CXmlGeneratedClass* owner,
                       CXmlWriter* writer) const override;
+    bool ElementFromXml(const CXmlSerializationContext& context, CXmlGeneratedClass* owner, CXmlElement* parent,
+                        CXmlElement** current, const char* parentNamespace, XmlElementType parentType) override;
     void PseudoChildAttributeToXml(const CXmlSerializationContext& context, const CXmlGeneratedClass* owner,
                                    CXmlWriter* writer) const override;
 
@@ -78,6 +91,8 @@ public:
     }
     bool ElementToXml(const CXmlSerializationContext& context, const CXmlGeneratedClass* owner,
                       CXmlWriter* writer) const override;
+    bool ElementFromXml(const CXmlSerializationContext& context, CXmlGeneratedClass* owner, CXmlElement* parent,
+                        CXmlElement** current, const char* parentNamespace, XmlElementType parentType) override;
     void PseudoChildAttributeToXml(const CXmlSerializationContext& context, const CXmlGeneratedClass* owner,
                                    CXmlWriter* writer) const override;
 
@@ -114,6 +129,8 @@ public:
     }
     bool ElementToXml(const CXmlSerializationContext& context, const CXmlGeneratedClass* owner,
                       CXmlWriter* writer) const override;
+    bool ElementFromXml(const CXmlSerializationContext& context, CXmlGeneratedClass* owner, CXmlElement* parent,
+                        CXmlElement** current, const char* parentNamespace, XmlElementType parentType) override;
     void PseudoChildAttributeToXml(const CXmlSerializationContext& context, const CXmlGeneratedClass* owner,
                                    CXmlWriter* writer) const override;
 
@@ -137,6 +154,8 @@ public:
     }
     bool ElementToXml(const CXmlSerializationContext& context, const CXmlGeneratedClass* owner,
                       CXmlWriter* writer) const override;
+    bool ElementFromXml(const CXmlSerializationContext& context, CXmlGeneratedClass* owner, CXmlElement* parent,
+                        CXmlElement** current, const char* parentNamespace, XmlElementType parentType) override;
     void PseudoChildAttributeToXml(const CXmlSerializationContext& context, const CXmlGeneratedClass* owner,
                                    CXmlWriter* writer) const override;
 
@@ -170,6 +189,8 @@ public:
     }
     bool ElementToXml(const CXmlSerializationContext& context, const CXmlGeneratedClass* owner,
                       CXmlWriter* writer) const override;
+    bool ElementFromXml(const CXmlSerializationContext& context, CXmlGeneratedClass* owner, CXmlElement* parent,
+                        CXmlElement** current, const char* parentNamespace, XmlElementType parentType) override;
 
 protected:
     EnumToStringFn m_toString;
@@ -186,6 +207,8 @@ public:
     }
     bool ElementToXml(const CXmlSerializationContext& context, const CXmlGeneratedClass* owner,
                       CXmlWriter* writer) const override;
+    bool ElementFromXml(const CXmlSerializationContext& context, CXmlGeneratedClass* owner, CXmlElement* parent,
+                        CXmlElement** current, const char* parentNamespace, XmlElementType parentType) override;
 
 protected:
     EnumToStringFn m_toString;
@@ -212,6 +235,8 @@ public:
     }
     bool ElementToXml(const CXmlSerializationContext& context, const CXmlGeneratedClass* owner,
                       CXmlWriter* writer) const override;
+    bool ElementFromXml(const CXmlSerializationContext& context, CXmlGeneratedClass* owner, CXmlElement* parent,
+                        CXmlElement** current, const char* parentNamespace, XmlElementType parentType) override;
 };
 
 class CElementInfoSeqPrimOpt : public CElementInfoSeq
@@ -225,6 +250,8 @@ public:
     }
     bool ElementToXml(const CXmlSerializationContext& context, const CXmlGeneratedClass* owner,
                       CXmlWriter* writer) const override;
+    bool ElementFromXml(const CXmlSerializationContext& context, CXmlGeneratedClass* owner, CXmlElement* parent,
+                        CXmlElement** current, const char* parentNamespace, XmlElementType parentType) override;
 };
 
 class CElementInfoSeqPrimCol : public CElementInfoSeqCol
