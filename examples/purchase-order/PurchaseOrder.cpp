@@ -1,6 +1,5 @@
 #include "examples/purchase-order/PurchaseOrder.h"
 
-#include "examples/binding/SequenceReading.h"
 #include "orvexxml/xml/XmlDocument.h"
 
 namespace OrvexExamples {
@@ -33,14 +32,6 @@ void RequireDate(const CDateTime& value, const char* propertyName)
             FormatString("Dates assigned to [%s] must be of type dt_date", propertyName));
 }
 
-// A mandatory object property cannot be emptied.
-void RequireChild(CXmlObjectBase* value, const char* propertyName)
-{
-    if (!value)
-        throw COrvexInvalidParamException(
-            FormatString("The Property [%s] is mandatory, it may node be NULL", propertyName));
-}
-
 // One set of tables per class, built on first use and shared by every object.
 struct CTables
 {
@@ -57,11 +48,11 @@ const CTables& USAddressTables()
         g_usAddress.info = new CParentElementInfo(ElementGroup_Sequence, ElementType_Element, "USAddress",
                                                   kNoNamespace, -1, true, false);
         g_usAddress.elements = new CElementInfo* [6] {
-            new CSeqPrimMndReader("name", kNoNamespace, 1, ItemType_string, nullptr, Rule::Preserve, NoFacets()),
-            new CSeqPrimMndReader("street", kNoNamespace, 2, ItemType_string, nullptr, Rule::Preserve, NoFacets()),
-            new CSeqPrimMndReader("city", kNoNamespace, 3, ItemType_string, nullptr, Rule::Preserve, NoFacets()),
-            new CSeqPrimMndReader("state", kNoNamespace, 4, ItemType_string, nullptr, Rule::Preserve, NoFacets()),
-            new CSeqPrimMndReader("zip", kNoNamespace, 5, ItemType_decimal, nullptr, Rule::Collapse, NoFacets()),
+            new CElementInfoSeqPrimMnd("name", kNoNamespace, 1, ItemType_string, nullptr, Rule::Preserve, NoFacets()),
+            new CElementInfoSeqPrimMnd("street", kNoNamespace, 2, ItemType_string, nullptr, Rule::Preserve, NoFacets()),
+            new CElementInfoSeqPrimMnd("city", kNoNamespace, 3, ItemType_string, nullptr, Rule::Preserve, NoFacets()),
+            new CElementInfoSeqPrimMnd("state", kNoNamespace, 4, ItemType_string, nullptr, Rule::Preserve, NoFacets()),
+            new CElementInfoSeqPrimMnd("zip", kNoNamespace, 5, ItemType_decimal, nullptr, Rule::Collapse, NoFacets()),
             nullptr
         };
         g_usAddress.attributes = new CAttributeInfo* [2] {
@@ -81,13 +72,13 @@ const CTables& ItemTables()
         g_item.info = new CParentElementInfo(ElementGroup_Sequence, ElementType_Element, "item", kNoNamespace, -1,
                                              true, false);
         g_item.elements = new CElementInfo* [6] {
-            new CSeqPrimMndReader("productName", kNoNamespace, 1, ItemType_string, nullptr, Rule::Preserve,
+            new CElementInfoSeqPrimMnd("productName", kNoNamespace, 1, ItemType_string, nullptr, Rule::Preserve,
                                   NoFacets()),
-            new CSeqPrimMndReader("quantity", kNoNamespace, 2, ItemType_integer, nullptr, Rule::Collapse,
+            new CElementInfoSeqPrimMnd("quantity", kNoNamespace, 2, ItemType_integer, nullptr, Rule::Collapse,
                                   QuantityFacets()),
-            new CSeqPrimMndReader("USPrice", kNoNamespace, 3, ItemType_decimal, nullptr, Rule::Collapse, NoFacets()),
-            new CSeqPrimOptReader("comment", kNoNamespace, 4, ItemType_string, nullptr, Rule::Preserve, NoFacets()),
-            new CSeqPrimOptReader("shipDate", kNoNamespace, 5, ItemType_date, nullptr, Rule::Collapse, NoFacets()),
+            new CElementInfoSeqPrimMnd("USPrice", kNoNamespace, 3, ItemType_decimal, nullptr, Rule::Collapse, NoFacets()),
+            new CElementInfoSeqPrimOpt("comment", kNoNamespace, 4, ItemType_string, nullptr, Rule::Preserve, NoFacets()),
+            new CElementInfoSeqPrimOpt("shipDate", kNoNamespace, 5, ItemType_date, nullptr, Rule::Collapse, NoFacets()),
             nullptr
         };
         g_item.attributes = new CAttributeInfo* [2] {
@@ -107,7 +98,7 @@ const CTables& ItemsTables()
         g_items.info = new CParentElementInfo(ElementGroup_Sequence, ElementType_Element, "Items", kNoNamespace, -1,
                                               true, false);
         g_items.elements = new CElementInfo* [2] {
-            new CSeqColReader("item", kNoNamespace, 0),
+            new CElementInfoSeqClsCol("item", kNoNamespace, 0, ElementType_Element),
             nullptr
         };
         g_items.attributes = new CAttributeInfo* [1] { nullptr };
@@ -123,10 +114,10 @@ const CTables& PurchaseOrderTypeTables()
         g_purchaseOrderType.info = new CParentElementInfo(ElementGroup_Sequence, ElementType_Element,
                                                           "PurchaseOrderType", kNoNamespace, -1, true, false);
         g_purchaseOrderType.elements = new CElementInfo* [5] {
-            new CSeqClsMndReader("shipTo", kNoNamespace, 1, ElementType_Element, nullptr, 0, true),
-            new CSeqClsMndReader("billTo", kNoNamespace, 2, ElementType_Element, nullptr, 0, true),
-            new CSeqPrimOptReader("comment", kNoNamespace, 3, ItemType_string, nullptr, Rule::Preserve, NoFacets()),
-            new CSeqClsMndReader("items", kNoNamespace, 4, ElementType_Element, nullptr, 0, true),
+            new CElementInfoSeqClsMnd("shipTo", kNoNamespace, 1, ElementType_Element, nullptr, 0, true),
+            new CElementInfoSeqClsMnd("billTo", kNoNamespace, 2, ElementType_Element, nullptr, 0, true),
+            new CElementInfoSeqPrimOpt("comment", kNoNamespace, 3, ItemType_string, nullptr, Rule::Preserve, NoFacets()),
+            new CElementInfoSeqClsMnd("items", kNoNamespace, 4, ElementType_Element, nullptr, 0, true),
             nullptr
         };
         g_purchaseOrderType.attributes = new CAttributeInfo* [2] {
@@ -396,21 +387,21 @@ void CPurchaseOrderType::SetOrderDate(const CDateTime& value)
 
 void CPurchaseOrderType::SetShipTo(CUSAddress* value)
 {
-    RequireChild(value, "shipTo");
+    Throw_IfPropertyIsNull(value, "shipTo");
     SetElementName(value, "shipTo");
     m_shipTo = value;
 }
 
 void CPurchaseOrderType::SetBillTo(CUSAddress* value)
 {
-    RequireChild(value, "billTo");
+    Throw_IfPropertyIsNull(value, "billTo");
     SetElementName(value, "billTo");
     m_billTo = value;
 }
 
 void CPurchaseOrderType::SetItems(CItems* value)
 {
-    RequireChild(value, "items");
+    Throw_IfPropertyIsNull(value, "items");
     SetElementName(value, "items");
     m_items = value;
 }
