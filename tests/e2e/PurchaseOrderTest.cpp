@@ -261,6 +261,16 @@ TEST(PurchaseOrder, ReadingFailuresNameTheElementsOnTheWay)
         EXPECT_TRUE(failure.outerIsValidation) << c.to;
         EXPECT_EQ(c.causeClass, failure.causeClass) << c.to;
     }
+
+    // The context's options let the same documents through where the schema allows a recovery.
+    CXmlSerializationContext lenient;
+    lenient.SetIgnoreUnknownElements(true);
+    lenient.SetIgnoreUnknownAttributes(true);
+    CSmartPtr<CPurchaseOrder> order = CPurchaseOrder::CreateInstance();
+    std::string xml = Replaced(PrimerText(), "<comment>Hurry", "<note/><comment>Hurry");
+    order->FromXml(Replaced(xml, "<billTo country=\"US\">", "<billTo country=\"US\" zone=\"east\">").c_str(), lenient);
+    EXPECT_FALSE(order->IsValidComment());  // skipped on the way to the mandatory items
+    EXPECT_EQ("188.93", OrderTotal(*order).ToString());
 }
 
 TEST(PurchaseOrder, ZonedDatesAndLongPricesSurviveTheRoundTrip)
