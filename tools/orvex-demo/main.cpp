@@ -1,8 +1,11 @@
-// The main demo: loads an XML document into the library's intermediate tree and
-// prints it, indented, with namespaces, attributes and text.
+// The main demo. "orvex-demo library [file]" (the default) reads the lending
+// library example into its generated classes, changes a price through a typed
+// property and writes the document back; "orvex-demo tree [file]" loads any XML
+// document into the intermediate tree and prints it.
 #include "orvexxml/OrvexXmlLib5.h"
 
 #include "examples/ExamplePaths.h"
+#include "examples/library/Library.h"
 
 #include <fstream>
 #include <iostream>
@@ -55,22 +58,55 @@ void PrintTree(const CXmlElement* root, std::ostream& out)
     }
 }
 
-}  // namespace
-
-int main(int argc, char** argv)
+bool ReadFile(const std::string& path, std::string& bytes)
 {
-    const std::string path = argc > 1 ? argv[1] : OrvexExamples::ExamplePath("data/sample.xml");
     std::ifstream file(path, std::ios::binary);
     if (!file) {
         std::cerr << "orvex-demo: cannot open " << path << "\n";
-        return 1;
+        return false;
     }
-    std::ostringstream bytes;
-    bytes << file.rdbuf();
+    std::ostringstream text;
+    text << file.rdbuf();
+    bytes = text.str();
+    return true;
+}
 
+// Reads the library, lowers the price of its first book, writes it back.
+int LibraryDemo(const std::string& path)
+{
+    using namespace OrvexExamples;
+    std::string bytes;
+    if (!ReadFile(path, bytes)) return 1;
+    try {
+        CSmartPtr<CLibrary> library = CLibrary::CreateInstance();
+        library->FromXml(bytes.c_str());
+        std::cout << "Read " << path << ": \"" << library->GetName() << "\", " << library->GetBooks()->GetCount()
+                  << " books, " << library->GetMembers()->GetCount() << " members\n";
+        for (CBook* book : *library->GetBooks()) {
+            std::cout << "  " << book->GetTitle() << " by " << book->GetAuthor() << " ("
+                      << GenreToString(book->GetGenre());
+            if (book->GetEdition()) std::cout << ", " << book->GetEdition()->GetSelectedElement();
+            std::cout << ")\n";
+        }
+        CSmartPtr<CBook> first = library->GetBooks()->Item(0);
+        std::cout << "Price of \"" << first->GetTitle() << "\": " << first->GetPrice();
+        first->SetPrice(first->GetPrice() - 1.5);
+        std::cout << " -> " << first->GetPrice() << "\n\nWritten back:\n" << library->ToXml(true, true, EOL_LF);
+    } catch (const COrvexException& e) {
+        std::cerr << "orvex-demo: " << path << ": " << e.GetFullMessage() << "\n";
+        return 2;
+    }
+    return 0;
+}
+
+// Loads any document into the intermediate tree and prints it.
+int TreeDemo(const std::string& path)
+{
+    std::string bytes;
+    if (!ReadFile(path, bytes)) return 1;
     try {
         CXmlDocument document;
-        document.LoadXml(bytes.str().c_str());
+        document.LoadXml(bytes.c_str());
         std::cout << "Document: " << path << "\n\nPrefixes:\n";
         for (const auto& [prefix, uri] : document.GetPrefixTable())
             std::cout << "  " << (prefix.empty() ? "(default)" : prefix) << " = " << (uri.empty() ? "(none)" : uri)
@@ -82,4 +118,16 @@ int main(int argc, char** argv)
         return 2;
     }
     return 0;
+}
+
+}  // namespace
+
+int main(int argc, char** argv)
+{
+    const std::string command = argc > 1 ? argv[1] : "library";
+    if (command == "library")
+        return LibraryDemo(argc > 2 ? argv[2] : OrvexExamples::ExamplePath("library/library.xml"));
+    if (command == "tree") return TreeDemo(argc > 2 ? argv[2] : OrvexExamples::ExamplePath("data/sample.xml"));
+    // A bare path keeps its old meaning: print its tree.
+    return TreeDemo(command);
 }
