@@ -3,6 +3,7 @@
 #include "orvexxml/values/BigInteger.h"
 #include "orvexxml/values/Decimal.h"
 
+#include "BenchSupport.h"
 #include <benchmark/benchmark.h>
 
 #include <cstdio>
@@ -247,20 +248,6 @@ void BM_DecimalDivide1000(benchmark::State& state)
     }
 }
 
-// Keeps the CPU seconds per iteration (the machine may be shared) of every run for the ratios.
-class RatioReporter : public benchmark::ConsoleReporter
-{
-public:
-    void ReportRuns(const std::vector<Run>& runs) override
-    {
-        benchmark::ConsoleReporter::ReportRuns(runs);
-        for (const Run& r : runs)
-            if (r.iterations > 0)
-                seconds[r.run_name.function_name] = r.cpu_accumulated_time / static_cast<double>(r.iterations);
-    }
-    std::map<std::string, double> seconds;
-};
-
 }  // namespace
 
 BENCHMARK(BM_ParseDecimal)->Unit(benchmark::kMillisecond)->Iterations(3);
@@ -278,23 +265,16 @@ int main(int argc, char** argv)
 {
     benchmark::Initialize(&argc, argv);
     TheCorpus();
-    RatioReporter reporter;
+    OrvexBench::RatioReporter reporter;
     benchmark::RunSpecifiedBenchmarks(&reporter);
-    auto& s = reporter.seconds;
-    auto ratio = [&](const char* ours, const char* base) {
-        if (s.count(ours) && s.count(base) && s[base] > 0)
-            std::printf("%-22s %10.3f ms  vs %-24s %10.3f ms  ratio %.3g\n", ours, s[ours] * 1e3, base, s[base] * 1e3,
-                        s[ours] / s[base]);
-    };
     std::printf("\nOne million decimal texts:\n");
-    ratio("BM_ParseDecimal", "BM_ParseStrtod");
-    ratio("BM_PrintDecimal", "BM_PrintSnprintf");
+    reporter.PrintRatio("BM_ParseDecimal", "BM_ParseStrtod", "CDecimal parse / strtod");
+    reporter.PrintRatio("BM_PrintDecimal", "BM_PrintSnprintf", "CDecimal print / snprintf");
     std::printf("\n1000-digit integers, against digit-by-digit schoolbook work:\n");
-    ratio("BM_Multiply1000", "BM_PlainMultiply1000");
-    ratio("BM_Divide2000By1000", "BM_PlainDivide2000By1000");
+    reporter.PrintRatio("BM_Multiply1000", "BM_PlainMultiply1000", "multiply 1000 x 1000 digits");
+    reporter.PrintRatio("BM_Divide2000By1000", "BM_PlainDivide2000By1000", "divide 2000 by 1000 digits");
     for (const char* name : {"BM_Multiply1000", "BM_Divide2000By1000", "BM_Remainder1000By500", "BM_DecimalDivide1000"})
-        if (s.count(name))
-            std::printf("%-22s %9.1f us\n", name, s[name] * 1e6);
+        if (reporter.Has(name)) std::printf("%-22s %9.1f us\n", name, reporter.Get(name).cpu * 1e6);
     benchmark::Shutdown();
     return 0;
 }

@@ -3,6 +3,7 @@
 // ours/baseline ratios of CPU time at the end (CPU time, because the machine is shared).
 #include <zlib.h>
 
+#include "BenchSupport.h"
 #include <benchmark/benchmark.h>
 
 #include <cstdio>
@@ -217,17 +218,6 @@ void HexNaive(benchmark::State& state)
     Measure(state, [] { return NaiveHexDecode(NaiveHexEncode(Input())).size(); });
 }
 
-class RatioReporter : public benchmark::ConsoleReporter
-{
-public:
-    void ReportRuns(const std::vector<Run>& runs) override
-    {
-        for (const auto& run : runs) times[run.benchmark_name()] = run.GetAdjustedCPUTime();
-        ConsoleReporter::ReportRuns(runs);
-    }
-    std::map<std::string, double> times;
-};
-
 }  // namespace
 
 BENCHMARK(GzipOurs)->Unit(benchmark::kMillisecond)->Iterations(3);
@@ -243,19 +233,13 @@ int main(int argc, char** argv)
 {
     Input();  // generated once, outside every measurement
     benchmark::Initialize(&argc, argv);
-    RatioReporter reporter;
+    OrvexBench::RatioReporter reporter;
     benchmark::RunSpecifiedBenchmarks(&reporter);
-    auto ratio = [&](const char* ours, const char* base) {
-        auto a = reporter.times.find(std::string(ours) + "/iterations:3");
-        auto b = reporter.times.find(std::string(base) + "/iterations:3");
-        if (a == reporter.times.end() || b == reporter.times.end() || b->second <= 0) return;
-        std::printf("ratio %-10s / %-15s = %.2f\n", ours, base, a->second / b->second);
-    };
-    ratio("GzipOurs", "ZlibCompress2");
-    ratio("GzipOurs", "GzipZlibOneShot");
-    ratio("ZlibOurs", "ZlibCompress2");
-    ratio("Base64Ours", "Base64Naive");
-    ratio("HexOurs", "HexNaive");
+    reporter.PrintRatio("GzipOurs", "ZlibCompress2", "gzip CompressData / compress2");
+    reporter.PrintRatio("GzipOurs", "GzipZlibOneShot", "gzip CompressData / zlib one-shot gzip");
+    reporter.PrintRatio("ZlibOurs", "ZlibCompress2", "zlib CompressData / compress2");
+    reporter.PrintRatio("Base64Ours", "Base64Naive", "base64 encode+decode / per-character loop");
+    reporter.PrintRatio("HexOurs", "HexNaive", "hex encode+decode / per-character loop");
     benchmark::Shutdown();
     return 0;
 }

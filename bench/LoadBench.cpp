@@ -1,5 +1,6 @@
 // Loading a ~20 MB document into CXmlDocument against raw Expat with handlers that
 // do nothing, on the same bytes. Prints the ratio of the two times.
+#include "BenchSupport.h"
 #include <benchmark/benchmark.h>
 
 #include <expat.h>
@@ -91,34 +92,15 @@ void BM_XmlDocument(benchmark::State& state)
 BENCHMARK(BM_RawExpat)->Unit(benchmark::kMillisecond)->MinTime(2.0);
 BENCHMARK(BM_XmlDocument)->Unit(benchmark::kMillisecond)->MinTime(2.0);
 
-// Keeps the real time per iteration of each run for the ratio.
-class RatioReporter : public benchmark::ConsoleReporter
-{
-public:
-    void ReportRuns(const std::vector<Run>& runs) override
-    {
-        for (const Run& run : runs)
-            if (run.run_type == Run::RT_Iteration) {
-                realTimes[run.run_name.function_name] = run.GetAdjustedRealTime();
-                cpuTimes[run.run_name.function_name] = run.GetAdjustedCPUTime();
-            }
-        ConsoleReporter::ReportRuns(runs);
-    }
-    std::map<std::string, double> realTimes, cpuTimes;
-};
-
 }  // namespace
 
 int main(int argc, char** argv)
 {
     benchmark::Initialize(&argc, argv);
     std::printf("document: %.1f MB\n", Document().size() / 1048576.0);
-    RatioReporter reporter;
+    OrvexBench::RatioReporter reporter;
     benchmark::RunSpecifiedBenchmarks(&reporter);
-    // The CPU ratio is the steadier one on a machine shared with other work.
-    const double raw = reporter.realTimes["BM_RawExpat"], tree = reporter.realTimes["BM_XmlDocument"];
-    const double rawCpu = reporter.cpuTimes["BM_RawExpat"], treeCpu = reporter.cpuTimes["BM_XmlDocument"];
-    if (raw > 0 && rawCpu > 0)
-        std::printf("CXmlDocument / raw Expat: %.2fx real time, %.2fx CPU time\n", tree / raw, treeCpu / rawCpu);
+    reporter.PrintRatio("BM_XmlDocument", "BM_RawExpat", "CXmlDocument load / raw Expat");
+    benchmark::Shutdown();
     return 0;
 }

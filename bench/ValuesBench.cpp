@@ -4,6 +4,7 @@
 #define PCRE2_CODE_UNIT_WIDTH 8
 #include <pcre2.h>
 
+#include "BenchSupport.h"
 #include <benchmark/benchmark.h>
 
 #include <cerrno>
@@ -158,17 +159,6 @@ void PatternPcre2(benchmark::State& state)
     pcre2_code_free(code);
 }
 
-class RatioReporter : public benchmark::ConsoleReporter
-{
-public:
-    void ReportRuns(const std::vector<Run>& runs) override
-    {
-        for (const auto& run : runs) times[run.benchmark_name()] = run.GetAdjustedCPUTime();
-        ConsoleReporter::ReportRuns(runs);
-    }
-    std::map<std::string, double> times;
-};
-
 }  // namespace
 
 BENCHMARK(I4Ours)->Unit(benchmark::kMillisecond)->Iterations(3);
@@ -181,17 +171,11 @@ BENCHMARK(PatternPcre2)->Unit(benchmark::kMillisecond)->Iterations(3);
 int main(int argc, char** argv)
 {
     benchmark::Initialize(&argc, argv);
-    RatioReporter reporter;
+    OrvexBench::RatioReporter reporter;
     benchmark::RunSpecifiedBenchmarks(&reporter);
-    auto ratio = [&](const char* ours, const char* base) {
-        auto a = reporter.times.find(std::string(ours) + "/iterations:3");
-        auto b = reporter.times.find(std::string(base) + "/iterations:3");
-        if (a == reporter.times.end() || b == reporter.times.end() || b->second <= 0) return;
-        std::printf("ratio %-12s / %-12s = %.2f\n", ours, base, a->second / b->second);
-    };
-    ratio("I4Ours", "I4Strtol");
-    ratio("R8Ours", "R8Strtod");
-    ratio("PatternOurs", "PatternPcre2");
+    reporter.PrintRatio("I4Ours", "I4Strtol", "i4 conversion / strtol");
+    reporter.PrintRatio("R8Ours", "R8Strtod", "r8 conversion / strtod");
+    reporter.PrintRatio("PatternOurs", "PatternPcre2", "string facet with pattern / bare PCRE2");
     benchmark::Shutdown();
     return 0;
 }

@@ -3,6 +3,7 @@
 // object whose ToXml_Int makes nested elements in several namespaces, attributes
 // and text that needs escaping. The baseline parses the written document with a
 // namespace-aware Expat parser whose handlers do nothing.
+#include "BenchSupport.h"
 #include <benchmark/benchmark.h>
 #include <expat.h>
 
@@ -167,33 +168,15 @@ void BM_ToXml(benchmark::State& state)
 BENCHMARK(BM_ExpatParseNoOp)->Unit(benchmark::kMillisecond)->MinTime(1.0);
 BENCHMARK(BM_ToXml)->Unit(benchmark::kMillisecond)->MinTime(1.0);
 
-// Keeps the real time per iteration of every run, to print the ratio at the end.
-class RatioReporter : public benchmark::ConsoleReporter
-{
-public:
-    RatioReporter() : benchmark::ConsoleReporter(OO_Tabular) {}
-    void ReportRuns(const std::vector<Run>& runs) override
-    {
-        for (const Run& run : runs)
-            if (run.run_type == Run::RT_Iteration && run.iterations > 0)
-                times[run.run_name.function_name] = run.GetAdjustedRealTime();
-        ConsoleReporter::ReportRuns(runs);
-    }
-    std::map<std::string, double> times;
-};
-
 }  // namespace
 
 int main(int argc, char** argv)
 {
     benchmark::Initialize(&argc, argv);
     std::printf("document: %.1f MB\n", static_cast<double>(Document().size()) / 1e6);
-    RatioReporter reporter;
+    OrvexBench::RatioReporter reporter;
     benchmark::RunSpecifiedBenchmarks(&reporter);
-    const auto expat = reporter.times.find("BM_ExpatParseNoOp");
-    const auto write = reporter.times.find("BM_ToXml");
-    if (expat != reporter.times.end() && write != reporter.times.end() && expat->second > 0)
-        std::printf("ratio ToXml / Expat no-op parse: %.2f (target: at most 2.5)\n", write->second / expat->second);
+    reporter.PrintRatio("BM_ToXml", "BM_ExpatParseNoOp", "ToXml / raw Expat no-op parse");
     benchmark::Shutdown();
     return 0;
 }

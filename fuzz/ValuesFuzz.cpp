@@ -1,4 +1,4 @@
-// Arbitrary text through every plain conversion, the variant and the facet check:
+// Arbitrary text through every conversion (plain kinds, value classes, date parts), the variant and the facet check:
 // each call either gives a value or throws from the COrvexException family.
 #include <cstddef>
 #include <cstdint>

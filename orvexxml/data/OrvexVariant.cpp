@@ -1,5 +1,7 @@
 #include "orvexxml/data/OrvexVariant.h"
 
+#include <utility>
+
 #include "orvexxml/frame/FormatString.h"
 #include "orvexxml/frame/OrvexException.h"
 #include "orvexxml/frame/XmlObjectBase.h"
@@ -19,7 +21,22 @@ const char* const TypeNames[] = {nullptr,     "hexBinary", "base64Binary", "i1",
     throw COrvexException(FormatString("Invalid Type %d to convert to string", type));
 }
 
+template <typename T>
+T* CopyOf(const T* source)
+{
+    return source ? new T(*source) : nullptr;
+}
+
 }  // namespace
+
+template <typename T>
+void OrvexVariant::SetHeld(ItemType type, T* Value::*member, T value)
+{
+    T* copy = new T(std::move(value));
+    Clear();
+    m_type = type;
+    m_value.*member = copy;
+}
 
 OrvexVariant::OrvexVariant(const OrvexVariant& other) : m_type(ItemType_Invalid)
 {
@@ -34,7 +51,27 @@ const OrvexVariant& OrvexVariant::operator=(const OrvexVariant& other)
     if (static_cast<unsigned>(type) > ItemType_XmlCollection) throw COrvexException("Unknown Type");
     switch (type) {
         case ItemType_string:
-            m_value.str = other.m_value.str ? new std::string(*other.m_value.str) : nullptr;
+            m_value.str = CopyOf(other.m_value.str);
+            break;
+        case ItemType_hexBinary:
+        case ItemType_base64Binary:
+            m_value.binary = CopyOf(other.m_value.binary);
+            break;
+        case ItemType_duration:
+            m_value.span = CopyOf(other.m_value.span);
+            break;
+        case ItemType_yearMonth:
+        case ItemType_monthDay:
+        case ItemType_date:
+        case ItemType_datetime:
+        case ItemType_time:
+            m_value.dateTime = CopyOf(other.m_value.dateTime);
+            break;
+        case ItemType_decimal:
+            m_value.decimal = CopyOf(other.m_value.decimal);
+            break;
+        case ItemType_integer:
+            m_value.integer = CopyOf(other.m_value.integer);
             break;
         case ItemType_XmlObject:
         case ItemType_XmlCollection:
@@ -43,7 +80,6 @@ const OrvexVariant& OrvexVariant::operator=(const OrvexVariant& other)
             break;
         default:
             // In-place kinds: the whole word carries the value with its zero padding.
-            // The value-class kinds are never set yet, so their pointer is null.
             m_value.bits = other.m_value.bits;
             break;
     }
@@ -56,6 +92,26 @@ void OrvexVariant::Clear()
     switch (m_type) {
         case ItemType_string:
             delete m_value.str;
+            break;
+        case ItemType_hexBinary:
+        case ItemType_base64Binary:
+            delete m_value.binary;
+            break;
+        case ItemType_duration:
+            delete m_value.span;
+            break;
+        case ItemType_yearMonth:
+        case ItemType_monthDay:
+        case ItemType_date:
+        case ItemType_datetime:
+        case ItemType_time:
+            delete m_value.dateTime;
+            break;
+        case ItemType_decimal:
+            delete m_value.decimal;
+            break;
+        case ItemType_integer:
+            delete m_value.integer;
             break;
         case ItemType_XmlObject:
         case ItemType_XmlCollection:
@@ -196,6 +252,56 @@ void OrvexVariant::SetXmlObject(CXmlObjectBase* object)
     m_value.object = object;
 }
 
+void OrvexVariant::SetHexBinary(const CBinaryData& value)
+{
+    SetHeld(ItemType_hexBinary, &Value::binary, value);
+}
+
+void OrvexVariant::SetBase64Binary(const CBinaryData& value)
+{
+    SetHeld(ItemType_base64Binary, &Value::binary, value);
+}
+
+void OrvexVariant::SetDuration(const CDateTimeSpan& value)
+{
+    SetHeld(ItemType_duration, &Value::span, value);
+}
+
+void OrvexVariant::SetYearMonth(const CDateTime& value)
+{
+    SetHeld(ItemType_yearMonth, &Value::dateTime, value);
+}
+
+void OrvexVariant::SetMonthDay(const CDateTime& value)
+{
+    SetHeld(ItemType_monthDay, &Value::dateTime, value);
+}
+
+void OrvexVariant::SetDate(const CDateTime& value)
+{
+    SetHeld(ItemType_date, &Value::dateTime, value);
+}
+
+void OrvexVariant::SetDateTime(const CDateTime& value)
+{
+    SetHeld(ItemType_datetime, &Value::dateTime, value);
+}
+
+void OrvexVariant::SetTime(const CDateTime& value)
+{
+    SetHeld(ItemType_time, &Value::dateTime, value);
+}
+
+void OrvexVariant::SetDecimal(const CDecimal& value)
+{
+    SetHeld(ItemType_decimal, &Value::decimal, value);
+}
+
+void OrvexVariant::SetInteger(const CBigInteger& value)
+{
+    SetHeld(ItemType_integer, &Value::integer, value);
+}
+
 const std::string& OrvexVariant::GetStringRef() const
 {
     static const std::string empty;
@@ -249,8 +355,27 @@ std::string OrvexVariant::ToString(const char* format) const
             return m_value.str ? CConversions::stringToString(*m_value.str) : std::string();
         case ItemType_boolean:
             return CConversions::booleanToString(GetBoolean());
-        // The value-class kinds (binary, dates, duration, decimal, integer) join here
-        // together with their classes.
+        case ItemType_hexBinary:
+            return CConversions::hexBinaryToString(Held(m_value.binary));
+        case ItemType_base64Binary:
+            return CConversions::base64BinaryToString(Held(m_value.binary));
+        case ItemType_duration:
+            return CConversions::durationToString(Held(m_value.span));
+        // The five date forms are one: the value's own CDateTime kind gives the form.
+        case ItemType_yearMonth:
+            return CConversions::yearMonthToString(Held(m_value.dateTime));
+        case ItemType_monthDay:
+            return CConversions::monthDayToString(Held(m_value.dateTime));
+        case ItemType_date:
+            return CConversions::dateToString(Held(m_value.dateTime));
+        case ItemType_datetime:
+            return CConversions::datetimeToString(Held(m_value.dateTime));
+        case ItemType_time:
+            return CConversions::timeToString(Held(m_value.dateTime));
+        case ItemType_decimal:
+            return CConversions::decimalToString(Held(m_value.decimal), format);
+        case ItemType_integer:
+            return CConversions::integerToString(Held(m_value.integer));
         default:
             ThrowNoText(static_cast<int>(m_type));
     }
@@ -303,8 +428,47 @@ void OrvexVariant::FromString(const std::string& text, ItemType type, CWhitespac
         case ItemType_boolean:
             SetBoolean(CConversions::booleanFromString(text, rule));
             return;
-        // The date parts (16 to 18) are parsed through the date parser, and the
-        // value-class kinds through their classes; both join here with those classes.
+        // The date parts take their number from a parsed date form.
+        case ItemType_year:
+            SetYear(CConversions::yearFromString(text, rule));
+            return;
+        case ItemType_month:
+            SetMonth(CConversions::monthFromString(text, rule));
+            return;
+        case ItemType_day:
+            SetDay(CConversions::dayFromString(text, rule));
+            return;
+        // The value classes: as their setters, with the parsed value moved in, not copied.
+        case ItemType_hexBinary:
+            SetHeld(ItemType_hexBinary, &Value::binary, CConversions::hexBinaryFromString(text, rule));
+            return;
+        case ItemType_base64Binary:
+            SetHeld(ItemType_base64Binary, &Value::binary, CConversions::base64BinaryFromString(text, rule));
+            return;
+        case ItemType_duration:
+            SetHeld(ItemType_duration, &Value::span, CConversions::durationFromString(text, rule));
+            return;
+        case ItemType_yearMonth:
+            SetHeld(ItemType_yearMonth, &Value::dateTime, CConversions::yearMonthFromString(text, rule));
+            return;
+        case ItemType_monthDay:
+            SetHeld(ItemType_monthDay, &Value::dateTime, CConversions::monthDayFromString(text, rule));
+            return;
+        case ItemType_date:
+            SetHeld(ItemType_date, &Value::dateTime, CConversions::dateFromString(text, rule));
+            return;
+        case ItemType_datetime:
+            SetHeld(ItemType_datetime, &Value::dateTime, CConversions::datetimeFromString(text, rule));
+            return;
+        case ItemType_time:
+            SetHeld(ItemType_time, &Value::dateTime, CConversions::timeFromString(text, rule));
+            return;
+        case ItemType_decimal:
+            SetHeld(ItemType_decimal, &Value::decimal, CConversions::decimalFromString(text, rule));
+            return;
+        case ItemType_integer:
+            SetHeld(ItemType_integer, &Value::integer, CConversions::integerFromString(text, rule));
+            return;
         default:
             ThrowNoText(static_cast<int>(type));
     }

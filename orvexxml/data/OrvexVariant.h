@@ -5,7 +5,12 @@
 #include <cstdint>
 #include <string>
 
+#include "orvexxml/data/BinaryData.h"
 #include "orvexxml/frame/SmartPtr.h"
+#include "orvexxml/values/BigInteger.h"
+#include "orvexxml/values/DateTime.h"
+#include "orvexxml/values/DateTimeSpan.h"
+#include "orvexxml/values/Decimal.h"
 #include "orvexxml/values/WhitespaceUtils.h"
 
 namespace OrvexXmlLib5 {
@@ -50,6 +55,8 @@ enum ItemType : int
 
 // Getters do not look at the type: the caller knows it from the descriptor. The
 // variant owns what it points to; the two object kinds hold one reference each.
+// The value classes are held by one allocated copy each; a binary copy shares the
+// bytes with its source until either side writes them.
 struct OrvexVariant
 {
 public:
@@ -85,6 +92,17 @@ public:
     void SetBoolean(bool value);
     // Adds a reference to a non-null object; a null object still sets the type.
     void SetXmlObject(CXmlObjectBase* object);
+    void SetHexBinary(const CBinaryData& value);
+    void SetBase64Binary(const CBinaryData& value);
+    void SetDuration(const CDateTimeSpan& value);
+    // The five date kinds store the value with whatever CDateTime kind it has.
+    void SetYearMonth(const CDateTime& value);
+    void SetMonthDay(const CDateTime& value);
+    void SetDate(const CDateTime& value);
+    void SetDateTime(const CDateTime& value);
+    void SetTime(const CDateTime& value);
+    void SetDecimal(const CDecimal& value);
+    void SetInteger(const CBigInteger& value);
 
     char GetI1() const { return static_cast<char>(m_value.u8); }
     short GetI2() const { return static_cast<short>(m_value.u16); }
@@ -106,6 +124,18 @@ public:
     // The held string itself, without a copy; valid until the variant changes.
     const std::string& GetStringRef() const;
     CSmartPtr<CXmlObjectBase> GetXmlObject() const;
+    // The value-class getters give a copy, or the class's empty value when nothing
+    // is held. The binary pair reads one CBinaryData, the five date getters one CDateTime.
+    CBinaryData GetHexBinary() const { return Held(m_value.binary); }
+    CBinaryData GetBase64Binary() const { return Held(m_value.binary); }
+    CDateTimeSpan GetDuration() const { return Held(m_value.span); }
+    CDateTime GetYearMonth() const { return Held(m_value.dateTime); }
+    CDateTime GetMonthDay() const { return Held(m_value.dateTime); }
+    CDateTime GetDate() const { return Held(m_value.dateTime); }
+    CDateTime GetDateTime() const { return Held(m_value.dateTime); }
+    CDateTime GetTime() const { return Held(m_value.dateTime); }
+    CDecimal GetDecimal() const { return Held(m_value.decimal); }
+    CBigInteger GetInteger() const { return Held(m_value.integer); }
     // The collection kind (28) is held, copied and released through its
     // CXmlObjectBase part like the object kind; a null collection still sets the type.
     void SetXmlCollection(CXmlCollectionBase* collection);
@@ -129,12 +159,28 @@ private:
         float r4;
         double r8;
         std::string* str;
+        CBinaryData* binary;
+        CDateTimeSpan* span;
+        CDateTime* dateTime;
+        CDecimal* decimal;
+        CBigInteger* integer;
         CXmlObjectBase* object;
         void* pointer;
     };
 
     ItemType m_type;
     Value m_value;
+
+    // Replaces the contents with value, moved into an allocated object, under type.
+    // The object is made before the old contents go, so a failure leaves them.
+    template <typename T>
+    void SetHeld(ItemType type, T* Value::*member, T value);
+    template <typename T>
+    static const T& Held(const T* held)
+    {
+        static const T empty;
+        return held ? *held : empty;
+    }
 };
 
 }  // namespace OrvexXmlLib5

@@ -16,7 +16,7 @@ using Rule = CWhitespaceUtils::WhitespaceRule;
 // The four bounds in their fixed order; the first that fails ends the check.
 // Written as negated tests so that a NaN fails every bound that is set.
 template <typename T, typename Parse, typename Fail>
-void CheckBounds(T value, const CPrimitiveRestrictions& r, Parse parse, Fail fail)
+void CheckBounds(const T& value, const CPrimitiveRestrictions& r, Parse parse, Fail fail)
 {
     if (!r.GetMinInclusive().empty() && !(value >= parse(r.GetMinInclusive(), Rule::Collapse))) fail();
     if (!r.GetMaxInclusive().empty() && !(value <= parse(r.GetMaxInclusive(), Rule::Collapse))) fail();
@@ -33,7 +33,7 @@ void CheckSmallNumber(const char* name, T value, const CPrimitiveRestrictions& r
 }
 
 template <typename T, typename Parse, typename Print>
-void CheckWideNumber(const char* name, T value, const CPrimitiveRestrictions& r, Parse parse, Print print)
+void CheckWideNumber(const char* name, const T& value, const CPrimitiveRestrictions& r, Parse parse, Print print)
 {
     CheckBounds(value, r, parse,
                 [&] { throw COrvexException(FormatString("Invalid Value for %s [%s]", name, print(value).c_str())); });
@@ -45,6 +45,38 @@ void CheckFloating(const char* name, T value, const CPrimitiveRestrictions& r, P
     CheckBounds(value, r, parse, [&] {
         throw COrvexException(FormatString("Invalid Value for %s [%f]", name, static_cast<double>(value)));
     });
+}
+
+// Values with a partial order: a bound fails only on the one answer that breaks
+// it, so an indeterminate comparison passes every bound.
+template <typename T, typename Parse>
+void CheckOrdered(const char* name, const T& value, const CPrimitiveRestrictions& r, Parse parse)
+{
+    auto compare = [&](const std::string& bound) { return value.CompareTo(parse(bound, Rule::Collapse)); };
+    bool valid = true;
+    if (!r.GetMinInclusive().empty() && compare(r.GetMinInclusive()) == CDateTime::LessThan) valid = false;
+    if (valid && !r.GetMaxInclusive().empty() && compare(r.GetMaxInclusive()) == CDateTime::GreaterThan) valid = false;
+    if (valid && !r.GetMinExclusive().empty()) {
+        const CDateTime::DTCompareResult result = compare(r.GetMinExclusive());
+        valid = result == CDateTime::GreaterThan || result == CDateTime::Indeterminate;
+    }
+    if (valid && !r.GetMaxExclusive().empty()) {
+        const CDateTime::DTCompareResult result = compare(r.GetMaxExclusive());
+        valid = result == CDateTime::LessThan || result == CDateTime::Indeterminate;
+    }
+    if (!valid) throw COrvexException(FormatString("Invalid Value for %s [%s]", name, value.ToString().c_str()));
+}
+
+// Lengths in bytes; a binary value has no bounds and no pattern. The value shows in
+// hexadecimal whatever its encoding.
+void CheckBinary(const char* name, const CBinaryData& value, const CPrimitiveRestrictions& r)
+{
+    const long long length = static_cast<long long>(value.GetLength());
+    bool valid = true;
+    if (r.GetMinLength() > -1 && length < r.GetMinLength()) valid = false;
+    if (valid && r.GetMaxLength() > -1 && length > r.GetMaxLength()) valid = false;
+    if (valid && r.GetLength() > -1 && length != r.GetLength()) valid = false;
+    if (!valid) throw COrvexException(FormatString("Invalid Value for %s [%s]", name, value.GetAsHexString().c_str()));
 }
 
 bool IsAscii(const std::string& text)
@@ -136,7 +168,49 @@ void CheckPrimitiveRestriction(const char* name, const OrvexVariant& value, Item
             return;
         case ItemType_boolean:
             return;
-        // The value classes and the date parts join here together with their classes.
+        case ItemType_hexBinary:
+            CheckBinary(name, value.GetHexBinary(), r);
+            return;
+        case ItemType_base64Binary:
+            CheckBinary(name, value.GetBase64Binary(), r);
+            return;
+        case ItemType_duration:
+            CheckOrdered(name, value.GetDuration(), r, CConversions::durationFromString);
+            return;
+        case ItemType_yearMonth:
+            CheckOrdered(name, value.GetYearMonth(), r, CConversions::yearMonthFromString);
+            return;
+        case ItemType_monthDay:
+            CheckOrdered(name, value.GetMonthDay(), r, CConversions::monthDayFromString);
+            return;
+        case ItemType_date:
+            CheckOrdered(name, value.GetDate(), r, CConversions::dateFromString);
+            return;
+        case ItemType_datetime:
+            CheckOrdered(name, value.GetDateTime(), r, CConversions::datetimeFromString);
+            return;
+        case ItemType_time:
+            CheckOrdered(name, value.GetTime(), r, CConversions::timeFromString);
+            return;
+        // The date parts compare as unsigned numbers: a negative year is above every
+        // positive one.
+        case ItemType_year:
+            CheckSmallNumber(name, value.GetYear(), r, CConversions::yearFromString);
+            return;
+        case ItemType_month:
+            CheckSmallNumber(name, value.GetMonth(), r, CConversions::monthFromString);
+            return;
+        case ItemType_day:
+            CheckSmallNumber(name, value.GetDay(), r, CConversions::dayFromString);
+            return;
+        case ItemType_decimal:
+            CheckWideNumber(name, value.GetDecimal(), r, CConversions::decimalFromString,
+                            [](const CDecimal& d) { return d.ToString(); });
+            return;
+        case ItemType_integer:
+            CheckWideNumber(name, value.GetInteger(), r, CConversions::integerFromString,
+                            CConversions::integerToString);
+            return;
         default:
             throw COrvexInvalidValueException("unknown type [" + value.GetType() + "]");
     }

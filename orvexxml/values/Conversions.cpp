@@ -155,6 +155,36 @@ float NarrowToFloat(double value)
     return std::copysign(HUGE_VALF, static_cast<float>(std::signbit(value) ? -1 : 1));
 }
 
+// atoi's reading of a format: optional blanks and sign, then digits up to the first
+// other character; no digits give 0. Saturates instead of overflowing.
+int LeadingInteger(const char* text)
+{
+    const char* p = text;
+    while (IsCSpace(*p)) ++p;
+    bool negative = false;
+    if (*p == '+' || *p == '-') {
+        negative = (*p == '-');
+        ++p;
+    }
+    long long value = 0;
+    for (; IsDigit(*p); ++p) {
+        value = value * 10 + (*p - '0');
+        if (value > 2147483648LL) value = 2147483648LL;
+    }
+    if (negative) value = -value;
+    if (value > 2147483647LL) value = 2147483647LL;
+    return static_cast<int>(value);
+}
+
+// The date forms without a time, with the kind that the text's shape gives.
+CDateTime ParseDateForm(const std::string& text, CWhitespaceUtils::WhitespaceRule rule)
+{
+    std::string processed = CWhitespaceUtils::ApplyRule(rule, text);
+    CDateTime value;
+    value.ParseXSDDate(processed.c_str());
+    return value;
+}
+
 bool EqualsIgnoreCase(const char* text, const char* literal)
 {
     for (; *literal; ++text, ++literal) {
@@ -371,6 +401,139 @@ char CConversions::charFromString(const std::string& text, WhitespaceRule rule)
 std::string CConversions::stringFromString(const std::string& text, WhitespaceRule rule)
 {
     return CWhitespaceUtils::ApplyRule(rule, text);
+}
+
+std::string CConversions::decimalToString(const CDecimal& value, const char* format)
+{
+    if (format == nullptr) return value.ToString();
+    return value.ToString(LeadingInteger(format));
+}
+
+std::string CConversions::integerToString(const CBigInteger& value)
+{
+    return value.ToString();
+}
+
+std::string CConversions::dateToString(const CDateTime& value)
+{
+    return value.ToString("s");
+}
+
+std::string CConversions::datetimeToString(const CDateTime& value)
+{
+    return value.ToString("s");
+}
+
+std::string CConversions::timeToString(const CDateTime& value)
+{
+    return value.ToString("s");
+}
+
+std::string CConversions::yearMonthToString(const CDateTime& value)
+{
+    return value.ToString("s");
+}
+
+std::string CConversions::monthDayToString(const CDateTime& value)
+{
+    return value.ToString("s");
+}
+
+std::string CConversions::durationToString(const CDateTimeSpan& value)
+{
+    return value.ToString();
+}
+
+std::string CConversions::hexBinaryToString(const CBinaryData& value)
+{
+    return value.GetAsHexString();
+}
+
+std::string CConversions::base64BinaryToString(const CBinaryData& value)
+{
+    return value.GetAsBase64();
+}
+
+CDecimal CConversions::decimalFromString(const std::string& text, WhitespaceRule rule)
+{
+    std::string processed = CWhitespaceUtils::ApplyRule(rule, text);
+    return CDecimal(processed.c_str());
+}
+
+CBigInteger CConversions::integerFromString(const std::string& text, WhitespaceRule rule)
+{
+    std::string processed = CWhitespaceUtils::ApplyRule(rule, text);
+    return CBigInteger(processed.c_str());
+}
+
+CDateTimeSpan CConversions::durationFromString(const std::string& text, WhitespaceRule rule)
+{
+    std::string processed = CWhitespaceUtils::ApplyRule(rule, text);
+    CDateTimeSpan value;
+    value.ParseXSDDuration(processed.c_str());
+    return value;
+}
+
+CDateTime CConversions::datetimeFromString(const std::string& text, WhitespaceRule rule)
+{
+    std::string processed = CWhitespaceUtils::ApplyRule(rule, text);
+    CDateTime value;
+    value.ParseXSDDateTime(processed.c_str());
+    return value;
+}
+
+CDateTime CConversions::timeFromString(const std::string& text, WhitespaceRule rule)
+{
+    std::string processed = CWhitespaceUtils::ApplyRule(rule, text);
+    CDateTime value;
+    value.ParseXSDTime(processed.c_str());
+    return value;
+}
+
+CDateTime CConversions::dateFromString(const std::string& text, WhitespaceRule rule)
+{
+    return ParseDateForm(text, rule);
+}
+
+CDateTime CConversions::yearMonthFromString(const std::string& text, WhitespaceRule rule)
+{
+    return ParseDateForm(text, rule);
+}
+
+CDateTime CConversions::monthDayFromString(const std::string& text, WhitespaceRule rule)
+{
+    return ParseDateForm(text, rule);
+}
+
+unsigned short CConversions::yearFromString(const std::string& text, WhitespaceRule rule)
+{
+    return static_cast<unsigned short>(ParseDateForm(text, rule).GetYear());
+}
+
+unsigned char CConversions::monthFromString(const std::string& text, WhitespaceRule rule)
+{
+    return ParseDateForm(text, rule).GetMonth();
+}
+
+unsigned char CConversions::dayFromString(const std::string& text, WhitespaceRule rule)
+{
+    return ParseDateForm(text, rule).GetDay();
+}
+
+CBinaryData CConversions::hexBinaryFromString(const std::string& text, WhitespaceRule rule)
+{
+    std::string processed = CWhitespaceUtils::ApplyRule(rule, text);
+    CBinaryData value;
+    value.SetAsHexString(processed.c_str());
+    return value;
+}
+
+CBinaryData CConversions::base64BinaryFromString(const std::string& text, WhitespaceRule rule)
+{
+    std::string processed = CWhitespaceUtils::ApplyRule(rule, text);
+    CBinaryData value;
+    value.SetAsBase64(processed.c_str());
+    return value;
 }
 
 }  // namespace OrvexXmlLib5

@@ -1,10 +1,16 @@
 // Text forms of the primitive XSD types: one xToString and one xFromString per type.
-// Parsing applies the whitespace rule first; failures are COrvexInvalidValueException.
+// Parsing applies the whitespace rule first; failures are COrvexInvalidValueException
+// for the plain types, and those of the value class for the others.
 #pragma once
 
 #include <cstdint>
 #include <string>
 
+#include "orvexxml/data/BinaryData.h"
+#include "orvexxml/values/BigInteger.h"
+#include "orvexxml/values/DateTime.h"
+#include "orvexxml/values/DateTimeSpan.h"
+#include "orvexxml/values/Decimal.h"
 #include "orvexxml/values/WhitespaceUtils.h"
 
 namespace OrvexXmlLib5 {
@@ -59,6 +65,45 @@ public:
     // Fails unless the processed text is exactly one byte long.
     static char charFromString(const std::string& text, WhitespaceRule rule);
     static std::string stringFromString(const std::string& text, WhitespaceRule rule);
+
+    // The value classes hand over to their own text forms.
+
+    // A null format gives the shortest form; otherwise the leading decimal number of
+    // the format (0 when it has none) is the count of places, and a negative count
+    // fails as CDecimal::ToString(int) does.
+    static std::string decimalToString(const CDecimal& value, const char* format = nullptr);
+    static std::string integerToString(const CBigInteger& value);
+    // The five date forms are one operation: the kind held by the value decides the
+    // form, and the unset value gives "Invalid Year Zero".
+    static std::string dateToString(const CDateTime& value);
+    static std::string datetimeToString(const CDateTime& value);
+    static std::string timeToString(const CDateTime& value);
+    static std::string yearMonthToString(const CDateTime& value);
+    static std::string monthDayToString(const CDateTime& value);
+    static std::string durationToString(const CDateTimeSpan& value);
+    // Two upper-case digits per byte; empty for an empty buffer.
+    static std::string hexBinaryToString(const CBinaryData& value);
+    // One line, padded; empty for an empty buffer.
+    static std::string base64BinaryToString(const CBinaryData& value);
+
+    static CDecimal decimalFromString(const std::string& text, WhitespaceRule rule);
+    static CBigInteger integerFromString(const std::string& text, WhitespaceRule rule);
+    static CDateTimeSpan durationFromString(const std::string& text, WhitespaceRule rule);
+    static CDateTime datetimeFromString(const std::string& text, WhitespaceRule rule);
+    static CDateTime timeFromString(const std::string& text, WhitespaceRule rule);
+    // These three accept every form without a time and keep the kind that the
+    // shape of the text gives: "2000" is a gYear whichever of them reads it.
+    static CDateTime dateFromString(const std::string& text, WhitespaceRule rule);
+    static CDateTime yearMonthFromString(const std::string& text, WhitespaceRule rule);
+    static CDateTime monthDayFromString(const std::string& text, WhitespaceRule rule);
+    // The year of any form with a year, as its 16 bits ("-0001" gives 65535); a form
+    // without a year fails with COrvexInvalidStateException, as do the next two for
+    // forms without a month or a day. "99" fails: a year has four digits.
+    static unsigned short yearFromString(const std::string& text, WhitespaceRule rule);
+    static unsigned char monthFromString(const std::string& text, WhitespaceRule rule);
+    static unsigned char dayFromString(const std::string& text, WhitespaceRule rule);
+    static CBinaryData hexBinaryFromString(const std::string& text, WhitespaceRule rule);
+    static CBinaryData base64BinaryFromString(const std::string& text, WhitespaceRule rule);
 };
 
 }  // namespace OrvexXmlLib5

@@ -196,3 +196,97 @@ TEST(OrvexVariant, ObjectKindHoldsOneReference)
     EXPECT_EQ(noneCopy.GetItemType(), ItemType_XmlObject);
     none.Clear();
 }
+
+TEST(OrvexVariantValueKinds, FromStringToStringRoundTripOfEachKind)
+{
+    const struct
+    {
+        ItemType type;
+        const char* text;
+        const char* name;
+        const char* written;
+    } cases[] = {
+        {ItemType_hexBinary, " 0aFf ", "hexBinary", "0AFF"},
+        {ItemType_base64Binary, "QU=JD", "base64Binary", "QUJD"},
+        {ItemType_duration, " P1Y2M3DT4H5M6.789S", "duration", "P1Y2M3DT4H5M6.789S"},
+        {ItemType_yearMonth, "2000", "yearMonth", "2000"},
+        {ItemType_monthDay, "--05--", "monthDay", "--05"},
+        {ItemType_year, "2000-05-06", "year", "2000"},
+        {ItemType_month, "2000-05", "month", "--05"},
+        {ItemType_day, "--02-29", "day", "---29"},
+        {ItemType_date, "-0044-03-15", "date", "-0044-03-15"},
+        {ItemType_datetime, "2000-01-01ZT23:59:59.5", "datetime", "2000-01-01T23:59:59.5Z"},
+        {ItemType_time, "12:00:00.123456789+24:00", "time", "12:00:00.123456789+00:00"},
+        {ItemType_decimal, "-000.50", "decimal", "-0.5"},
+        {ItemType_integer, "123456789012345678901234567890", "integer", "123456789012345678901234567890"},
+    };
+    for (const auto& c : cases) {
+        OrvexVariant v;
+        v.FromString(c.text, c.type, Rule::Collapse);
+        EXPECT_EQ(v.GetType(), c.name);
+        EXPECT_EQ(v.ToString(nullptr), c.written) << c.text;
+        OrvexVariant copy(v);
+        v.Clear();
+        if (c.type != ItemType_year) copy.FromString(copy.ToString(nullptr), c.type, Rule::Preserve);
+        EXPECT_EQ(copy.ToString(nullptr), c.written);
+    }
+    OrvexVariant v;
+    v.SetDecimal(CDecimal("2.675"));
+    EXPECT_EQ(v.ToString("2"), "2.68");
+    // The kind of the variant and that of the value are independent; the five date
+    // getters read one object.
+    CDateTime time;
+    time.SetTime(10, 20, 30);
+    v.SetDate(time);  // frees the decimal; the sanitizer build would see a leak
+    EXPECT_EQ(v.ToString(nullptr), "10:20:30");
+    EXPECT_EQ(v.GetYearMonth().GetHour() + v.GetMonthDay().GetMinute() + v.GetDateTime().GetSecond(), 60);
+}
+
+TEST(OrvexVariantValueKinds, CopiesAreDeepAndBinaryCopiesShareTheBytes)
+{
+    OrvexVariant a;
+    a.SetInteger(CBigInteger(125));
+    OrvexVariant b(a);
+    b.FromString("7", ItemType_integer, Rule::Preserve);
+    EXPECT_EQ(a.ToString(nullptr), "125");
+    a = a;
+    EXPECT_FALSE(a.IsValid());
+
+    CBinaryData bytes("xyz");
+    a.SetHexBinary(bytes);
+    OrvexVariant c(a);
+    EXPECT_EQ(c.GetBase64Binary().GetData(), bytes.GetData());
+    CBinaryData written = c.GetHexBinary();
+    written[0] = 'q';
+    bytes.Clear();
+    a.Clear();
+    EXPECT_EQ(c.GetHexBinary().GetString(), "xyz");
+}
+
+TEST(OrvexVariantValueKinds, BadTextKeepsTheOldValue)
+{
+    OrvexVariant v;
+    v.SetDecimal(CDecimal("1.5"));
+    const struct
+    {
+        ItemType type;
+        const char* text;
+        const char* message;
+    } cases[] = {
+        {ItemType_decimal, "1..5", "The string representing a Decimal, contained an invalid char at position 2 [1..5]"},
+        {ItemType_duration, "P", "Invalid XSD Duration [P] expected [-]P[nY][nM][nD][T[nH][nM][nS.ff]]"},
+        {ItemType_yearMonth, "2000-5", "Invalid XSD Date [2000-5] expected CCYY-MM-DD[Z|[+|-]hh:mm]"},
+        {ItemType_datetime, "2000-01-01T25:00:00", "Invalid XSD Time [25:00:00] expected hh:mm:ss[.ff]"},
+        {ItemType_time, "12:00:00+25:00", "Invalid TimeZone [25:0]"},
+        {ItemType_year, "99", "Invalid XSD Date [99] expected CCYY-MM-DD[Z|[+|-]hh:mm]"},
+    };
+    for (const auto& c : cases) {
+        EXPECT_THROW_MSG(v.FromString(c.text, c.type, Rule::Collapse), COrvexInvalidValueException, c.message);
+        EXPECT_EQ(v.ToString(nullptr), "1.5");
+    }
+    EXPECT_THROW_MSG(v.FromString("2000", ItemType_day, Rule::Collapse), COrvexInvalidStateException,
+                     "Failed to GetDay. Invalid Date Type: gYear.");
+    EXPECT_THROW_MSG(v.FromString("0G", ItemType_hexBinary, Rule::Collapse), COrvexException,
+                     "Invalid char in hex string [G]");
+    EXPECT_EQ(v.GetType(), "decimal");
+}

@@ -252,3 +252,32 @@ TEST(ConversionsRoundTrip, IntegersAndDoubles)
     const std::uint64_t wide[] = {0, 1, 9223372036854775808ull, 18446744073709551615ull};
     for (auto v : wide) EXPECT_EQ(CConversions::ui8FromString(CConversions::ui8ToString(v), Rule::Collapse), v);
 }
+
+TEST(ConversionsValueClasses, FormsOfTheClassesAndTheRuleBeforeParsing)
+{
+    const CDecimal d("-12.345");
+    // A decimal format gives its leading number as the count of places.
+    EXPECT_EQ(CConversions::decimalToString(d, " +5x"), "-12.34500");
+    EXPECT_EQ(CConversions::decimalToString(d, "%.2f"), "-12.");
+    EXPECT_THROW_MSG(CConversions::decimalToString(d, "-99999999999"), COrvexInvalidParamException,
+                     "The number of decimal places can not be negative [-2147483648]");
+    // The five date writers are one: the value's kind picks the form.
+    CDateTime gMonth;
+    gMonth.SetGMonth(5);
+    for (auto write : {CConversions::dateToString, CConversions::datetimeToString, CConversions::timeToString,
+                       CConversions::yearMonthToString, CConversions::monthDayToString})
+        EXPECT_EQ(write(gMonth), "--05");
+    EXPECT_EQ(CConversions::yearFromString("-0001", Rule::Collapse), 65535);  // the signed year's 16 bits
+    EXPECT_EQ(CConversions::hexBinaryFromString("\t0aFf\n", Rule::Collapse).GetAsBase64(), "Cv8=");
+    // What the rule leaves: blanks inside hex fail, inside base64 they decode to nothing.
+    EXPECT_THROW_MSG(CConversions::hexBinaryFromString("0A FF", Rule::Collapse), COrvexException,
+                     "Invalid char in hex string [ ]");
+    EXPECT_EQ(CConversions::base64BinaryFromString("Cv 8=", Rule::Collapse).GetLength(), 0u);
+    EXPECT_THROW_MSG(CConversions::durationFromString(" P1D", Rule::Preserve), Invalid,
+                     "Invalid XSD Duration [ P1D] expected [-]P[nY][nM][nD][T[nH][nM][nS.ff]]");
+    EXPECT_THROW_MSG(CConversions::timeFromString("   ", Rule::Collapse), Invalid, "Invalid XSD Time (Empty String)");
+    EXPECT_THROW_MSG(CConversions::yearFromString("--05", Rule::Collapse), COrvexInvalidStateException,
+                     "Failed to GetYear. Invalid Date Type: gMonth.");
+    EXPECT_THROW_MSG(CConversions::monthFromString("---07", Rule::Collapse), COrvexInvalidStateException,
+                     "Failed to GetMonth. Invalid Date Type: gDay.");
+}

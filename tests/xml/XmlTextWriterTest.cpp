@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "TestUtil.h"
+#include "examples/echo/EchoNode.h"
 #include "WriterScript.h"
 #include "orvexxml/frame/XmlObjectBase.h"
 #include "orvexxml/xml/XmlDocument.h"
@@ -87,51 +88,7 @@ TEST(XmlTextWriterMisuse, FailuresWithExactTexts)
     EXPECT_EQ("<?xml version=\"1.0\"?>\r\n", writer.GetString());
 }
 
-// A hand-written serialisable class: reads any element into names, attributes,
-// text and children, and writes them back.
-class CNode : public CXmlObjectBase
-{
-public:
-    struct Attribute
-    {
-        std::string name, ns, value;
-    };
-    std::string ns, text;
-    std::vector<Attribute> attributes;
-    std::vector<std::unique_ptr<CNode>> children;
-
-    CXmlObjectBase* GetBase() override { return this; }
-    std::string GetTargetNamespace() const override { return ns; }
-    std::string GetNamespace() const override { return ns; }
-    const std::string& Name() const { return ElementNameRef(); }
-
-protected:
-    void ToXml_Int(CXmlWriter* writer, bool, const char* namespaceUri, const CXmlSerializationContext& context,
-                   bool) const override
-    {
-        writer->WriteStartElement(Name(), namespaceUri);
-        for (const Attribute& a : attributes) writer->WriteAttribute(a.name, a.ns, a.value);
-        for (const auto& child : children) child->ToXml_Int(writer, false, child->ns.c_str(), context, false);
-        writer->WriteText(text);
-        writer->WriteEndElement();
-    }
-    CXmlElement* FromXml_Int(CXmlElement* element, CXmlElement* firstChild, const CXmlSerializationContext& context,
-                             bool) override
-    {
-        SetElementName(element->GetLocalName().c_str());
-        ns = element->GetNamespaceURI();
-        text = element->GetText();
-        attributes.clear();
-        for (const CXmlAttribute* a : element->GetAttributes())
-            if (!a->IsNamespaceAttribute()) attributes.push_back({a->GetLocalName(), a->GetNamespaceURI(), a->GetValue()});
-        children.clear();
-        for (CXmlElement* child = firstChild; child; child = child->GetNextSiblingElement()) {
-            children.push_back(std::make_unique<CNode>());
-            children.back()->FromXml_Int(child, child->GetFirstElement(), context, false);
-        }
-        return element->GetNextSiblingElement();
-    }
-};
+using CNode = OrvexExamples::CEchoNode;
 
 TEST(XmlObjectBaseToXml, ReadAndWrittenBackRoundTrips)
 {

@@ -1,10 +1,8 @@
-// The main demo. "orvex-demo library [file]" (the default) reads the lending
-// library example into its generated classes, changes a price through a typed
-// property and writes the document back; "orvex-demo tree [file]" loads any XML
-// document into the intermediate tree and prints it.
+// The main demo: shows the library at work on the samples shipped in examples/.
 #include "orvexxml/OrvexXmlLib5.h"
 
 #include "examples/ExamplePaths.h"
+#include "examples/echo/EchoNode.h"
 #include "examples/library/Library.h"
 
 #include <fstream>
@@ -65,59 +63,68 @@ bool ReadFile(const std::string& path, std::string& bytes)
         std::cerr << "orvex-demo: cannot open " << path << "\n";
         return false;
     }
-    std::ostringstream text;
-    text << file.rdbuf();
-    bytes = text.str();
+    std::ostringstream buffer;
+    buffer << file.rdbuf();
+    bytes = buffer.str();
     return true;
 }
 
-// Reads the library, lowers the price of its first book, writes it back.
+// Loads the document into the intermediate tree and prints it.
+int ShowTree(const std::string& path)
+{
+    std::string bytes;
+    if (!ReadFile(path, bytes)) return 1;
+    CXmlDocument document;
+    document.LoadXml(bytes.c_str());
+    std::cout << "Document: " << path << "\n\nPrefixes:\n";
+    for (const auto& [prefix, uri] : document.GetPrefixTable())
+        std::cout << "  " << (prefix.empty() ? "(default)" : prefix) << " = " << (uri.empty() ? "(none)" : uri) << "\n";
+    std::cout << "\nTree ({namespace}name, @attribute, text):\n";
+    PrintTree(document.GetDocumentElement(), std::cout);
+    return 0;
+}
+
+// Reads the document into a schema-less object and writes it back, formatted.
+int Echo(const std::string& path)
+{
+    std::string bytes;
+    if (!ReadFile(path, bytes)) return 1;
+    OrvexExamples::CEchoNode node;
+    node.FromXml(bytes.c_str());
+    std::cout << node.ToXml(true, true, EOL_LF);
+    return 0;
+}
+
+// Reads the lending library into its generated classes, lowers the price of the
+// first book through its typed property and writes the document back, formatted.
 int LibraryDemo(const std::string& path)
 {
     using namespace OrvexExamples;
     std::string bytes;
     if (!ReadFile(path, bytes)) return 1;
-    try {
-        CSmartPtr<CLibrary> library = CLibrary::CreateInstance();
-        library->FromXml(bytes.c_str());
-        std::cout << "Read " << path << ": \"" << library->GetName() << "\", " << library->GetBooks()->GetCount()
-                  << " books, " << library->GetMembers()->GetCount() << " members\n";
-        for (CBook* book : *library->GetBooks()) {
-            std::cout << "  " << book->GetTitle() << " by " << book->GetAuthor() << " ("
-                      << GenreToString(book->GetGenre());
-            if (book->GetEdition()) std::cout << ", " << book->GetEdition()->GetSelectedElement();
-            std::cout << ")\n";
-        }
-        CSmartPtr<CBook> first = library->GetBooks()->Item(0);
-        std::cout << "Price of \"" << first->GetTitle() << "\": " << first->GetPrice();
-        first->SetPrice(first->GetPrice() - 1.5);
-        std::cout << " -> " << first->GetPrice() << "\n\nWritten back:\n" << library->ToXml(true, true, EOL_LF);
-    } catch (const COrvexException& e) {
-        std::cerr << "orvex-demo: " << path << ": " << e.GetFullMessage() << "\n";
-        return 2;
+    CSmartPtr<CLibrary> library = CLibrary::CreateInstance();
+    library->FromXml(bytes.c_str());
+    std::cout << "Read \"" << library->GetName() << "\": " << library->GetBooks()->GetCount() << " books, "
+              << library->GetMembers()->GetCount() << " members\n";
+    for (CBook* book : *library->GetBooks()) {
+        std::cout << "  " << book->GetTitle() << " by " << book->GetAuthor() << " (" << GenreToString(book->GetGenre());
+        if (book->GetEdition()) std::cout << ", " << book->GetEdition()->GetSelectedElement();
+        std::cout << ")\n";
     }
+    CSmartPtr<CBook> first = library->GetBooks()->Item(0);
+    std::cout << "Price of \"" << first->GetTitle() << "\": " << first->GetPrice();
+    first->SetPrice(first->GetPrice() - 1.5);
+    std::cout << " -> " << first->GetPrice() << "\n\nWritten back:\n" << library->ToXml(true, true, EOL_LF);
     return 0;
 }
 
-// Loads any document into the intermediate tree and prints it.
-int TreeDemo(const std::string& path)
+int Usage()
 {
-    std::string bytes;
-    if (!ReadFile(path, bytes)) return 1;
-    try {
-        CXmlDocument document;
-        document.LoadXml(bytes.c_str());
-        std::cout << "Document: " << path << "\n\nPrefixes:\n";
-        for (const auto& [prefix, uri] : document.GetPrefixTable())
-            std::cout << "  " << (prefix.empty() ? "(default)" : prefix) << " = " << (uri.empty() ? "(none)" : uri)
-                      << "\n";
-        std::cout << "\nTree ({namespace}name, @attribute, text):\n";
-        PrintTree(document.GetDocumentElement(), std::cout);
-    } catch (const COrvexException& e) {
-        std::cerr << "orvex-demo: " << path << ": " << e.GetFullMessage() << "\n";
-        return 2;
-    }
-    return 0;
+    std::cerr << "usage: orvex-demo [library|tree|echo] [file]\n"
+                 "  library  read the lending library into its classes, change a price, write it back\n"
+                 "  tree  load a document into the intermediate tree and print it\n"
+                 "  echo  read a document into objects and write it back, formatted\n";
+    return 2;
 }
 
 }  // namespace
@@ -125,9 +132,16 @@ int TreeDemo(const std::string& path)
 int main(int argc, char** argv)
 {
     const std::string command = argc > 1 ? argv[1] : "library";
-    if (command == "library")
-        return LibraryDemo(argc > 2 ? argv[2] : OrvexExamples::ExamplePath("library/library.xml"));
-    if (command == "tree") return TreeDemo(argc > 2 ? argv[2] : OrvexExamples::ExamplePath("data/sample.xml"));
-    // A bare path keeps its old meaning: print its tree.
-    return TreeDemo(command);
+    const std::string path =
+        argc > 2 ? argv[2]
+                 : OrvexExamples::ExamplePath(command == "library" ? "library/library.xml" : "data/sample.xml");
+    try {
+        if (command == "library") return LibraryDemo(path);
+        if (command == "tree") return ShowTree(path);
+        if (command == "echo") return Echo(path);
+        return Usage();
+    } catch (const COrvexException& e) {
+        std::cerr << "orvex-demo: " << path << ": " << e.GetFullMessage() << "\n";
+        return 3;
+    }
 }

@@ -1,0 +1,56 @@
+// Shared by the benchmark programs: a console reporter that keeps the time per
+// iteration of every run, so that a program can print ours/baseline ratios
+// measured in the same process on the same input.
+#pragma once
+
+#include <benchmark/benchmark.h>
+
+#include <cstdio>
+#include <map>
+#include <string>
+#include <vector>
+
+namespace OrvexBench {
+
+class RatioReporter : public benchmark::ConsoleReporter
+{
+public:
+    struct Times
+    {
+        double cpu = 0;   // CPU seconds per iteration: the steadier figure on a shared machine
+        double real = 0;  // wall-clock seconds per iteration
+    };
+
+    void ReportRuns(const std::vector<Run>& runs) override
+    {
+        for (const Run& run : runs) {
+            if (run.run_type != Run::RT_Iteration || run.iterations <= 0) continue;
+            const double n = static_cast<double>(run.iterations);
+            m_times[run.run_name.function_name] = {run.cpu_accumulated_time / n, run.real_accumulated_time / n};
+        }
+        ConsoleReporter::ReportRuns(runs);
+    }
+
+    bool Has(const std::string& name) const { return m_times.count(name) != 0; }
+    Times Get(const std::string& name) const
+    {
+        auto it = m_times.find(name);
+        return it == m_times.end() ? Times() : it->second;
+    }
+
+    // Prints "label: ours X ms, baseline Y ms, ratio Z (CPU), W (real)" and gives
+    // the CPU ratio, or 0 when either run is missing.
+    double PrintRatio(const std::string& ours, const std::string& baseline, const std::string& label) const
+    {
+        if (!Has(ours) || !Has(baseline) || Get(baseline).cpu <= 0 || Get(baseline).real <= 0) return 0;
+        const Times a = Get(ours), b = Get(baseline);
+        std::printf("%-40s %10.3f ms vs %10.3f ms   ratio %.3f CPU, %.3f real\n", label.c_str(), a.cpu * 1e3,
+                    b.cpu * 1e3, a.cpu / b.cpu, a.real / b.real);
+        return a.cpu / b.cpu;
+    }
+
+private:
+    std::map<std::string, Times> m_times;
+};
+
+}  // namespace OrvexBench
