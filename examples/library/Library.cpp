@@ -928,8 +928,8 @@ CXmlElement* CMemberCol::FromXml_Int(CXmlElement*, CXmlElement* firstChild, cons
 
 CLibrary::CLibrary()
     : m_address(CPostalAddress::CreateInstance()),
-      m_books(new CBookCol("Book", NS, 0, -1)),
-      m_members(new CMemberCol("Member", NS, 0, -1))
+      m_books(new CBookCol("Book", NS, 1, -1)),
+      m_members(new CMemberCol("Member", NS, 0, 1000))
 {
     SetElementName("Library");
     Init();

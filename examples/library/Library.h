@@ -3,7 +3,7 @@
 // index in AccessProperty, and checks its setters. The schema it stands for
 // (namespace urn:orvex:library):
 //
-//   Library     @name (1..60 bytes, required)   Address, Book*, Member*
+//   Library     @name (1..60 bytes, required)   Address, Book (1..n), Member (0..1000)
 //   Address     @country ([A-Z]{2})   Street (>= 1 byte), City, Postcode? (<= 10 bytes)
 //   Book        @isbn ([0-9]{13}, required) @lang (2 bytes)
 //               Title (1..200 bytes), Author, Genre (fiction|science|history|poetry),
