@@ -4,6 +4,7 @@
 #include "examples/ExamplePaths.h"
 #include "examples/echo/EchoNode.h"
 #include "examples/purchase-order/PurchaseOrderTools.h"
+#include "examples/library/Library.h"
 
 #include <fstream>
 #include <iomanip>
@@ -79,8 +80,7 @@ int ShowTree(const std::string& path)
     document.LoadXml(bytes.c_str());
     std::cout << "Document: " << path << "\n\nPrefixes:\n";
     for (const auto& [prefix, uri] : document.GetPrefixTable())
-        std::cout << "  " << (prefix.empty() ? "(default)" : prefix) << " = " << (uri.empty() ? "(none)" : uri)
-                  << "\n";
+        std::cout << "  " << (prefix.empty() ? "(default)" : prefix) << " = " << (uri.empty() ? "(none)" : uri) << "\n";
     std::cout << "\nTree ({namespace}name, @attribute, text):\n";
     PrintTree(document.GetDocumentElement(), std::cout);
     return 0;
@@ -139,12 +139,36 @@ int PurchaseOrder(const std::string& path)
     return 0;
 }
 
+// Reads the lending library into its generated classes, lowers the price of the
+// first book through its typed property and writes the document back, formatted.
+int LibraryDemo(const std::string& path)
+{
+    using namespace OrvexExamples;
+    std::string bytes;
+    if (!ReadFile(path, bytes)) return 1;
+    CSmartPtr<CLibrary> library = CLibrary::CreateInstance();
+    library->FromXml(bytes.c_str());
+    std::cout << "Read \"" << library->GetName() << "\": " << library->GetBooks()->GetCount() << " books, "
+              << library->GetMembers()->GetCount() << " members\n";
+    for (CBook* book : *library->GetBooks()) {
+        std::cout << "  " << book->GetTitle() << " by " << book->GetAuthor() << " (" << GenreToString(book->GetGenre());
+        if (book->GetEdition()) std::cout << ", " << book->GetEdition()->GetSelectedElement();
+        std::cout << ")\n";
+    }
+    CSmartPtr<CBook> first = library->GetBooks()->Item(0);
+    std::cout << "Price of \"" << first->GetTitle() << "\": " << first->GetPrice();
+    first->SetPrice(first->GetPrice() - 1.5);
+    std::cout << " -> " << first->GetPrice() << "\n\nWritten back:\n" << library->ToXml(true, true, EOL_LF);
+    return 0;
+}
+
 int Usage()
 {
-    std::cerr << "usage: orvex-demo [po|tree|echo] [file]\n"
-                 "  po    read a purchase order, print a summary, add an item and write it back (default)\n"
-                 "  tree  load a document into the intermediate tree and print it\n"
-                 "  echo  read a document into objects and write it back, formatted\n";
+    std::cerr << "usage: orvex-demo [po|library|tree|echo] [file]\n"
+                 "  po       read a purchase order, print a summary, add an item and write it back (default)\n"
+                 "  library  read the lending library into its classes, change a price, write it back\n"
+                 "  tree     load a document into the intermediate tree and print it\n"
+                 "  echo     read a document into objects and write it back, formatted\n";
     return 2;
 }
 
@@ -153,10 +177,13 @@ int Usage()
 int main(int argc, char** argv)
 {
     const std::string command = argc > 1 ? argv[1] : "po";
-    const std::string sample = command == "po" ? "purchase-order/po.xml" : "data/sample.xml";
+    const std::string sample = command == "po"        ? "purchase-order/po.xml"
+                               : command == "library" ? "library/library.xml"
+                                                      : "data/sample.xml";
     const std::string path = argc > 2 ? argv[2] : OrvexExamples::ExamplePath(sample);
     try {
         if (command == "po") return PurchaseOrder(path);
+        if (command == "library") return LibraryDemo(path);
         if (command == "tree") return ShowTree(path);
         if (command == "echo") return Echo(path);
         return Usage();

@@ -1,0 +1,433 @@
+// The lending library read and written through FromXml and ToXml: round trips,
+// and every failure of the sequence and choice members under each option of the
+// context, checked by exact text along the chain from the root.
+#include <gtest/gtest.h>
+
+#include <fstream>
+#include <sstream>
+
+#include "TestUtil.h"
+#include "examples/ExamplePaths.h"
+#include "examples/library/Library.h"
+
+using namespace OrvexXmlLib5;
+using namespace OrvexExamples;
+
+namespace {
+
+const char* const kAddress =
+    "<l:Address country=\"GB\"><l:Street>4 Mill Lane</l:Street><l:City>Ely</l:City></l:Address>";
+const char* const kMember =
+    "<l:Member id=\"M0001\"><l:Name>Ada</l:Name>"
+    "<l:Membership xsi:type=\"l:AdultMembership\"><l:Since>2019</l:Since><l:Fee>25</l:Fee></l:Membership>"
+    "</l:Member>";
+
+std::string Library(const std::string& content)
+{
+    return "<l:Library xmlns:l=\"urn:orvex:library\" xmlns:xsi=\"http://www.w3.org/2001/XMLSchema-instance\" "
+           "name=\"Riverside\">" +
+           content + "</l:Library>";
+}
+
+std::string Book(const std::string& body)
+{
+    return "<l:Book isbn=\"9780141439518\">" + body + "</l:Book>";
+}
+
+// A library of one book with the given body.
+std::string BookDoc(const std::string& body) { return Library(kAddress + Book(body)); }
+
+const char* const kPlainBody = "<l:Title>Emma</l:Title><l:Author>Jane Austen</l:Author><l:Genre>fiction</l:Genre>";
+
+std::string EditionDoc(const std::string& edition)
+{
+    return BookDoc(std::string(kPlainBody) + "<l:Edition>" + edition + "</l:Edition>");
+}
+
+std::string MemberDoc(const std::string& membership)
+{
+    return Library(kAddress + Book(kPlainBody) + "<l:Member id=\"M0001\"><l:Name>Ada</l:Name>" + membership +
+                   "</l:Member>");
+}
+
+struct COptions
+{
+    bool ignoreUnknown = false;
+    bool ignoreMissing = false;
+    bool ignoreChoice = false;
+    bool ignoreCounts = false;
+};
+
+CXmlSerializationContext Context(const COptions& options)
+{
+    CXmlSerializationContext context;
+    context.SetIgnoreUnknownElements(options.ignoreUnknown);
+    context.SetIgnoreMissingMandatoryElements(options.ignoreMissing);
+    context.SetIgnoreMissingChoice(options.ignoreChoice);
+    context.SetIgnoreInvalidCollectionCounts(options.ignoreCounts);
+    return context;
+}
+
+// The whole chain of a failed read, or "read" when the document was taken.
+std::string ReadChain(CLibrary* library, const std::string& xml, const COptions& options = COptions())
+{
+    const CXmlSerializationContext context = Context(options);
+    try {
+        library->FromXml(xml.c_str(), context);
+    } catch (const COrvexValidationException& e) {
+        return e.GetFullMessage();
+    }
+    return "read";
+}
+
+std::string WriteChain(const CLibrary* library, const COptions& options = COptions())
+{
+    const CXmlSerializationContext context = Context(options);
+    try {
+        library->ToXml(false, false, EOL_LF, context);
+    } catch (const COrvexValidationException& e) {
+        return e.GetFullMessage();
+    }
+    return "written";
+}
+
+std::string InBook(const std::string& cause)
+{
+    return "Failed to process the element [Library]\nFailed to process the element [Book]\n" + cause;
+}
+
+std::string InEdition(const std::string& cause)
+{
+    return InBook("Failed to process the element [Edition]\n" + cause);
+}
+
+std::string InMember(const std::string& cause)
+{
+    return "Failed to process the element [Library]\nFailed to process the element [Member]\n" + cause;
+}
+
+const std::string kNoChoice =
+    "No child elements within the element [Edition] were populated. The element represents a choice, so one and "
+    "only one element should be populated. The element contained no sutable child elements";
+
+std::string Leftover(const char* parent, const char* element)
+{
+    return std::string("Failed read all the elements held within the element [") + parent +
+           "]. The unexpected element [" + element + "] remains un processed";
+}
+
+std::string SampleText()
+{
+    std::ifstream file(ExamplePath("library/library.xml"), std::ios::binary);
+    std::ostringstream text;
+    text << file.rdbuf();
+    return text.str();
+}
+
+}  // namespace
+
+TEST(Library, SampleReadsIntoTypedPropertiesAndWritesBackTheSame)
+{
+    CSmartPtr<CLibrary> library = CLibrary::CreateInstance();
+    library->FromXml(SampleText().c_str());
+    EXPECT_EQ("Riverside Lending Library", library->GetName());
+    EXPECT_EQ("GB", library->GetAddress()->GetCountry());
+    EXPECT_EQ("CB7 4AA", library->GetAddress()->GetPostcode());
+    ASSERT_EQ(3, library->GetBooks()->GetCount());
+    CSmartPtr<CBook> first = library->GetBooks()->Item(0);
+    EXPECT_EQ(Genre_Fiction, first->GetGenre());
+    EXPECT_EQ(1813, first->GetYear());
+    EXPECT_DOUBLE_EQ(7.99, first->GetPrice());
+    EXPECT_EQ(Condition_Good, first->GetCondition());
+    EXPECT_EQ("Print", first->GetEdition()->GetSelectedElement());
+    EXPECT_EQ(432, first->GetEdition()->GetPrint()->GetPages());
+    EXPECT_EQ(Binding_Paperback, first->GetEdition()->GetPrint()->GetBinding());
+    CSmartPtr<CBook> second = library->GetBooks()->Item(1);
+    EXPECT_FALSE(second->IsValidYear());
+    EXPECT_FALSE(second->IsValidLang());
+    EXPECT_EQ("epub", second->GetEdition()->GetEbook());
+    EXPECT_EQ(1260, library->GetBooks()->Item(2)->GetEdition()->GetAudio());
+
+    ASSERT_EQ(2, library->GetMembers()->GetCount());
+    CSmartPtr<CMembership> adult = library->GetMembers()->Item(0)->GetMembership();
+    ASSERT_TRUE(dynamic_cast<CAdultMembership*>(adult.Get()));
+    EXPECT_DOUBLE_EQ(25.0, static_cast<CAdultMembership*>(adult.Get())->GetFee());
+    CSmartPtr<CMembership> student = library->GetMembers()->Item(1)->GetMembership();
+    ASSERT_TRUE(dynamic_cast<CStudentMembership*>(student.Get()));
+    EXPECT_EQ("Ely College", static_cast<CStudentMembership*>(student.Get())->GetSchool());
+    EXPECT_EQ(2023, student->GetSince());
+
+    // The derived class tells its type; reading the output back gives the same output.
+    const std::string written = library->ToXml(false, false, EOL_LF);
+    EXPECT_NE(std::string::npos, written.find("<AA:Membership xmlns:AB=\"http://www.w3.org/2001/XMLSchema-instance\" "
+                                              "AB:type=\"AA:StudentMembership\">"));
+    CSmartPtr<CLibrary> again = CLibrary::CreateInstance();
+    again->FromXml(written.c_str());
+    EXPECT_EQ(written, again->ToXml(false, false, EOL_LF));
+}
+
+TEST(Library, ReadingTwiceStartsFromAFreshObject)
+{
+    CSmartPtr<CLibrary> library = CLibrary::CreateInstance();
+    library->FromXml(SampleText().c_str());
+    library->FromXml(BookDoc(kPlainBody).c_str());
+    EXPECT_EQ(1, library->GetBooks()->GetCount());
+    EXPECT_EQ(0, library->GetMembers()->GetCount());
+    EXPECT_FALSE(library->GetAddress()->IsValidPostcode());
+    EXPECT_TRUE(library->GetBooks()->Item(0)->GetEdition().IsNull());
+    EXPECT_EQ("<AA:Library xmlns:AA=\"urn:orvex:library\" name=\"Riverside\"><AA:Address country=\"GB\">"
+              "<AA:Street>4 Mill Lane</AA:Street><AA:City>Ely</AA:City></AA:Address><AA:Book isbn=\"9780141439518\">"
+              "<AA:Title>Emma</AA:Title><AA:Author>Jane Austen</AA:Author><AA:Genre>fiction</AA:Genre></AA:Book>"
+              "</AA:Library>",
+              library->ToXml(false, false, EOL_LF));
+}
+
+// Mandatory primitive, enumeration and class members of a sequence.
+TEST(LibrarySeqMandatory, MissingElementFailsByDefaultNamingTheMember)
+{
+    struct Case
+    {
+        std::string xml;
+        std::string chain;
+    } cases[] = {
+        {BookDoc("<l:Author>A</l:Author><l:Genre>fiction</l:Genre>"),
+         InBook("Failed to find a required element [Title]")},
+        {BookDoc("<l:Title>T</l:Title><l:Author>A</l:Author><l:Year>1900</l:Year>"),
+         InBook("Failed to find a required element [Genre]")},
+        {BookDoc("<l:Title>T</l:Title>"), InBook("Failed to find a required element [Author]")},
+        {Library(Book(kPlainBody)),
+         "Failed to process the element [Library]\nFailed to find a required element [Address]"},
+        {EditionDoc("<l:Print pages=\"10\"/>"),
+         InEdition("Failed to process the element [Print]\nFailed to find a required element [Binding]")},
+        // An unknown element in front of a mandatory one is not passed over.
+        {BookDoc("<l:Blurb/>" + std::string(kPlainBody)), InBook("Failed to find a required element [Title]")},
+    };
+    for (const Case& c : cases) {
+        CSmartPtr<CLibrary> library = CLibrary::CreateInstance();
+        EXPECT_EQ(c.chain, ReadChain(library, c.xml)) << c.xml;
+    }
+}
+
+TEST(LibrarySeqMandatory, IgnoringUnknownElementsSkipsUpToTheMandatoryOne)
+{
+    CSmartPtr<CLibrary> library = CLibrary::CreateInstance();
+    COptions skip;
+    skip.ignoreUnknown = true;
+    ASSERT_EQ("read", ReadChain(library, BookDoc("<l:Blurb/><l:Note>x</l:Note>" + std::string(kPlainBody)), skip));
+    EXPECT_EQ("Emma", library->GetBooks()->Item(0)->GetTitle());
+
+    // Skipping runs to the end of the children and still finds nothing.
+    EXPECT_EQ(InBook("Failed to find a required element [Title]"),
+              ReadChain(library, BookDoc("<l:Author>A</l:Author><l:Genre>poetry</l:Genre>"), skip));
+    // The missing Address skips the books themselves before it gives up.
+    EXPECT_EQ("Failed to process the element [Library]\nFailed to find a required element [Address]",
+              ReadChain(library, Library(Book(kPlainBody)), skip));
+    // Optional members never skip: an unknown element in front of Year hides it,
+    // and the leftover is passed over in silence.
+    ASSERT_EQ("read", ReadChain(library, BookDoc(std::string(kPlainBody) + "<l:Blurb/><l:Year>1815</l:Year>"), skip));
+    EXPECT_FALSE(library->GetBooks()->Item(0)->IsValidYear());
+}
+
+TEST(LibrarySeqMandatory, IgnoringMissingElementsKeepsThePositionForTheNextMember)
+{
+    CSmartPtr<CLibrary> library = CLibrary::CreateInstance();
+    COptions missing;
+    missing.ignoreMissing = true;
+    ASSERT_EQ("read", ReadChain(library, BookDoc("<l:Genre>history</l:Genre><l:Year>1990</l:Year>"), missing));
+    CSmartPtr<CBook> book = library->GetBooks()->Item(0);
+    EXPECT_EQ("", book->GetTitle());
+    EXPECT_EQ(Genre_History, book->GetGenre());
+    EXPECT_EQ(1990, book->GetYear());
+
+    ASSERT_EQ("read", ReadChain(library, Library(Book(kPlainBody)), missing));
+    EXPECT_EQ("", library->GetAddress()->GetStreet());
+    EXPECT_EQ(1, library->GetBooks()->GetCount());
+
+    // The foreign element is not consumed by giving up, so it is still left over.
+    EXPECT_EQ(InBook(Leftover("Book", "Blurb")),
+              ReadChain(library, BookDoc("<l:Title>T</l:Title><l:Blurb/><l:Genre>fiction</l:Genre>"), missing));
+}
+
+TEST(LibrarySeqMandatory, LeftoverElementsFailUnlessUnknownOnesAreIgnored)
+{
+    CSmartPtr<CLibrary> library = CLibrary::CreateInstance();
+    const std::string xml = BookDoc(std::string(kPlainBody) + "<l:Blurb>x</l:Blurb>");
+    EXPECT_EQ(InBook(Leftover("Book", "Blurb")), ReadChain(library, xml));
+    COptions skip;
+    skip.ignoreUnknown = true;
+    EXPECT_EQ("read", ReadChain(library, xml, skip));
+    EXPECT_EQ("Failed to process the element [Library]\n" + Leftover("Library", "Shelf"),
+              ReadChain(library, Library(kAddress + Book(kPlainBody) + "<l:Shelf/>")));
+}
+
+TEST(LibrarySeqValues, BadTextsFailWithTheValueAtTheEndOfTheChain)
+{
+    CSmartPtr<CLibrary> library = CLibrary::CreateInstance();
+    EXPECT_EQ(InBook("The value [comic] is not a valid Genre"),
+              ReadChain(library, BookDoc("<l:Title>T</l:Title><l:Author>A</l:Author><l:Genre>comic</l:Genre>")));
+    const std::string chain = ReadChain(library, BookDoc(std::string(kPlainBody) + "<l:Year>18x3</l:Year>"));
+    EXPECT_EQ(0u, chain.find(InBook(""))) << chain;
+    EXPECT_NE(std::string::npos, chain.find("18x3")) << chain;
+    // Facets are not tested on reading, only on writing.
+    ASSERT_EQ("read", ReadChain(library, BookDoc(std::string(kPlainBody) + "<l:Year>1200</l:Year>")));
+    EXPECT_EQ(1200, library->GetBooks()->Item(0)->GetYear());
+    const std::string written = WriteChain(library);
+    EXPECT_EQ(0u, written.find("Failed to convert the element [Library] to XML\nFailed to convert the element [Book] "
+                               "to XML\n"))
+        << written;
+}
+
+TEST(LibrarySeqCollection, CountsAreTestedUnlessIgnored)
+{
+    CSmartPtr<CLibrary> library = CLibrary::CreateInstance();
+    EXPECT_EQ("Failed to process the element [Library]\nThe Minimum number of [Book] elements allowed in this "
+              "collection is 1",
+              ReadChain(library, Library(kAddress)));
+    COptions counts;
+    counts.ignoreCounts = true;
+    EXPECT_EQ("read", ReadChain(library, Library(kAddress), counts));
+    EXPECT_EQ(0, library->GetBooks()->GetCount());
+    // An empty collection writes nothing, so that the short document is written.
+    EXPECT_EQ("written", WriteChain(library));
+
+    std::string members;
+    for (int i = 0; i < 1001; ++i) members += kMember;
+    EXPECT_EQ("Failed to process the element [Library]\nThe Maximum number of [Member] elements allowed in this "
+              "collection is 1000",
+              ReadChain(library, Library(kAddress + Book(kPlainBody) + members)));
+    EXPECT_EQ("read", ReadChain(library, Library(kAddress + Book(kPlainBody) + members), counts));
+    EXPECT_EQ(1001, library->GetMembers()->GetCount());
+}
+
+// The abstract membership, chosen by the factory from xsi:type.
+TEST(LibrarySeqAbstract, NoSuitableClassFailsWhateverTheOptions)
+{
+    const std::string noSubstitution = InMember("Failed to find a suitable substitution element for [Membership]");
+    const std::string docs[] = {
+        MemberDoc("<l:Membership xsi:type=\"l:ChildMembership\"><l:Since>2000</l:Since></l:Membership>"),
+        MemberDoc("<l:Membership><l:Since>2000</l:Since></l:Membership>"),
+        MemberDoc("<l:Membership xmlns:o=\"urn:other\" xsi:type=\"o:AdultMembership\"><l:Since>2000</l:Since>"
+                  "<l:Fee>1</l:Fee></l:Membership>"),
+        MemberDoc("<l:Email>a@b.org</l:Email>"),
+    };
+    COptions skip, missing;
+    skip.ignoreUnknown = true;
+    missing.ignoreMissing = true;
+    for (const std::string& xml : docs)
+        for (const COptions& options : {COptions(), skip, missing}) {
+            CSmartPtr<CLibrary> library = CLibrary::CreateInstance();
+            EXPECT_EQ(noSubstitution, ReadChain(library, xml, options)) << xml;
+        }
+}
+
+TEST(LibrarySeqAbstract, TheDerivedClassReadsItsOwnMembers)
+{
+    CSmartPtr<CLibrary> library = CLibrary::CreateInstance();
+    // An unprefixed type is taken in the element's own namespace.
+    ASSERT_EQ("read", ReadChain(library, MemberDoc("<l:Membership xsi:type=\"StudentMembership\"><l:Since>2020"
+                                                   "</l:Since><l:School>Ely</l:School></l:Membership>")));
+    CSmartPtr<CMembership> membership = library->GetMembers()->Item(0)->GetMembership();
+    ASSERT_TRUE(dynamic_cast<CStudentMembership*>(membership.Get()));
+    EXPECT_FALSE(static_cast<CStudentMembership*>(membership.Get())->IsValidGraduation());
+    EXPECT_EQ(InMember("Failed to process the element [Membership]\nFailed to find a required element [Fee]"),
+              ReadChain(library, MemberDoc("<l:Membership xsi:type=\"l:AdultMembership\"><l:Since>2020</l:Since>"
+                                           "</l:Membership>")));
+}
+
+// The Edition choice.
+TEST(LibraryChoice, MissingChoiceFailsUnlessIgnored)
+{
+    CSmartPtr<CLibrary> library = CLibrary::CreateInstance();
+    EXPECT_EQ(InEdition(kNoChoice), ReadChain(library, EditionDoc("")));
+    // An unknown element is no alternative either.
+    EXPECT_EQ(InEdition(kNoChoice), ReadChain(library, EditionDoc("<l:Vinyl/>")));
+
+    COptions choice;
+    choice.ignoreChoice = true;
+    ASSERT_EQ("read", ReadChain(library, EditionDoc(""), choice));
+    CSmartPtr<CEdition> edition = library->GetBooks()->Item(0)->GetEdition();
+    ASSERT_FALSE(edition.IsNull());
+    EXPECT_EQ("", edition->GetSelectedElement());
+    // The empty choice cannot be written back, unless the writing context ignores it too.
+    EXPECT_EQ("Failed to convert the element [Library] to XML\nFailed to convert the element [Book] to XML\n"
+              "Failed to convert the element [Edition] to XML\nThis element is a choice, and as such must have at "
+              "one (and only one) valid item, currently there are none set",
+              WriteChain(library));
+    EXPECT_EQ("written", WriteChain(library, choice));
+}
+
+TEST(LibraryChoice, OneAlternativeOnlyUnlessUnknownElementsAreIgnored)
+{
+    CSmartPtr<CLibrary> library = CLibrary::CreateInstance();
+    const std::string twice = EditionDoc("<l:Ebook>pdf</l:Ebook><l:Audio>60</l:Audio>");
+    EXPECT_EQ(InEdition(Leftover("Edition", "Audio")), ReadChain(library, twice));
+    COptions skip;
+    skip.ignoreUnknown = true;
+    ASSERT_EQ("read", ReadChain(library, twice, skip));
+    CSmartPtr<CEdition> edition = library->GetBooks()->Item(0)->GetEdition();
+    EXPECT_EQ("Ebook", edition->GetSelectedElement());
+    EXPECT_FALSE(edition->IsValidAudio());
+
+    // Unknown elements in front of an alternative are skipped one at a time.
+    ASSERT_EQ("read", ReadChain(library, EditionDoc("<l:Vinyl/><l:Tape/><l:Audio>60</l:Audio>"), skip));
+    EXPECT_EQ(60, library->GetBooks()->Item(0)->GetEdition()->GetAudio());
+    EXPECT_EQ(InEdition(kNoChoice), ReadChain(library, EditionDoc("<l:Vinyl/><l:Tape/>"), skip));
+}
+
+TEST(LibraryChoice, ClassAlternativeIsStoredBeforeItsContent)
+{
+    CSmartPtr<CLibrary> library = CLibrary::CreateInstance();
+    // The Print alternative fails inside, yet it had been selected already.
+    EXPECT_EQ(InEdition("Failed to process the element [Print]\nThe value [spiral] is not a valid Binding"),
+              ReadChain(library, EditionDoc("<l:Print pages=\"3\"><l:Binding>spiral</l:Binding></l:Print>")));
+    ASSERT_EQ("read",
+              ReadChain(library, EditionDoc("<l:Print pages=\"3\"><l:Binding>hardcover</l:Binding></l:Print>")));
+    EXPECT_EQ(Binding_Hardcover, library->GetBooks()->Item(0)->GetEdition()->GetPrint()->GetBinding());
+    // A facet of an alternative fails on writing, below the choice's line.
+    ASSERT_EQ("read", ReadChain(library, EditionDoc("<l:Ebook>djvu</l:Ebook>")));
+    EXPECT_EQ(0u, WriteChain(library).find("Failed to convert the element [Library] to XML\nFailed to convert the "
+                                           "element [Book] to XML\nFailed to convert the element [Edition] to XML\n"));
+}
+
+// The checks of the generated setters.
+TEST(LibrarySetters, ChoiceKeepsOneAlternative)
+{
+    CSmartPtr<CEdition> edition = CEdition::CreateInstance();
+    edition->SetEbook("pdf");
+    EXPECT_TRUE(OrvexTest::ThrowsExactly<COrvexInvalidStateException>(
+        [&] { edition->SetAudio(5); },
+        "The Property Ebook is already set. Only one element within this class bay be set at a time"));
+    EXPECT_TRUE(OrvexTest::ThrowsExactly<COrvexInvalidStateException>(
+        [&] { edition->SetPrint(CPrint::CreateInstance()); },
+        "The Property [Ebook] is already set. Only one element within this class bay be set at a time"));
+    // A null object for another alternative changes nothing.
+    edition->SetPrint(nullptr);
+    EXPECT_EQ("Ebook", edition->GetSelectedElement());
+    edition->ClearEbook();
+    edition->SetPrint(CPrint::CreateInstance());
+    EXPECT_EQ("Print", edition->GetSelectedElement());
+    edition->SetPrint(nullptr);
+    EXPECT_EQ("", edition->GetSelectedElement());
+    edition->SetAudio(90);
+    EXPECT_EQ("<AA:Edition xmlns:AA=\"urn:orvex:library\"><AA:Audio>90</AA:Audio></AA:Edition>",
+              edition->ToXml(false, false));
+}
+
+TEST(LibrarySetters, MandatoryAndNamedObjectProperties)
+{
+    CSmartPtr<CLibrary> library = CLibrary::CreateInstance();
+    EXPECT_TRUE(OrvexTest::ThrowsExactly<COrvexInvalidParamException>(
+        [&] { library->SetAddress(nullptr); }, "The Property [Address] is mandatory, it may node be NULL"));
+    CSmartPtr<CBook> book = CBook::CreateInstance();
+    EXPECT_TRUE(OrvexTest::ThrowsExactly<COrvexInvalidParamException>(
+        [&] { book->SetEdition(CEdition::CreateInstance("Version")); },
+        "This property requrires an element with the name Edition the element being set has the element name "
+        "Version"));
+    EXPECT_TRUE(book->GetEdition().IsNull());
+    book->SetEdition(nullptr);
+    CSmartPtr<CMember> member = CMember::CreateInstance();
+    EXPECT_TRUE(OrvexTest::ThrowsExactly<COrvexInvalidParamException>(
+        [&] { member->SetMembership(nullptr); }, "The Property [Membership] is mandatory, it may node be NULL"));
+    member->SetMembership(CAdultMembership::CreateInstance());
+    EXPECT_EQ(1900, member->GetMembership()->GetSince());
+}
