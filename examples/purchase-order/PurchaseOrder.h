@@ -83,14 +83,26 @@ public:
     CDecimal GetUSPrice() const { return m_usPrice; }
     void SetUSPrice(const CDecimal& value) { m_usPrice = value; }
     std::string GetComment() const { return m_comment; }
-    void SetComment(const std::string& value) { m_comment = value; m_hasComment = true; }
+    void SetComment(const std::string& value)
+    {
+        m_comment = value;
+        m_hasComment = true;
+    }
     bool IsValidComment() const { return m_hasComment; }
-    void SetValidComment(bool valid) { m_hasComment = valid; if (!valid) m_comment.clear(); }
+    void SetValidComment(bool valid)
+    {
+        m_hasComment = valid;
+        if (!valid) m_comment.clear();
+    }
     CDateTime GetShipDate() const { return m_shipDate; }
     // Fails with COrvexInvalidParamException when value is not of kind date.
     void SetShipDate(const CDateTime& value);
     bool IsValidShipDate() const { return m_hasShipDate; }
-    void SetValidShipDate(bool valid) { m_hasShipDate = valid; if (!valid) m_shipDate = CDateTime(); }
+    void SetValidShipDate(bool valid)
+    {
+        m_hasShipDate = valid;
+        if (!valid) m_shipDate = CDateTime();
+    }
 
     CXmlObjectBase* GetBase() override { return this; }
     std::string GetTargetNamespace() const override { return std::string(); }
@@ -176,7 +188,11 @@ public:
     // Fails with COrvexInvalidParamException when value is not of kind date.
     void SetOrderDate(const CDateTime& value);
     bool IsValidOrderDate() const { return m_hasOrderDate; }
-    void SetValidOrderDate(bool valid) { m_hasOrderDate = valid; if (!valid) m_orderDate = CDateTime(); }
+    void SetValidOrderDate(bool valid)
+    {
+        m_hasOrderDate = valid;
+        if (!valid) m_orderDate = CDateTime();
+    }
     CSmartPtr<CUSAddress> GetShipTo() const { return m_shipTo; }
     // Fails with COrvexInvalidParamException for null; the object takes the element name shipTo.
     void SetShipTo(CUSAddress* value);
@@ -184,9 +200,17 @@ public:
     // Fails with COrvexInvalidParamException for null; the object takes the element name billTo.
     void SetBillTo(CUSAddress* value);
     std::string GetComment() const { return m_comment; }
-    void SetComment(const std::string& value) { m_comment = value; m_hasComment = true; }
+    void SetComment(const std::string& value)
+    {
+        m_comment = value;
+        m_hasComment = true;
+    }
     bool IsValidComment() const { return m_hasComment; }
-    void SetValidComment(bool valid) { m_hasComment = valid; if (!valid) m_comment.clear(); }
+    void SetValidComment(bool valid)
+    {
+        m_hasComment = valid;
+        if (!valid) m_comment.clear();
+    }
     CSmartPtr<CItems> GetItems() const { return m_items; }
     // Fails with COrvexInvalidParamException for null; the object takes the element name items.
     void SetItems(CItems* value);

@@ -10,8 +10,7 @@ CDecimal OrderTotal(const CPurchaseOrderType& order)
 {
     CDecimal total;
     const CSmartPtr<CItemCol> items = order.GetItems()->GetItem();
-    for (CItem* item : *items)
-        total += CDecimal(item->GetQuantity()) * item->GetUSPrice();
+    for (CItem* item : *items) total += CDecimal(item->GetQuantity()) * item->GetUSPrice();
     return total;
 }
 

@@ -29,7 +29,10 @@ const char* const kWrittenPrimer =
     "<shipDate>1999-05-21</shipDate></item>"
     "</items></purchaseOrder>";
 
-std::string PrimerText() { return ReadTextFile(ExamplePath("purchase-order/po.xml")); }
+std::string PrimerText()
+{
+    return ReadTextFile(ExamplePath("purchase-order/po.xml"));
+}
 
 CSmartPtr<CPurchaseOrder> ReadOrder(const std::string& xml)
 {
@@ -41,8 +44,10 @@ CSmartPtr<CPurchaseOrder> ReadOrder(const std::string& xml)
 std::string Replaced(std::string text, const std::string& from, const std::string& to)
 {
     const std::size_t at = text.find(from);
-    if (at == std::string::npos) ADD_FAILURE() << "not in the text: " << from;
-    else text.replace(at, from.size(), to);
+    if (at == std::string::npos)
+        ADD_FAILURE() << "not in the text: " << from;
+    else
+        text.replace(at, from.size(), to);
     return text;
 }
 
@@ -66,11 +71,16 @@ Failure FailureOf(Fn&& fn)
         failure.outerIsValidation = typeid(e) == typeid(COrvexValidationException);
         const COrvexException* cause = &e;
         while (cause->GetInnerException()) cause = cause->GetInnerException();
-        if (typeid(*cause) == typeid(COrvexException)) failure.causeClass = "COrvexException";
-        else if (typeid(*cause) == typeid(COrvexValidationException)) failure.causeClass = "Validation";
-        else if (typeid(*cause) == typeid(COrvexInvalidValueException)) failure.causeClass = "InvalidValue";
-        else if (typeid(*cause) == typeid(COrvexInvalidParamException)) failure.causeClass = "InvalidParam";
-        else failure.causeClass = "other";
+        if (typeid(*cause) == typeid(COrvexException))
+            failure.causeClass = "COrvexException";
+        else if (typeid(*cause) == typeid(COrvexValidationException))
+            failure.causeClass = "Validation";
+        else if (typeid(*cause) == typeid(COrvexInvalidValueException))
+            failure.causeClass = "InvalidValue";
+        else if (typeid(*cause) == typeid(COrvexInvalidParamException))
+            failure.causeClass = "InvalidParam";
+        else
+            failure.causeClass = "other";
     }
     return failure;
 }
@@ -178,9 +188,10 @@ TEST(PurchaseOrder, AddedItemsAndChangedValuesGoOutAndComeBack)
 
 TEST(PurchaseOrder, EveryFacetBrokenOnWritingNamesThePathDownToIt)
 {
-    const std::string toItem = "Failed to convert the element [purchaseOrder] to XML\n"
-                               "Failed to convert the element [items] to XML\n"
-                               "Failed to convert the element [item] to XML\n";
+    const std::string toItem =
+        "Failed to convert the element [purchaseOrder] to XML\n"
+        "Failed to convert the element [items] to XML\n"
+        "Failed to convert the element [item] to XML\n";
     struct Case
     {
         void (*breakIt)(CPurchaseOrder&);
@@ -223,9 +234,10 @@ TEST(PurchaseOrder, EveryFacetBrokenOnWritingNamesThePathDownToIt)
 
 TEST(PurchaseOrder, ReadingFailuresNameTheElementsOnTheWay)
 {
-    const std::string toItem = "Failed to process the element [purchaseOrder]\n"
-                               "Failed to process the element [items]\n"
-                               "Failed to process the element [item]\n";
+    const std::string toItem =
+        "Failed to process the element [purchaseOrder]\n"
+        "Failed to process the element [items]\n"
+        "Failed to process the element [item]\n";
     struct Case
     {
         const char* from;
@@ -236,16 +248,15 @@ TEST(PurchaseOrder, ReadingFailuresNameTheElementsOnTheWay)
         {"<quantity>1</quantity>", "<quantity>one</quantity>",
          toItem + "The string representing a Decimal, contained an invalid char at position 0 [one]", "InvalidValue"},
         {"<USPrice>39.98</USPrice>", "<USPrice>39,98</USPrice>",
-         toItem + "The string representing a Decimal, contained an invalid char at position 2 [39,98]",
-         "InvalidValue"},
+         toItem + "The string representing a Decimal, contained an invalid char at position 2 [39,98]", "InvalidValue"},
         {"<shipDate>1999-05-21</shipDate>", "<shipDate>1999-05</shipDate>",
          toItem + "Dates assigned to [shipDate] must be of type dt_date", "InvalidParam"},
         {"orderDate=\"1999-10-20\"", "orderDate=\"1999-13-20\"",
          "Failed to process the element [purchaseOrder]\nInvalid Month [13] (1 <= month <= 12)", "InvalidValue"},
-        {"<item partNum=\"926-AA\">", "<item>",
-         toItem + "Failed to find the required Attribute [partNum]", "Validation"},
-        {"<productName>Lawnmower</productName>", "",
-         toItem + "Failed to find a required element [productName]", "Validation"},
+        {"<item partNum=\"926-AA\">", "<item>", toItem + "Failed to find the required Attribute [partNum]",
+         "Validation"},
+        {"<productName>Lawnmower</productName>", "", toItem + "Failed to find a required element [productName]",
+         "Validation"},
         {"<billTo country=\"US\">", "<billTo country=\"US\" zone=\"east\">",
          "Failed to process the element [purchaseOrder]\nFailed to process the element [billTo]\n"
          "Unexpected Attribute [zone] found.",
