@@ -35,7 +35,10 @@ std::string Book(const std::string& body)
 }
 
 // A library of one book with the given body.
-std::string BookDoc(const std::string& body) { return Library(kAddress + Book(body)); }
+std::string BookDoc(const std::string& body)
+{
+    return Library(kAddress + Book(body));
+}
 
 const char* const kPlainBody = "<l:Title>Emma</l:Title><l:Author>Jane Austen</l:Author><l:Genre>fiction</l:Genre>";
 
@@ -175,11 +178,12 @@ TEST(Library, ReadingTwiceStartsFromAFreshObject)
     EXPECT_EQ(0, library->GetMembers()->GetCount());
     EXPECT_FALSE(library->GetAddress()->IsValidPostcode());
     EXPECT_TRUE(library->GetBooks()->Item(0)->GetEdition().IsNull());
-    EXPECT_EQ("<AA:Library xmlns:AA=\"urn:orvex:library\" name=\"Riverside\"><AA:Address country=\"GB\">"
-              "<AA:Street>4 Mill Lane</AA:Street><AA:City>Ely</AA:City></AA:Address><AA:Book isbn=\"9780141439518\">"
-              "<AA:Title>Emma</AA:Title><AA:Author>Jane Austen</AA:Author><AA:Genre>fiction</AA:Genre></AA:Book>"
-              "</AA:Library>",
-              library->ToXml(false, false, EOL_LF));
+    EXPECT_EQ(
+        "<AA:Library xmlns:AA=\"urn:orvex:library\" name=\"Riverside\"><AA:Address country=\"GB\">"
+        "<AA:Street>4 Mill Lane</AA:Street><AA:City>Ely</AA:City></AA:Address><AA:Book isbn=\"9780141439518\">"
+        "<AA:Title>Emma</AA:Title><AA:Author>Jane Austen</AA:Author><AA:Genre>fiction</AA:Genre></AA:Book>"
+        "</AA:Library>",
+        library->ToXml(false, false, EOL_LF));
 }
 
 // Mandatory primitive, enumeration and class members of a sequence.
@@ -280,9 +284,10 @@ TEST(LibrarySeqValues, BadTextsFailWithTheValueAtTheEndOfTheChain)
 TEST(LibrarySeqCollection, CountsAreTestedUnlessIgnored)
 {
     CSmartPtr<CLibrary> library = CLibrary::CreateInstance();
-    EXPECT_EQ("Failed to process the element [Library]\nThe Minimum number of [Book] elements allowed in this "
-              "collection is 1",
-              ReadChain(library, Library(kAddress)));
+    EXPECT_EQ(
+        "Failed to process the element [Library]\nThe Minimum number of [Book] elements allowed in this "
+        "collection is 1",
+        ReadChain(library, Library(kAddress)));
     COptions counts;
     counts.ignoreCounts = true;
     EXPECT_EQ("read", ReadChain(library, Library(kAddress), counts));
@@ -292,9 +297,10 @@ TEST(LibrarySeqCollection, CountsAreTestedUnlessIgnored)
 
     std::string members;
     for (int i = 0; i < 1001; ++i) members += kMember;
-    EXPECT_EQ("Failed to process the element [Library]\nThe Maximum number of [Member] elements allowed in this "
-              "collection is 1000",
-              ReadChain(library, Library(kAddress + Book(kPlainBody) + members)));
+    EXPECT_EQ(
+        "Failed to process the element [Library]\nThe Maximum number of [Member] elements allowed in this "
+        "collection is 1000",
+        ReadChain(library, Library(kAddress + Book(kPlainBody) + members)));
     EXPECT_EQ("read", ReadChain(library, Library(kAddress + Book(kPlainBody) + members), counts));
     EXPECT_EQ(1001, library->GetMembers()->GetCount());
 }
@@ -349,10 +355,11 @@ TEST(LibraryChoice, MissingChoiceFailsUnlessIgnored)
     ASSERT_FALSE(edition.IsNull());
     EXPECT_EQ("", edition->GetSelectedElement());
     // The empty choice cannot be written back, unless the writing context ignores it too.
-    EXPECT_EQ("Failed to convert the element [Library] to XML\nFailed to convert the element [Book] to XML\n"
-              "Failed to convert the element [Edition] to XML\nThis element is a choice, and as such must have at "
-              "one (and only one) valid item, currently there are none set",
-              WriteChain(library));
+    EXPECT_EQ(
+        "Failed to convert the element [Library] to XML\nFailed to convert the element [Book] to XML\n"
+        "Failed to convert the element [Edition] to XML\nThis element is a choice, and as such must have at "
+        "one (and only one) valid item, currently there are none set",
+        WriteChain(library));
     EXPECT_EQ("written", WriteChain(library, choice));
 }
 

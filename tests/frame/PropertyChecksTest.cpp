@@ -1,0 +1,133 @@
+// The checks that generated setters call, driven the way a generated choice class
+// drives them: one selected-name string per class.
+#include <gtest/gtest.h>
+
+#include "TestUtil.h"
+#include "metadata/DescriptorFixtures.h"
+
+using namespace OrvexTest;
+
+namespace {
+
+// Exposes the protected checks as a generated class sees them.
+struct CChecks : CXmlObjectBase
+{
+    using CXmlObjectBase::Choice_CollectionChanged;
+    using CXmlObjectBase::Choice_Read_Collection;
+    using CXmlObjectBase::Choice_SelectElement;
+    using CXmlObjectBase::Choice_SetElementValid;
+    using CXmlObjectBase::Throw_IfElementNameDiffers;
+    using CXmlObjectBase::Throw_IfPropertyIsNull;
+};
+
+const char* const kBracketed =
+    "The Property [A] is already set. Only one element within this class bay be set at a time";
+const char* const kPlain = "The Property A is already set. Only one element within this class bay be set at a time";
+
+}  // namespace
+
+TEST(PropertyChecks, SelectElementAndCollectionChanged)
+{
+    CSmartPtr<CLeaf> object(new CLeaf());
+    // selected before, property, object given (or count above 0), selected after ("!" = fails)
+    struct Case
+    {
+        const char* before;
+        const char* property;
+        bool filled;
+        const char* after;
+    } cases[] = {
+        {"", "A", false, "A"}, {"", "A", true, "A"},   {"A", "A", true, "A"},
+        {"A", "A", false, ""}, {"A", "B", false, "A"}, {"A", "B", true, "!"},
+    };
+    for (const Case& c : cases) {
+        std::string selected = c.before;
+        if (std::string(c.after) == "!") {
+            EXPECT_TRUE(ThrowsExactly<COrvexInvalidStateException>(
+                [&] { CChecks::Choice_SelectElement(c.property, object, selected); }, kBracketed));
+        } else {
+            CChecks::Choice_SelectElement(c.property, c.filled ? object.Get() : nullptr, selected);
+            EXPECT_EQ(c.after, selected) << c.before << " " << c.property << " " << c.filled;
+        }
+    }
+    // A collection that stays empty selects nothing, unlike a null object.
+    struct CountCase
+    {
+        const char* before;
+        const char* property;
+        std::int32_t count;
+        const char* after;
+    } counts[] = {
+        {"", "A", 0, ""},  {"", "A", 2, "A"},  {"A", "A", 1, "A"},
+        {"A", "A", 0, ""}, {"A", "B", 0, "A"}, {"A", "B", 1, "!"},
+    };
+    for (const CountCase& c : counts) {
+        std::string selected = c.before;
+        if (std::string(c.after) == "!") {
+            EXPECT_TRUE(ThrowsExactly<COrvexInvalidStateException>(
+                [&] { CChecks::Choice_CollectionChanged(c.property, c.count, selected); }, kBracketed));
+        } else {
+            CChecks::Choice_CollectionChanged(c.property, c.count, selected);
+            EXPECT_EQ(c.after, selected) << c.before << " " << c.property << " " << c.count;
+        }
+    }
+}
+
+TEST(PropertyChecks, SetElementValid)
+{
+    std::string selected = "A";
+    EXPECT_TRUE(ThrowsExactly<COrvexInvalidStateException>(
+        [&] { CChecks::Choice_SetElementValid(true, "B", selected); }, kPlain));
+    CChecks::Choice_SetElementValid(true, "A", selected);
+    EXPECT_EQ("A", selected);
+    // Any property may clear the selection.
+    CChecks::Choice_SetElementValid(false, "B", selected);
+    EXPECT_EQ("", selected);
+    CChecks::Choice_SetElementValid(true, "B", selected);
+    EXPECT_EQ("B", selected);
+}
+
+TEST(PropertyChecks, NullAndNameChecks)
+{
+    EXPECT_TRUE(ThrowsExactly<COrvexInvalidParamException>([] { CChecks::Throw_IfPropertyIsNull(nullptr, "Owner"); },
+                                                           "The Property [Owner] is mandatory, it may node be NULL"));
+    CSmartPtr<CLeaf> leaf(new CLeaf("Twig"));
+    CChecks::Throw_IfPropertyIsNull(leaf, "Owner");
+    CChecks::Throw_IfElementNameDiffers(nullptr, "Leaf");
+    CChecks::Throw_IfElementNameDiffers(leaf, "Twig");
+    EXPECT_TRUE(ThrowsExactly<COrvexInvalidParamException>(
+        [&] { CChecks::Throw_IfElementNameDiffers(leaf, "Leaf"); },
+        "This property requrires an element with the name Leaf the element being set has the element name Twig"));
+}
+
+TEST(PropertyChecks, ReadCollectionOnceThenCount)
+{
+    CXmlDocument document;
+    document.LoadXml("<r xmlns=\"urn:t\"><T>a</T><T>b</T><Z/><T>c</T></r>");
+    CXmlElement* parent = document.GetDocumentElement();
+    CSmartPtr<CTextCol> texts(new CTextCol("T", 0, 2));
+    CXmlSerializationContext context;
+    std::int32_t itemsRead = 0;
+    CXmlElement* current = parent->GetFirstElement()->GetNextSiblingElement()->GetNextSiblingElement();
+    // Nothing to take at Z: nothing moves, nothing is counted.
+    CChecks::Choice_Read_Collection(texts, parent, current, itemsRead, context);
+    EXPECT_EQ("Z", current->GetLocalName());
+    EXPECT_EQ(0, itemsRead);
+    current = parent->GetFirstElement();
+    CChecks::Choice_Read_Collection(texts, parent, current, itemsRead, context);
+    EXPECT_EQ("Z", current->GetLocalName());
+    EXPECT_EQ(1, itemsRead);
+    EXPECT_EQ(2, texts->GetCount());
+    // Once read, later runs are left alone.
+    current = current->GetNextSiblingElement();
+    CChecks::Choice_Read_Collection(texts, parent, current, itemsRead, context);
+    EXPECT_EQ("T", current->GetLocalName());
+    EXPECT_EQ(2, texts->GetCount());
+
+    CSmartPtr<CTextCol> one(new CTextCol("T", 0, 1));
+    itemsRead = 0;
+    current = parent->GetFirstElement();
+    EXPECT_TRUE(ThrowsExactly<COrvexValidationException>(
+        [&] { CChecks::Choice_Read_Collection(one, parent, current, itemsRead, context); },
+        "The Maximum number of [T] elements allowed in this collection is 1"));
+}
