@@ -163,6 +163,92 @@ TEST(GeneratedClassAttributes, WritingTestsFacetsAndWrapsTheFailure)
               tag->ToXml(false, false));
 }
 
+namespace {
+
+// A wildcard that stands in front of a mandatory attribute, as a table must not
+// have it, and whose property can be switched to hold something else than a CAttributeCol.
+class CWild : public CShape<CWild>
+{
+public:
+    CWild() : extras(new CAttributeCol("", "##any", "urn:t")), other(new CBag()) { SetElementName("Wild"); Init(); }
+    static const CTables& Tables()
+    {
+        static const CTables tables = {
+            new CParentElementInfo(ElementGroup_Sequence, ElementType_Element, "Wild", "urn:t", -1, true, false),
+            new CElementInfo* [1] { nullptr },
+            new CAttributeInfo* [3] {
+                new CAttributeInfoAny("AnyAttribute", "", 1, false, "##any", "urn:t"),
+                new CAttributeInfoPrimitive("m", "", 0, false, ItemType_i4, nullptr, Rule::Collapse,
+                                            CPrimitiveRestrictions("", -1, -1, "", "5", "", "", -1)),
+                nullptr
+            }
+        };
+        return tables;
+    }
+    void AccessProperty(int propertyIndex, bool read, OrvexVariant& value) override
+    {
+        if (propertyIndex == 0 && read) value = m;
+        else if (propertyIndex == 0) m = value;
+        else if (read && holdsBag) value.SetXmlObject(other);
+        else if (read) value.SetXmlCollection(extras);
+    }
+    void Init() override { m.SetInvalid(); extras->Clear(); }
+
+    OrvexVariant m;
+    bool holdsBag = false;
+    CSmartPtr<CAttributeCol> extras;
+    CSmartPtr<CBag> other;
+};
+
+}  // namespace
+
+TEST(GeneratedClassAttributes, WildcardTakesWhatReachesItAndNeverFailsValidation)
+{
+    struct Case
+    {
+        bool holdsBag;
+        const char* xml;
+        const char* chain;
+        int extras;
+    } cases[] = {
+        // The wildcard is not optional and saw nothing, yet only the primitive fails.
+        {false, "<Wild/>", "Failed to process the element [Wild] / Failed to find the required Attribute [m]", 0},
+        // Standing first, the wildcard takes the attribute meant for the next descriptor.
+        {false, "<Wild m='3'/>", "Failed to process the element [Wild] / Failed to find the required Attribute [m]", 1},
+        {true, "<Wild m='3'/>",
+         "Failed to process the element [Wild] / Serialization Data Error : The collection should be a "
+         "CAttributeCol, it was not!",
+         0},
+    };
+    for (const Case& c : cases) {
+        CSmartPtr<CWild> wild(new CWild());
+        wild->holdsBag = c.holdsBag;
+        EXPECT_EQ(c.chain, ChainOf([&] { wild->FromXml(c.xml); })) << c.xml;
+        EXPECT_EQ(c.extras, wild->extras->GetCount()) << c.xml;
+    }
+    try {
+        CSmartPtr<CWild> wild(new CWild());
+        wild->holdsBag = true;
+        wild->FromXml("<Wild m='3'/>");
+        FAIL();
+    } catch (const COrvexException& e) {
+        EXPECT_EQ(typeid(COrvexException), typeid(Innermost(e)));
+    }
+}
+
+TEST(GeneratedClassAttributes, MandatoryAttributeIsAlwaysWrittenOrFails)
+{
+    const std::string head = "Failed to convert the element [Wild] to XML / Failed to convert attributes to XML / ";
+    CSmartPtr<CWild> wild(new CWild());
+    // Unset and mandatory: no facet stops it, the conversion to text does.
+    EXPECT_EQ(head + "Invalid Type 0 to convert to string", ChainOf([&] { wild->ToXml(); }));
+    wild->m.SetI4(6);
+    EXPECT_EQ(head + "Invalid Value for m [6]", ChainOf([&] { wild->ToXml(); }));
+    wild->m.SetI4(5);
+    wild->extras->Add("x", "1");
+    EXPECT_EQ("<AA:Wild xmlns:AA=\"urn:t\" x=\"1\" m=\"5\"/>", wild->ToXml(false, false));
+}
+
 TEST(GeneratedClassPseudo, PseudoChildReadsInPlaceAndWritesIntoTheHostTag)
 {
     CSmartPtr<CHost> host(new CHost());
