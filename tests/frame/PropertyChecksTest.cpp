@@ -16,8 +16,6 @@ struct CChecks : CXmlObjectBase
     using CXmlObjectBase::Choice_Read_Collection;
     using CXmlObjectBase::Choice_SelectElement;
     using CXmlObjectBase::Choice_SetElementValid;
-    using CXmlObjectBase::Throw_IfElementNameDiffers;
-    using CXmlObjectBase::Throw_IfPropertyIsNull;
 };
 
 const char* const kBracketed =
@@ -29,47 +27,31 @@ const char* const kPlain = "The Property A is already set. Only one element with
 TEST(PropertyChecks, SelectElementAndCollectionChanged)
 {
     CSmartPtr<CLeaf> object(new CLeaf());
-    // selected before, property, object given (or count above 0), selected after ("!" = fails)
+    // selected before, property, count (above 0: an object is given), selected
+    // after each of the two operations ("!" = fails). Only an empty collection
+    // differs from a null object: it selects nothing.
     struct Case
     {
         const char* before;
         const char* property;
-        bool filled;
-        const char* after;
+        std::int32_t count;
+        const char* afterSelect;
+        const char* afterCount;
     } cases[] = {
-        {"", "A", false, "A"}, {"", "A", true, "A"},   {"A", "A", true, "A"},
-        {"A", "A", false, ""}, {"A", "B", false, "A"}, {"A", "B", true, "!"},
+        {"", "A", 0, "A", ""}, {"", "A", 2, "A", "A"},  {"A", "A", 1, "A", "A"},
+        {"A", "A", 0, "", ""}, {"A", "B", 0, "A", "A"}, {"A", "B", 1, "!", "!"},
     };
     for (const Case& c : cases) {
         std::string selected = c.before;
-        if (std::string(c.after) == "!") {
-            EXPECT_TRUE(ThrowsExactly<COrvexInvalidStateException>(
-                [&] { CChecks::Choice_SelectElement(c.property, object, selected); }, kBracketed));
-        } else {
-            CChecks::Choice_SelectElement(c.property, c.filled ? object.Get() : nullptr, selected);
-            EXPECT_EQ(c.after, selected) << c.before << " " << c.property << " " << c.filled;
-        }
-    }
-    // A collection that stays empty selects nothing, unlike a null object.
-    struct CountCase
-    {
-        const char* before;
-        const char* property;
-        std::int32_t count;
-        const char* after;
-    } counts[] = {
-        {"", "A", 0, ""},  {"", "A", 2, "A"},  {"A", "A", 1, "A"},
-        {"A", "A", 0, ""}, {"A", "B", 0, "A"}, {"A", "B", 1, "!"},
-    };
-    for (const CountCase& c : counts) {
-        std::string selected = c.before;
-        if (std::string(c.after) == "!") {
-            EXPECT_TRUE(ThrowsExactly<COrvexInvalidStateException>(
-                [&] { CChecks::Choice_CollectionChanged(c.property, c.count, selected); }, kBracketed));
-        } else {
-            CChecks::Choice_CollectionChanged(c.property, c.count, selected);
-            EXPECT_EQ(c.after, selected) << c.before << " " << c.property << " " << c.count;
-        }
+        const std::string select =
+            Failure([&] { CChecks::Choice_SelectElement(c.property, c.count > 0 ? object.Get() : nullptr, selected); });
+        EXPECT_EQ(std::string(c.afterSelect) == "!" ? kBracketed : "no failure", select);
+        // A failure leaves the selection as it was.
+        EXPECT_EQ(select == "no failure" ? c.afterSelect : c.before, selected) << c.before << c.property << c.count;
+        selected = c.before;
+        const std::string count = Failure([&] { CChecks::Choice_CollectionChanged(c.property, c.count, selected); });
+        EXPECT_EQ(std::string(c.afterCount) == "!" ? kBracketed : "no failure", count);
+        EXPECT_EQ(count == "no failure" ? c.afterCount : c.before, selected) << c.before << c.property << c.count;
     }
 }
 
@@ -85,19 +67,6 @@ TEST(PropertyChecks, SetElementValid)
     EXPECT_EQ("", selected);
     CChecks::Choice_SetElementValid(true, "B", selected);
     EXPECT_EQ("B", selected);
-}
-
-TEST(PropertyChecks, NullAndNameChecks)
-{
-    EXPECT_TRUE(ThrowsExactly<COrvexInvalidParamException>([] { CChecks::Throw_IfPropertyIsNull(nullptr, "Owner"); },
-                                                           "The Property [Owner] is mandatory, it may node be NULL"));
-    CSmartPtr<CLeaf> leaf(new CLeaf("Twig"));
-    CChecks::Throw_IfPropertyIsNull(leaf, "Owner");
-    CChecks::Throw_IfElementNameDiffers(nullptr, "Leaf");
-    CChecks::Throw_IfElementNameDiffers(leaf, "Twig");
-    EXPECT_TRUE(ThrowsExactly<COrvexInvalidParamException>(
-        [&] { CChecks::Throw_IfElementNameDiffers(leaf, "Leaf"); },
-        "This property requrires an element with the name Leaf the element being set has the element name Twig"));
 }
 
 TEST(PropertyChecks, ReadCollectionOnceThenCount)

@@ -3,6 +3,7 @@
 // child, a choice child, a text collection, and the factories for them.
 #pragma once
 
+#include <initializer_list>
 #include <string>
 #include <vector>
 
@@ -20,45 +21,50 @@ inline CPrimitiveRestrictions Unrestricted()
     return CPrimitiveRestrictions("", -1, -1, "", "", "", "", -1);
 }
 
-// Tables built once per class, released at exit.
-struct CFixtureTables
+// The tables of one fixture class, built once and released at exit.
+struct CFixtureTables : private CXmlGeneratedClass
 {
+    CFixtureTables(XmlElementGroupType group, XmlElementType type, const char* name,
+                   std::initializer_list<CElementInfo*> members)
+        : info(new CParentElementInfo(group, type, name, "urn:t", -1, false, false)),
+          elements(new CElementInfo*[members.size() + 1]),
+          attributes(new CAttributeInfo* [1] { nullptr })
+    {
+        std::size_t i = 0;
+        for (CElementInfo* member : members) elements[i++] = member;
+        elements[i] = nullptr;
+    }
+    ~CFixtureTables() override { CleanMetaData(info, elements, attributes); }
+
     CParentElementInfo* info;
     CElementInfo** elements;
     CAttributeInfo** attributes;
-    ~CFixtureTables() { CXmlGeneratedClassAccess::Clean(info, elements, attributes); }
 
-    struct CXmlGeneratedClassAccess : CXmlGeneratedClass
-    {
-        static void Clean(CParentElementInfo*& i, CElementInfo**& e, CAttributeInfo**& a) { CleanMetaData(i, e, a); }
-    };
+private:
+    CXmlObjectBase* GetBase() override { return this; }
+    std::string GetTargetNamespace() const override { return ""; }
+    std::string GetNamespace() const override { return ""; }
+    void AccessProperty(int, bool, OrvexVariant&) override {}
+    CParentElementInfo* GetClassInfo() const override { return info; }
+    CElementInfo** GetClassElementInfo() const override { return elements; }
+    CAttributeInfo** GetClassAttributeInfo() const override { return attributes; }
+    void Init() override {}
 };
 
+// Identity and table getters; Derived::Tables() holds the tables. Every property
+// is a variant of props; stores counts the writes, so a test sees whether a
+// descriptor stored at all.
 template <typename Derived>
 class CFixture : public CXmlGeneratedClass
 {
 public:
+    explicit CFixture(const char* name, std::size_t count = 2) : props(count) { SetElementName(name); }
     CXmlObjectBase* GetBase() override { return this; }
     std::string GetTargetNamespace() const override { return "urn:t"; }
     std::string GetNamespace() const override { return "urn:t"; }
     CParentElementInfo* GetClassInfo() const override { return Derived::Tables().info; }
     CElementInfo** GetClassElementInfo() const override { return Derived::Tables().elements; }
     CAttributeInfo** GetClassAttributeInfo() const override { return Derived::Tables().attributes; }
-};
-
-// Four variant properties; counts the stores, so that a test sees whether a
-// descriptor wrote at all.
-class CSlots : public CFixture<CSlots>
-{
-public:
-    CSlots() : props(4) { SetElementName("Slots"); }
-    static const CFixtureTables& Tables()
-    {
-        static const CFixtureTables tables{
-            new CParentElementInfo(ElementGroup_Sequence, ElementType_Element, "Slots", "urn:t", -1, true, false),
-            new CElementInfo* [1] { nullptr }, new CAttributeInfo* [1] { nullptr }};
-        return tables;
-    }
     void AccessProperty(int index, bool read, OrvexVariant& value) override
     {
         if (read) {
@@ -68,109 +74,69 @@ public:
             ++stores;
         }
     }
-    void Init() override {}
+    void Init() override
+    {
+        for (OrvexVariant& prop : props) prop.SetInvalid();
+    }
+    std::string Text(int index) const { return props.at(index).GetString(); }
 
     std::vector<OrvexVariant> props;
     int stores = 0;
+};
+
+// The owner the descriptors are tried on; its tables are not walked.
+class CSlots : public CFixture<CSlots>
+{
+public:
+    CSlots() : CFixture("Slots", 4) {}
+    static const CFixtureTables& Tables()
+    {
+        static const CFixtureTables tables(ElementGroup_Sequence, ElementType_Element, "Slots", {});
+        return tables;
+    }
 };
 
 // A pseudo child: its members A and B stand among the owner's children.
 class CPair : public CFixture<CPair>
 {
 public:
-    CPair() { Init(); }
+    CPair() : CFixture("Pair") {}
     static const CFixtureTables& Tables()
     {
-        static const CFixtureTables tables{
-            new CParentElementInfo(ElementGroup_Sequence, ElementType_Pseudo, "Pair", "urn:t", -1, false, false),
-            new CElementInfo* [3] {
-                new CElementInfoSeqPrimMnd("A", "urn:t", 0, ItemType_string, nullptr, Rule::Preserve, Unrestricted()),
-                    new CElementInfoSeqPrimMnd("B", "urn:t", 1, ItemType_string, nullptr, Rule::Preserve,
-                                               Unrestricted()),
-                    nullptr
-            },
-            new CAttributeInfo* [1] { nullptr }};
+        static const CFixtureTables tables(
+            ElementGroup_Sequence, ElementType_Pseudo, "Pair",
+            {new CElementInfoSeqPrimMnd("A", "urn:t", 0, ItemType_string, nullptr, Rule::Preserve, Unrestricted()),
+             new CElementInfoSeqPrimMnd("B", "urn:t", 1, ItemType_string, nullptr, Rule::Preserve, Unrestricted())});
         return tables;
     }
-    void AccessProperty(int index, bool read, OrvexVariant& value) override
-    {
-        std::string& field = index == 0 ? a : b;
-        if (read)
-            value.SetString(field);
-        else
-            field = value.GetString();
-    }
-    void Init() override
-    {
-        a.clear();
-        b.clear();
-    }
-
-    std::string a, b;
 };
 
-// A real child with one optional member V; its element name is the one it was made with.
+// A real child with one optional member V.
 class CLeaf : public CFixture<CLeaf>
 {
 public:
-    explicit CLeaf(const char* name = "Leaf")
-    {
-        SetElementName(name);
-        Init();
-    }
+    explicit CLeaf(const char* name = "Leaf") : CFixture(name, 1) {}
     static const CFixtureTables& Tables()
     {
-        static const CFixtureTables tables{
-            new CParentElementInfo(ElementGroup_Sequence, ElementType_Element, "Leaf", "urn:t", -1, false, false),
-            new CElementInfo* [2] {
-                new CElementInfoSeqPrimOpt("V", "urn:t", 0, ItemType_i4, nullptr, Rule::Collapse, Unrestricted()),
-                    nullptr
-            },
-            new CAttributeInfo* [1] { nullptr }};
+        static const CFixtureTables tables(
+            ElementGroup_Sequence, ElementType_Element, "Leaf",
+            {new CElementInfoSeqPrimOpt("V", "urn:t", 0, ItemType_i4, nullptr, Rule::Collapse, Unrestricted())});
         return tables;
     }
-    void AccessProperty(int, bool read, OrvexVariant& value) override
-    {
-        if (read)
-            value = v;
-        else
-            v = value;
-    }
-    void Init() override { v.SetInvalid(); }
-
-    OrvexVariant v;
 };
 
 // A real child that is itself a choice of X.
 class CPick1 : public CFixture<CPick1>
 {
 public:
-    CPick1()
-    {
-        SetElementName("Pick");
-        Init();
-    }
+    CPick1() : CFixture("Pick", 1) {}
     static const CFixtureTables& Tables()
     {
-        static const CFixtureTables tables{
-            new CParentElementInfo(ElementGroup_Choice, ElementType_Element, "Pick", "urn:t", -1, false, false),
-            new CElementInfo* [2] {
-                new CElementInfoChoicePrimOpt("X", "urn:t", 0, ItemType_i4, nullptr, Rule::Collapse, Unrestricted()),
-                    nullptr
-            },
-            new CAttributeInfo* [1] { nullptr }};
+        static const CFixtureTables tables(
+            ElementGroup_Choice, ElementType_Element, "Pick",
+            {new CElementInfoChoicePrimOpt("X", "urn:t", 0, ItemType_i4, nullptr, Rule::Collapse, Unrestricted())});
         return tables;
     }
-    void AccessProperty(int, bool read, OrvexVariant& value) override
-    {
-        if (read)
-            value = x;
-        else
-            x = value;
-    }
-    void Init() override { x.SetInvalid(); }
-
-    OrvexVariant x;
 };
 
 // Item texts of a run of elements, as a primitive collection holds them.
@@ -229,24 +195,29 @@ inline int NumberFromString(const char* text)
     return std::string(text) == "one" ? 1 : 0;
 }
 
-// One call of ElementFromXml on the children of <r xmlns="urn:t">content</r>.
-struct CStep
-{
-    bool result = false;
-    std::string current;  // local name of the element reached, "-" for none
-};
-
-inline CStep Step(CElementInfo& descriptor, CSlots& owner, const std::string& content, XmlElementType parentType,
-                  const CXmlSerializationContext& context = CXmlSerializationContext())
+// "true@X" or "false@X": the result of one ElementFromXml on the children of
+// <r xmlns="urn:t">content</r>, and the local name of the element reached ("-": none).
+inline std::string Step(CElementInfo& descriptor, CSlots& owner, const std::string& content, XmlElementType parentType,
+                        const CXmlSerializationContext& context = CXmlSerializationContext())
 {
     CXmlDocument document;
     document.LoadXml(("<r xmlns=\"urn:t\">" + content + "</r>").c_str());
     CXmlElement* parent = document.GetDocumentElement();
     CXmlElement* current = parent->GetFirstElement();
-    CStep step;
-    step.result = descriptor.ElementFromXml(context, &owner, parent, &current, "urn:t", parentType);
-    step.current = current ? current->GetLocalName() : "-";
-    return step;
+    const bool result = descriptor.ElementFromXml(context, &owner, parent, &current, "urn:t", parentType);
+    return (result ? "true@" : "false@") + (current ? current->GetLocalName() : std::string("-"));
+}
+
+// The message of the outermost failure of fn, or "no failure".
+template <typename Fn>
+std::string Failure(Fn&& fn)
+{
+    try {
+        fn();
+    } catch (const COrvexException& e) {
+        return e.GetMessage();
+    }
+    return "no failure";
 }
 
 }  // namespace OrvexTest

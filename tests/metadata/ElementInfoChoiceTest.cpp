@@ -7,22 +7,13 @@
 
 using namespace OrvexTest;
 
-namespace {
-
-std::string Outcome(const CStep& step)
-{
-    return (step.result ? "true@" : "false@") + step.current;
-}
-
-}  // namespace
-
 TEST(ElementInfoChoiceClsOpt, EmptyRealElementIsTakenEvenForAnEmptyChoiceChild)
 {
     CElementInfoChoiceClsOpt pick("Pick", "urn:t", 0, ElementType_Element, MakePick, 1);
     CSlots owner;
-    EXPECT_EQ("false@Z", Outcome(Step(pick, owner, "<Z/>", ElementType_Element)));
+    EXPECT_EQ("false@Z", Step(pick, owner, "<Z/>", ElementType_Element));
     EXPECT_EQ(0, owner.stores);
-    EXPECT_EQ("true@Z", Outcome(Step(pick, owner, "<Pick/><Z/>", ElementType_Element)));
+    EXPECT_EQ("true@Z", Step(pick, owner, "<Pick/><Z/>", ElementType_Element));
     EXPECT_EQ(1, owner.stores);
     EXPECT_FALSE(owner.props[0].GetXmlObject().IsNull());
 }
@@ -31,13 +22,13 @@ TEST(ElementInfoChoiceClsOpt, PseudoAlternativeThatTakesNothingIsTakenOutAgain)
 {
     CElementInfoChoiceClsOpt pair("Pair", "urn:t", 0, ElementType_Pseudo, MakePair, 1);
     CSlots owner;
-    EXPECT_EQ("false@-", Outcome(Step(pair, owner, "", ElementType_Element)));
+    EXPECT_EQ("false@-", Step(pair, owner, "", ElementType_Element));
     EXPECT_EQ(0, owner.stores);
-    EXPECT_EQ("false@Z", Outcome(Step(pair, owner, "<Z/>", ElementType_Element)));
+    EXPECT_EQ("false@Z", Step(pair, owner, "<Z/>", ElementType_Element));
     EXPECT_EQ(2, owner.stores);
     EXPECT_TRUE(owner.props[0].GetXmlObject().IsNull());
-    EXPECT_EQ("true@-", Outcome(Step(pair, owner, "<A>x</A><B>y</B>", ElementType_Element)));
-    EXPECT_EQ("x", static_cast<CPair*>(owner.props[0].GetXmlObject().Get())->a);
+    EXPECT_EQ("true@-", Step(pair, owner, "<A>x</A><B>y</B>", ElementType_Element));
+    EXPECT_EQ("x", static_cast<CPair*>(owner.props[0].GetXmlObject().Get())->Text(0));
 }
 
 TEST(ElementInfoChoiceAbsClsOpt, NullFromTheFactoryIsStoredAndDeclines)
@@ -45,12 +36,12 @@ TEST(ElementInfoChoiceAbsClsOpt, NullFromTheFactoryIsStoredAndDeclines)
     CElementInfoChoiceAbsClsOpt leaf("Leaf", "urn:t", 0, ElementType_Element, LeafByKind);
     CSlots owner;
     owner.props[0].SetXmlObject(new CLeaf());
-    EXPECT_EQ("false@Leaf", Outcome(Step(leaf, owner, "<Leaf/>", ElementType_Element)));
+    EXPECT_EQ("false@Leaf", Step(leaf, owner, "<Leaf/>", ElementType_Element));
     EXPECT_EQ(1, owner.stores);
     EXPECT_TRUE(owner.props[0].GetXmlObject().IsNull());
-    EXPECT_EQ("false@Z", Outcome(Step(leaf, owner, "<Z/>", ElementType_Element)));
-    EXPECT_EQ("true@-", Outcome(Step(leaf, owner, "<Leaf kind=\"leaf\"><V>3</V></Leaf>", ElementType_Element)));
-    EXPECT_EQ(3, static_cast<CLeaf*>(owner.props[0].GetXmlObject().Get())->v.GetI4());
+    EXPECT_EQ("false@Z", Step(leaf, owner, "<Z/>", ElementType_Element));
+    EXPECT_EQ("true@-", Step(leaf, owner, "<Leaf kind=\"leaf\"><V>3</V></Leaf>", ElementType_Element));
+    EXPECT_EQ(3, static_cast<CLeaf*>(owner.props[0].GetXmlObject().Get())->props[0].GetI4());
 }
 
 TEST(ElementInfoChoiceCol, AbsentAlternativeIsNotHeldToItsMinimum)
@@ -59,15 +50,15 @@ TEST(ElementInfoChoiceCol, AbsentAlternativeIsNotHeldToItsMinimum)
     CSlots owner;
     CSmartPtr<CTextCol> texts(new CTextCol("T", 2, -1));
     owner.props[0].SetXmlCollection(texts);
-    EXPECT_EQ("false@Z", Outcome(Step(items, owner, "<Z/>", ElementType_Element)));
+    EXPECT_EQ("false@Z", Step(items, owner, "<Z/>", ElementType_Element));
     EXPECT_TRUE(
         ThrowsExactly<COrvexValidationException>([&] { Step(items, owner, "<T>a</T><Z/>", ElementType_Element); },
                                                  "The Minimum number of [T] elements allowed in this collection is 2"));
     texts->Clear();
     CXmlSerializationContext counts;
     counts.SetIgnoreInvalidCollectionCounts(true);
-    EXPECT_EQ("true@Z", Outcome(Step(items, owner, "<T>a</T><Z/>", ElementType_Element, counts)));
-    EXPECT_EQ("true@-", Outcome(Step(items, owner, "<T>b</T><T>c</T>", ElementType_Element)));
+    EXPECT_EQ("true@Z", Step(items, owner, "<T>a</T><Z/>", ElementType_Element, counts));
+    EXPECT_EQ("true@-", Step(items, owner, "<T>b</T><T>c</T>", ElementType_Element));
     EXPECT_EQ(3, texts->GetCount());
 }
 
@@ -76,10 +67,10 @@ TEST(ElementInfoChoicePlain, EnumAndPrimitiveTakeOnlyTheirOwnElement)
     CElementInfoChoiceEnumOpt e("E", "urn:t", 0, NumberToString, NumberFromString);
     CElementInfoChoicePrimOpt v("V", "urn:t", 1, ItemType_i4, nullptr, Rule::Collapse, Unrestricted());
     CSlots owner;
-    EXPECT_EQ("false@V", Outcome(Step(e, owner, "<V>1</V>", ElementType_Element)));
-    EXPECT_EQ("false@-", Outcome(Step(v, owner, "", ElementType_Element)));
-    EXPECT_EQ("true@V", Outcome(Step(e, owner, "<E>one</E><V>1</V>", ElementType_Element)));
-    EXPECT_EQ("true@-", Outcome(Step(v, owner, "<V> 12 </V>", ElementType_Element)));
+    EXPECT_EQ("false@V", Step(e, owner, "<V>1</V>", ElementType_Element));
+    EXPECT_EQ("false@-", Step(v, owner, "", ElementType_Element));
+    EXPECT_EQ("true@V", Step(e, owner, "<E>one</E><V>1</V>", ElementType_Element));
+    EXPECT_EQ("true@-", Step(v, owner, "<V> 12 </V>", ElementType_Element));
     EXPECT_EQ(1, owner.props[0].GetI4());
     EXPECT_EQ(12, owner.props[1].GetI4());
     EXPECT_TRUE(ThrowsExactly<COrvexException>([&] { v.Validate(CXmlSerializationContext(), &owner, false, true); },

@@ -24,22 +24,6 @@ CXmlSerializationContext Forgiving()
     return context;
 }
 
-std::string Outcome(const CStep& step)
-{
-    return (step.result ? "true@" : "false@") + step.current;
-}
-
-template <typename Fn>
-std::string Failure(Fn&& fn)
-{
-    try {
-        fn();
-    } catch (const COrvexException& e) {
-        return e.GetMessage();
-    }
-    return "no failure";
-}
-
 }  // namespace
 
 TEST(ElementInfoSeqClsMnd, PseudoChildThatMustConsume)
@@ -49,12 +33,12 @@ TEST(ElementInfoSeqClsMnd, PseudoChildThatMustConsume)
     owner.props[0].SetXmlObject(new CPair());
     // At the end of the children it fails, though an empty pair might have done.
     EXPECT_EQ("Failed to find a required element [Pair]", Failure([&] { Step(pair, owner, "", ElementType_Element); }));
-    EXPECT_EQ("false@-", Outcome(Step(pair, owner, "", ElementType_Pseudo)));
+    EXPECT_EQ("false@-", Step(pair, owner, "", ElementType_Pseudo));
     EXPECT_EQ("Failed to find a required element [Pair]",
               Failure([&] { Step(pair, owner, "<Z/>", ElementType_Element); }));
-    EXPECT_EQ("false@Z", Outcome(Step(pair, owner, "<Z/>", ElementType_Pseudo)));
-    EXPECT_EQ("true@Z", Outcome(Step(pair, owner, "<A>1</A><B>2</B><Z/>", ElementType_Element)));
-    EXPECT_EQ("2", static_cast<CPair*>(owner.props[0].GetXmlObject().Get())->b);
+    EXPECT_EQ("false@Z", Step(pair, owner, "<Z/>", ElementType_Pseudo));
+    EXPECT_EQ("true@Z", Step(pair, owner, "<A>1</A><B>2</B><Z/>", ElementType_Element));
+    EXPECT_EQ("2", static_cast<CPair*>(owner.props[0].GetXmlObject().Get())->Text(1));
     EXPECT_EQ(0, owner.stores);
 }
 
@@ -63,11 +47,11 @@ TEST(ElementInfoSeqClsMnd, PseudoChildThatNeedNotConsume)
     CElementInfoSeqClsMnd pair("Pair", "urn:t", 0, ElementType_Pseudo, nullptr, 0, false);
     CSlots owner;
     owner.props[0].SetXmlObject(new CPair());
-    EXPECT_EQ("true@-", Outcome(Step(pair, owner, "", ElementType_Element)));
-    EXPECT_EQ("true@Z", Outcome(Step(pair, owner, "<Z/>", ElementType_Element)));
+    EXPECT_EQ("true@-", Step(pair, owner, "", ElementType_Element));
+    EXPECT_EQ("true@Z", Step(pair, owner, "<Z/>", ElementType_Element));
     // Taking nothing in front of an unknown element lets the walk skip it.
-    EXPECT_EQ("false@Z", Outcome(Step(pair, owner, "<Z/>", ElementType_Element, Skipping())));
-    EXPECT_EQ("true@Z", Outcome(Step(pair, owner, "<Z/>", ElementType_Pseudo, Skipping())));
+    EXPECT_EQ("false@Z", Step(pair, owner, "<Z/>", ElementType_Element, Skipping()));
+    EXPECT_EQ("true@Z", Step(pair, owner, "<Z/>", ElementType_Pseudo, Skipping()));
 }
 
 TEST(ElementInfoSeqClsMnd, RealChildUnderTheOptions)
@@ -75,16 +59,16 @@ TEST(ElementInfoSeqClsMnd, RealChildUnderTheOptions)
     CElementInfoSeqClsMnd leaf("Leaf", "urn:t", 0, ElementType_Element, nullptr, 0, true);
     CSlots owner;
     owner.props[0].SetXmlObject(new CLeaf());
-    EXPECT_EQ("false@Z", Outcome(Step(leaf, owner, "<Z/><Leaf/>", ElementType_Pseudo)));
+    EXPECT_EQ("false@Z", Step(leaf, owner, "<Z/><Leaf/>", ElementType_Pseudo));
     EXPECT_EQ("Failed to find a required element [Leaf]",
               Failure([&] { Step(leaf, owner, "<Z/><Leaf/>", ElementType_Element); }));
-    EXPECT_EQ("true@Y", Outcome(Step(leaf, owner, "<Z/><Leaf><V>4</V></Leaf><Y/>", ElementType_Element, Skipping())));
-    EXPECT_EQ(4, static_cast<CLeaf*>(owner.props[0].GetXmlObject().Get())->v.GetI4());
+    EXPECT_EQ("true@Y", Step(leaf, owner, "<Z/><Leaf><V>4</V></Leaf><Y/>", ElementType_Element, Skipping()));
+    EXPECT_EQ(4, static_cast<CLeaf*>(owner.props[0].GetXmlObject().Get())->props[0].GetI4());
     EXPECT_EQ("Failed to find a required element [Leaf]",
               Failure([&] { Step(leaf, owner, "<Z/><Y/>", ElementType_Element, Skipping()); }));
     // Giving up consumes nothing, not even the foreign element.
-    EXPECT_EQ("true@Z", Outcome(Step(leaf, owner, "<Z/><Leaf/>", ElementType_Element, Forgiving())));
-    EXPECT_EQ("true@-", Outcome(Step(leaf, owner, "", ElementType_Element, Forgiving())));
+    EXPECT_EQ("true@Z", Step(leaf, owner, "<Z/><Leaf/>", ElementType_Element, Forgiving()));
+    EXPECT_EQ("true@-", Step(leaf, owner, "", ElementType_Element, Forgiving()));
 }
 
 TEST(ElementInfoSeqClsOpt, PseudoChildThatTakesNothingIsDropped)
@@ -92,17 +76,17 @@ TEST(ElementInfoSeqClsOpt, PseudoChildThatTakesNothingIsDropped)
     CElementInfoSeqClsOpt pair("Pair", "urn:t", 0, ElementType_Pseudo, MakePair, 7);
     CSlots owner;
     const int calls = FactoryCalls();
-    EXPECT_EQ("true@Z", Outcome(Step(pair, owner, "<Z/>", ElementType_Element)));
+    EXPECT_EQ("true@Z", Step(pair, owner, "<Z/>", ElementType_Element));
     EXPECT_EQ(calls + 1, FactoryCalls());
     EXPECT_EQ(0, owner.stores);
-    EXPECT_EQ("true@-", Outcome(Step(pair, owner, "", ElementType_Element)));
+    EXPECT_EQ("true@-", Step(pair, owner, "", ElementType_Element));
     EXPECT_EQ(calls + 1, FactoryCalls());
-    EXPECT_EQ("true@-", Outcome(Step(pair, owner, "<A>a</A><B>b</B>", ElementType_Element)));
+    EXPECT_EQ("true@-", Step(pair, owner, "<A>a</A><B>b</B>", ElementType_Element));
     EXPECT_EQ(1, owner.stores);
 
     CElementInfoSeqClsOpt leaf("Leaf", "urn:t", 1, ElementType_Element, MakeLeaf, 3);
-    EXPECT_EQ("true@Z", Outcome(Step(leaf, owner, "<Z/>", ElementType_Element)));
-    EXPECT_EQ("true@Z", Outcome(Step(leaf, owner, "<Leaf><V>9</V></Leaf><Z/>", ElementType_Element)));
+    EXPECT_EQ("true@Z", Step(leaf, owner, "<Z/>", ElementType_Element));
+    EXPECT_EQ("true@Z", Step(leaf, owner, "<Leaf><V>9</V></Leaf><Z/>", ElementType_Element));
     EXPECT_EQ("Leaf", OrvexXmlLib5::Detail::CObjectAccess::ElementName(owner.props[1].GetXmlObject()));
 }
 
@@ -110,10 +94,10 @@ TEST(ElementInfoSeqAbsCls, FactoryWithoutASuitableClass)
 {
     CSlots owner;
     CElementInfoSeqAbsClsOpt optional("Leaf", "urn:t", 0, ElementType_Element, LeafByKind);
-    EXPECT_EQ("true@Leaf", Outcome(Step(optional, owner, "<Leaf/>", ElementType_Element)));
+    EXPECT_EQ("true@Leaf", Step(optional, owner, "<Leaf/>", ElementType_Element));
     EXPECT_EQ(0, owner.stores);
-    EXPECT_EQ("true@Z", Outcome(Step(optional, owner, "<Z/>", ElementType_Element)));
-    EXPECT_EQ("true@-", Outcome(Step(optional, owner, "<Leaf kind=\"leaf\"><V>2</V></Leaf>", ElementType_Element)));
+    EXPECT_EQ("true@Z", Step(optional, owner, "<Z/>", ElementType_Element));
+    EXPECT_EQ("true@-", Step(optional, owner, "<Leaf kind=\"leaf\"><V>2</V></Leaf>", ElementType_Element));
     EXPECT_EQ(1, owner.stores);
 
     CElementInfoSeqAbsClsMnd mandatory("Leaf", "urn:t", 1, ElementType_Element, LeafByKind);
@@ -121,42 +105,24 @@ TEST(ElementInfoSeqAbsCls, FactoryWithoutASuitableClass)
     EXPECT_EQ(text, Failure([&] { Step(mandatory, owner, "<Leaf/>", ElementType_Element); }));
     EXPECT_EQ(text,
               Failure([&] { Step(mandatory, owner, "<Z/><Leaf kind=\"leaf\"/>", ElementType_Element, Skipping()); }));
-    EXPECT_EQ("false@Leaf", Outcome(Step(mandatory, owner, "<Leaf/>", ElementType_Pseudo)));
-    EXPECT_EQ("true@Z", Outcome(Step(mandatory, owner, "<Leaf kind=\"leaf\"/><Z/>", ElementType_Element)));
+    EXPECT_EQ("false@Leaf", Step(mandatory, owner, "<Leaf/>", ElementType_Pseudo));
+    EXPECT_EQ("true@Z", Step(mandatory, owner, "<Leaf kind=\"leaf\"/><Z/>", ElementType_Element));
 }
 
 TEST(ElementInfoSeqPrimMnd, PseudoOwnerSkipsOnlyWhenUnknownElementsAreIgnored)
 {
     CElementInfoSeqPrimMnd v("V", "urn:t", 0, ItemType_i4, nullptr, Rule::Collapse, Unrestricted());
     CSlots owner;
-    EXPECT_EQ("false@Z", Outcome(Step(v, owner, "<Z/><V>5</V><W/>", ElementType_Pseudo)));
-    EXPECT_EQ("true@W", Outcome(Step(v, owner, "<Z/><V> 5 </V><W/>", ElementType_Pseudo, Skipping())));
+    EXPECT_EQ("false@Z", Step(v, owner, "<Z/><V>5</V><W/>", ElementType_Pseudo));
+    EXPECT_EQ("true@W", Step(v, owner, "<Z/><V> 5 </V><W/>", ElementType_Pseudo, Skipping()));
     EXPECT_EQ(5, owner.props[0].GetI4());
-    EXPECT_EQ("false@-", Outcome(Step(v, owner, "<Z/><W/>", ElementType_Pseudo, Skipping())));
+    EXPECT_EQ("false@-", Step(v, owner, "<Z/><W/>", ElementType_Pseudo, Skipping()));
     // The enumeration kind does not skip under a pseudo owner.
     CElementInfoSeqEnumMnd e("E", "urn:t", 1, NumberToString, NumberFromString);
-    EXPECT_EQ("false@Z", Outcome(Step(e, owner, "<Z/><E>one</E>", ElementType_Pseudo, Skipping())));
-    EXPECT_EQ("true@-", Outcome(Step(e, owner, "<Z/><E>one</E>", ElementType_Element, Skipping())));
+    EXPECT_EQ("false@Z", Step(e, owner, "<Z/><E>one</E>", ElementType_Pseudo, Skipping()));
+    EXPECT_EQ("true@-", Step(e, owner, "<Z/><E>one</E>", ElementType_Element, Skipping()));
     EXPECT_EQ(1, owner.props[1].GetI4());
     EXPECT_EQ("Failed to find a required element [E]", Failure([&] { Step(e, owner, "<Z/>", ElementType_Element); }));
-}
-
-TEST(ElementInfoSeqCol, RunOfItemsThenTheCount)
-{
-    CElementInfoSeqPrimCol items("T", "urn:t", 0);
-    CSlots owner;
-    CSmartPtr<CTextCol> texts(new CTextCol("T", 2, 3));
-    owner.props[0].SetXmlCollection(texts);
-    EXPECT_EQ("true@Z", Outcome(Step(items, owner, "<T>a</T><T>b</T><Z/><T>c</T>", ElementType_Element)));
-    EXPECT_EQ(2, texts->GetCount());
-    texts->Clear();
-    EXPECT_EQ("The Minimum number of [T] elements allowed in this collection is 2",
-              Failure([&] { Step(items, owner, "<T>a</T>", ElementType_Element); }));
-    texts->Clear();
-    CXmlSerializationContext counts;
-    counts.SetIgnoreInvalidCollectionCounts(true);
-    EXPECT_EQ("true@-", Outcome(Step(items, owner, "<T>a</T><T>b</T><T>c</T><T>d</T>", ElementType_Element, counts)));
-    EXPECT_EQ(4, texts->GetCount());
 }
 
 TEST(ElementInfoSeq, ValidateIsNeverForASequence)
@@ -165,6 +131,6 @@ TEST(ElementInfoSeq, ValidateIsNeverForASequence)
     CSlots owner;
     EXPECT_TRUE(ThrowsExactly<COrvexException>([&] { v.Validate(CXmlSerializationContext(), &owner, true, true); },
                                                "Not implemented, should never be called"));
-    EXPECT_EQ("true@-", Outcome(Step(v, owner, "", ElementType_Element)));
+    EXPECT_EQ("true@-", Step(v, owner, "", ElementType_Element));
     EXPECT_EQ(0, owner.stores);
 }
