@@ -26,6 +26,26 @@ const char* Text(const char* s) { return s ? s : ""; }
 
 const char* const kUnexpectedElement =
     "Failed read all the elements held within the element [%s]. The unexpected element [%s] remains un processed";
+
+// The walks recurse once per level of generated classes. A schema type that
+// contains itself would let a hostile document nest deep enough to overflow the
+// stack, so the depth of one thread's walks is capped well below that point.
+constexpr int kMaxNesting = 1000;
+thread_local int t_nesting = 0;
+
+class CNestingGuard
+{
+public:
+    CNestingGuard()
+    {
+        if (t_nesting >= kMaxNesting)
+            throw COrvexException(FormatString("Elements are nested deeper than %d levels", kMaxNesting));
+        ++t_nesting;
+    }
+    ~CNestingGuard() { --t_nesting; }
+    CNestingGuard(const CNestingGuard&) = delete;
+    CNestingGuard& operator=(const CNestingGuard&) = delete;
+};
 }  // namespace
 
 // ---------------------------------------------------------------------------
@@ -35,6 +55,7 @@ void CXmlGeneratedClass::ToXml_Int(CXmlWriter* writer, bool isRoot, const char* 
                                    const CXmlSerializationContext& context, bool isOptional) const
 {
     try {
+        CNestingGuard guard;
         ToXmlBody(writer, isRoot, namespaceUri, context, isOptional);
     } catch (const COrvexException& e) {
         throw COrvexValidationException(
@@ -169,6 +190,7 @@ CXmlElement* CXmlGeneratedClass::FromXml_Int(CXmlElement* element, CXmlElement* 
                                              const CXmlSerializationContext& context, bool isOptional)
 {
     try {
+        CNestingGuard guard;
         return FromXmlBody(element, firstChild, context, isOptional);
     } catch (const COrvexException& e) {
         throw COrvexValidationException(
