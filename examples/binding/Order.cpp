@@ -2,7 +2,6 @@
 
 #include <cstring>
 
-#include "examples/binding/SequenceReading.h"
 #include "orvexxml/xml/XmlDocument.h"
 
 namespace OrvexExamples {
@@ -37,9 +36,9 @@ const CTables& AddressTables()
         g_address.info = new CParentElementInfo(ElementGroup_Sequence, ElementType_Element, "Address",
                                                 kOrderNamespace, -1, true, false);
         g_address.elements = new CElementInfo* [4] {
-            new CSeqPrimMndReader("Street", kOrderNamespace, 1, ItemType_string, nullptr, Rule::Preserve, NoFacets()),
-            new CSeqPrimMndReader("City", kOrderNamespace, 2, ItemType_string, nullptr, Rule::Preserve, NoFacets()),
-            new CSeqPrimOptReader("Zip", kOrderNamespace, 3, ItemType_i4, nullptr, Rule::Collapse, NoFacets()),
+            new CElementInfoSeqPrimMnd("Street", kOrderNamespace, 1, ItemType_string, nullptr, Rule::Preserve, NoFacets()),
+            new CElementInfoSeqPrimMnd("City", kOrderNamespace, 2, ItemType_string, nullptr, Rule::Preserve, NoFacets()),
+            new CElementInfoSeqPrimOpt("Zip", kOrderNamespace, 3, ItemType_i4, nullptr, Rule::Collapse, NoFacets()),
             nullptr
         };
         g_address.attributes = new CAttributeInfo* [2] {
@@ -59,9 +58,9 @@ const CTables& CustomerTables()
         g_customer.info = new CParentElementInfo(ElementGroup_Sequence, ElementType_Element, "Customer",
                                                  kOrderNamespace, -1, true, false);
         g_customer.elements = new CElementInfo* [3] {
-            new CSeqPrimMndReader("Name", kOrderNamespace, 1, ItemType_string, nullptr, Rule::Preserve,
+            new CElementInfoSeqPrimMnd("Name", kOrderNamespace, 1, ItemType_string, nullptr, Rule::Preserve,
                                   CPrimitiveRestrictions("", 1, -1, "", "", "", "", -1)),
-            new CSeqClsMndReader("Address", kOrderNamespace, 2, ElementType_Element, nullptr, 0, true),
+            new CElementInfoSeqClsMnd("Address", kOrderNamespace, 2, ElementType_Element, nullptr, 0, true),
             nullptr
         };
         g_customer.attributes = new CAttributeInfo* [2] {
@@ -80,7 +79,7 @@ const CTables& LineTables()
         g_line.info = new CParentElementInfo(ElementGroup_Sequence, ElementType_Element, "Line", kOrderNamespace,
                                              2, true, false);
         g_line.elements = new CElementInfo* [2] {
-            new CSeqPrimMndReader("Quantity", kOrderNamespace, 1, ItemType_i4, nullptr, Rule::Collapse,
+            new CElementInfoSeqPrimMnd("Quantity", kOrderNamespace, 1, ItemType_i4, nullptr, Rule::Collapse,
                                   CPrimitiveRestrictions("", -1, -1, "1", "999", "", "", -1)),
             nullptr
         };
@@ -100,9 +99,9 @@ const CTables& OrderTables()
         g_order.info = new CParentElementInfo(ElementGroup_Sequence, ElementType_Element, "Order", kOrderNamespace,
                                               -1, true, false);
         g_order.elements = new CElementInfo* [4] {
-            new CSeqClsMndReader("Customer", kOrderNamespace, 3, ElementType_Element, nullptr, 0, true),
-            new CSeqColReader("Line", kOrderNamespace, 4),
-            new CSeqPrimOptReader("Note", kOrderNamespace, 5, ItemType_string, nullptr, Rule::Preserve,
+            new CElementInfoSeqClsMnd("Customer", kOrderNamespace, 3, ElementType_Element, nullptr, 0, true),
+            new CElementInfoSeqClsCol("Line", kOrderNamespace, 4, ElementType_Element),
+            new CElementInfoSeqPrimOpt("Note", kOrderNamespace, 5, ItemType_string, nullptr, Rule::Preserve,
                                   CPrimitiveRestrictions("", -1, 40, "", "", "", "", -1)),
             nullptr
         };
