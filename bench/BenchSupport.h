@@ -4,6 +4,7 @@
 #pragma once
 
 #include <benchmark/benchmark.h>
+#include <expat.h>
 
 #include <cstdio>
 #include <map>
@@ -11,6 +12,28 @@
 #include <vector>
 
 namespace OrvexBench {
+
+namespace detail {
+inline void XMLCALL NoStart(void*, const XML_Char*, const XML_Char**) {}
+inline void XMLCALL NoEnd(void*, const XML_Char*) {}
+inline void XMLCALL NoText(void*, const XML_Char*, int) {}
+inline void XMLCALL NoNamespaceStart(void*, const XML_Char*, const XML_Char*) {}
+inline void XMLCALL NoNamespaceEnd(void*, const XML_Char*) {}
+}  // namespace detail
+
+// The baseline of the reading and writing ratios: the library reader's parser
+// set-up (namespace processing, the same handlers installed, one call over the
+// whole buffer) with handlers that do nothing. A parse error skips the run.
+inline void ParseWithRawExpat(const std::string& xml, benchmark::State& state)
+{
+    XML_Parser parser = XML_ParserCreateNS(nullptr, '|');
+    XML_SetElementHandler(parser, detail::NoStart, detail::NoEnd);
+    XML_SetNamespaceDeclHandler(parser, detail::NoNamespaceStart, detail::NoNamespaceEnd);
+    XML_SetCharacterDataHandler(parser, detail::NoText);
+    if (XML_Parse(parser, xml.data(), static_cast<int>(xml.size()), 1) != XML_STATUS_OK)
+        state.SkipWithError(XML_ErrorString(XML_GetErrorCode(parser)));
+    XML_ParserFree(parser);
+}
 
 class RatioReporter : public benchmark::ConsoleReporter
 {

@@ -5,8 +5,6 @@
 #include "BenchSupport.h"
 #include <benchmark/benchmark.h>
 
-#include <expat.h>
-
 #include <cstdio>
 #include <algorithm>
 #include <cstdlib>
@@ -91,27 +89,10 @@ const std::string& Document()
     return text;
 }
 
-void XMLCALL NoStart(void*, const XML_Char*, const XML_Char**) {}
-void XMLCALL NoEnd(void*, const XML_Char*) {}
-void XMLCALL NoText(void*, const XML_Char*, int) {}
-void XMLCALL NoNamespaceStart(void*, const XML_Char*, const XML_Char*) {}
-void XMLCALL NoNamespaceEnd(void*, const XML_Char*) {}
-
-void ParseNoOp(const std::string& xml, benchmark::State& state)
-{
-    XML_Parser parser = XML_ParserCreateNS(nullptr, '|');
-    XML_SetElementHandler(parser, NoStart, NoEnd);
-    XML_SetNamespaceDeclHandler(parser, NoNamespaceStart, NoNamespaceEnd);
-    XML_SetCharacterDataHandler(parser, NoText);
-    if (XML_Parse(parser, xml.data(), static_cast<int>(xml.size()), 1) != XML_STATUS_OK)
-        state.SkipWithError(XML_ErrorString(XML_GetErrorCode(parser)));
-    XML_ParserFree(parser);
-}
-
 void BM_RawExpat(benchmark::State& state)
 {
     const std::string& xml = Document();
-    for (auto _ : state) ParseNoOp(xml, state);
+    for (auto _ : state) OrvexBench::ParseWithRawExpat(xml, state);
     state.SetBytesProcessed(static_cast<int64_t>(state.iterations() * xml.size()));
 }
 
@@ -147,7 +128,7 @@ const std::string& Written()
 void BM_RawExpatWritten(benchmark::State& state)
 {
     const std::string& xml = Written();
-    for (auto _ : state) ParseNoOp(xml, state);
+    for (auto _ : state) OrvexBench::ParseWithRawExpat(xml, state);
     state.SetBytesProcessed(static_cast<int64_t>(state.iterations() * xml.size()));
 }
 

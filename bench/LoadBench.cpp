@@ -3,8 +3,6 @@
 #include "BenchSupport.h"
 #include <benchmark/benchmark.h>
 
-#include <expat.h>
-
 #include <cstdio>
 #include <map>
 #include <string>
@@ -54,26 +52,10 @@ const std::string& Document()
     return text;
 }
 
-void XMLCALL NoStart(void*, const XML_Char*, const XML_Char**) {}
-void XMLCALL NoEnd(void*, const XML_Char*) {}
-void XMLCALL NoText(void*, const XML_Char*, int) {}
-void XMLCALL NoNamespaceStart(void*, const XML_Char*, const XML_Char*) {}
-void XMLCALL NoNamespaceEnd(void*, const XML_Char*) {}
-
-// The same parser set-up as the library's reader: namespace processing, the same
-// handlers installed, one call over the whole buffer.
 void BM_RawExpat(benchmark::State& state)
 {
     const std::string& xml = Document();
-    for (auto _ : state) {
-        XML_Parser parser = XML_ParserCreateNS(nullptr, '|');
-        XML_SetElementHandler(parser, NoStart, NoEnd);
-        XML_SetNamespaceDeclHandler(parser, NoNamespaceStart, NoNamespaceEnd);
-        XML_SetCharacterDataHandler(parser, NoText);
-        const XML_Status status = XML_Parse(parser, xml.data(), static_cast<int>(xml.size()), 0);
-        benchmark::DoNotOptimize(status);
-        XML_ParserFree(parser);
-    }
+    for (auto _ : state) OrvexBench::ParseWithRawExpat(xml, state);
     state.SetBytesProcessed(static_cast<int64_t>(state.iterations() * xml.size()));
 }
 

@@ -5,7 +5,6 @@
 #include "BenchSupport.h"
 #include <benchmark/benchmark.h>
 
-#include <expat.h>
 #include <zlib.h>
 
 #include <cstdio>
@@ -37,24 +36,10 @@ const std::string& Document()
     return text;
 }
 
-void XMLCALL NoStart(void*, const XML_Char*, const XML_Char**) {}
-void XMLCALL NoEnd(void*, const XML_Char*) {}
-void XMLCALL NoText(void*, const XML_Char*, int) {}
-void XMLCALL NoNamespaceStart(void*, const XML_Char*, const XML_Char*) {}
-void XMLCALL NoNamespaceEnd(void*, const XML_Char*) {}
-
-// The parser set-up of the library's reader, with handlers that do nothing.
 void RawExpat(benchmark::State& state)
 {
     const std::string& xml = Document();
-    for (auto _ : state) {
-        XML_Parser parser = XML_ParserCreateNS(nullptr, '|');
-        XML_SetElementHandler(parser, NoStart, NoEnd);
-        XML_SetNamespaceDeclHandler(parser, NoNamespaceStart, NoNamespaceEnd);
-        XML_SetCharacterDataHandler(parser, NoText);
-        if (XML_Parse(parser, xml.data(), static_cast<int>(xml.size()), 1) != XML_STATUS_OK) std::abort();
-        XML_ParserFree(parser);
-    }
+    for (auto _ : state) OrvexBench::ParseWithRawExpat(xml, state);
     state.SetBytesProcessed(static_cast<int64_t>(state.iterations() * xml.size()));
 }
 

@@ -6,7 +6,6 @@
 // same bytes into the intermediate tree.
 #include "BenchSupport.h"
 #include <benchmark/benchmark.h>
-#include <expat.h>
 
 #include <cstdio>
 #include <map>
@@ -134,24 +133,10 @@ const std::string& Document()
     return text;
 }
 
-void XMLCALL NoStart(void*, const XML_Char*, const XML_Char**) {}
-void XMLCALL NoEnd(void*, const XML_Char*) {}
-void XMLCALL NoText(void*, const XML_Char*, int) {}
-void XMLCALL NoNamespace(void*, const XML_Char*, const XML_Char*) {}
-void XMLCALL NoNamespaceEnd(void*, const XML_Char*) {}
-
 void BM_ExpatParseNoOp(benchmark::State& state)
 {
     const std::string& text = Document();
-    for (auto _ : state) {
-        XML_Parser parser = XML_ParserCreateNS(nullptr, '\x01');
-        XML_SetElementHandler(parser, NoStart, NoEnd);
-        XML_SetCharacterDataHandler(parser, NoText);
-        XML_SetNamespaceDeclHandler(parser, NoNamespace, NoNamespaceEnd);
-        const XML_Status status = XML_Parse(parser, text.data(), static_cast<int>(text.size()), 1);
-        if (status != XML_STATUS_OK) state.SkipWithError(XML_ErrorString(XML_GetErrorCode(parser)));
-        XML_ParserFree(parser);
-    }
+    for (auto _ : state) OrvexBench::ParseWithRawExpat(text, state);
     state.SetBytesProcessed(static_cast<std::int64_t>(state.iterations() * text.size()));
 }
 
