@@ -20,12 +20,9 @@ enum class Form { DateTime, Date, Time };
 DT Parse(Form form, const char* text)
 {
     DT v;
-    if (form == Form::DateTime)
-        v.ParseXSDDateTime(text);
-    else if (form == Form::Date)
-        v.ParseXSDDate(text);
-    else
-        v.ParseXSDTime(text);
+    (v.*(form == Form::DateTime ? &DT::ParseXSDDateTime
+         : form == Form::Date   ? &DT::ParseXSDDate
+                                : &DT::ParseXSDTime))(text);
     return v;
 }
 
@@ -36,14 +33,20 @@ CDateTimeSpan Span(const char* text)
     return s;
 }
 
-std::string BadDate(const std::string& text)
-{
-    return "Invalid XSD Date [" + text + "] expected CCYY-MM-DD[Z|[+|-]hh:mm]";
-}
+std::string BadDate(const std::string& t) { return "Invalid XSD Date [" + t + "] expected CCYY-MM-DD[Z|[+|-]hh:mm]"; }
+std::string BadTime(const std::string& t) { return "Invalid XSD Time [" + t + "] expected hh:mm:ss[.ff]"; }
 
-std::string BadTime(const std::string& text)
+// Seconds since 1970 of a UTC wall time, by the C library.
+std::time_t TimeGm(int year, int month, int day, int hour, int minute = 0, int second = 0)
 {
-    return "Invalid XSD Time [" + text + "] expected hh:mm:ss[.ff]";
+    std::tm t{};
+    t.tm_year = year - 1900;
+    t.tm_mon = month - 1;
+    t.tm_mday = day;
+    t.tm_hour = hour;
+    t.tm_min = minute;
+    t.tm_sec = second;
+    return Platform::TimeGm(t);
 }
 
 }  // namespace
@@ -271,15 +274,15 @@ TEST(DateTimeZone, FlagsRangesAndNormalization)
     v.SetTimeZone(-5, 30);
     EXPECT_TRUE(v.IsUTC() && v.HasTimeZone());
     EXPECT_EQ(v.GetZoneHour() * 100 + v.GetZoneMinute(), -470);
-    EXPECT_THROW_MSG(v.SetTimeZone(24, 0), COrvexInvalidValueException, "Invalid TimeZone [24:0]");
-    EXPECT_THROW_MSG(v.SetTimeZone(-24, 0), COrvexInvalidValueException, "Invalid TimeZone [-24:0]");
-    EXPECT_THROW_MSG(v.SetTimeZone(0, 60), COrvexInvalidValueException, "Invalid TimeZone [0:60]");
+    for (const auto& z : {std::make_pair(24, 0), std::make_pair(-24, 0), std::make_pair(0, 60)})
+        EXPECT_THROW_MSG(v.SetTimeZone(z.first, z.second), COrvexInvalidValueException,
+                         "Invalid TimeZone [" + std::to_string(z.first) + ":" + std::to_string(z.second) + "]");
     EXPECT_EQ(v.ToString(), "2000-01-01T12:00:00-05:30");
 
-    EXPECT_EQ(DT("2000-01-01T00:30:00+05:00").GetNormalized().ToString(), "1999-12-31T19:30:00+00:00");
-    EXPECT_EQ(DT("2000-01-01T00:30:00-05:30").GetNormalized().ToString(), "2000-01-01T06:00:00+00:00");
-    EXPECT_EQ(DT("2000-01-01T00:30:00Z").GetNormalized().ToString(), "2000-01-01T00:30:00Z");
-    EXPECT_EQ(DT("2000-01-01T00:30:00").GetNormalized().ToString(), "2000-01-01T00:30:00");
+    for (const auto& n : {std::make_pair("+05:00", "1999-12-31T19:30:00+00:00"),
+                          std::make_pair("-05:30", "2000-01-01T06:00:00+00:00"),
+                          std::make_pair("Z", "2000-01-01T00:30:00Z"), std::make_pair("", "2000-01-01T00:30:00")})
+        EXPECT_EQ(DT((std::string("2000-01-01T00:30:00") + n.first).c_str()).GetNormalized().ToString(), n.second);
     EXPECT_EQ(Parse(Form::Time, "01:00:00+05:00").GetNormalized().ToString(), "20:00:00+00:00");
 }
 
@@ -494,41 +497,20 @@ TEST(DateTimeOrder, PartialOrderOfZones)
 namespace {
 
 // Sets TZ for the life of the object and restores what was there.
-class ScopedTimeZone
+struct ScopedTimeZone
 {
-public:
-    explicit ScopedTimeZone(const char* zone) : m_had(std::getenv("TZ") != nullptr)
-    {
-        if (m_had)
-            m_old = std::getenv("TZ");
-        setenv("TZ", zone, 1);
-        tzset();
-    }
-    ~ScopedTimeZone()
-    {
-        m_had ? setenv("TZ", m_old.c_str(), 1) : unsetenv("TZ");
-        tzset();
-    }
-
-private:
-    bool m_had;
-    std::string m_old;
+    const char* const had = std::getenv("TZ");
+    const std::string old = had ? had : "";
+    explicit ScopedTimeZone(const char* zone) { setenv("TZ", zone, 1), tzset(); }
+    ~ScopedTimeZone() { had ? setenv("TZ", old.c_str(), 1) : unsetenv("TZ"), tzset(); }
 };
 
 }  // namespace
 
 TEST(DateTimeSystem, CalendarMatchesTheCLibraryFrom1900To2100)
 {
-    std::tm first{};
-    first.tm_mday = 1;
-    first.tm_hour = 13;
-    const std::time_t start = Platform::TimeGm(first);
-    std::tm last{};
-    last.tm_year = 200;
-    last.tm_mon = 11;
-    last.tm_mday = 31;
-    const std::time_t end = Platform::TimeGm(last);
-    for (std::time_t t = start; t < end; t += 86400) {
+    const std::time_t end = TimeGm(2100, 12, 31, 0);
+    for (std::time_t t = TimeGm(1900, 1, 1, 13); t < end; t += 86400) {
         std::tm fields{};
         ASSERT_TRUE(Platform::GmTime(t, fields));
         const DT v(t);
@@ -552,14 +534,8 @@ TEST(DateTimeSystem, GetTimeIgnoresTheProcessTimeZone)
         for (const char* text : texts) {
             SCOPED_TRACE(std::string(zone) + " " + text);
             const DT v = DT(text).GetNormalized();
-            std::tm fields{};
-            fields.tm_year = v.GetYear() - 1900;
-            fields.tm_mon = v.GetMonth() - 1;
-            fields.tm_mday = v.GetDay();
-            fields.tm_hour = v.GetHour();
-            fields.tm_min = v.GetMinute();
-            fields.tm_sec = v.GetSecond();
-            EXPECT_EQ(DT(text).GetTime(), Platform::TimeGm(fields));
+            EXPECT_EQ(DT(text).GetTime(),
+                      TimeGm(v.GetYear(), v.GetMonth(), v.GetDay(), v.GetHour(), v.GetMinute(), v.GetSecond()));
             EXPECT_EQ(DT(DT(text).GetTime()).ToString(), v.ToString().substr(0, 19));
         }
     }
