@@ -12,13 +12,10 @@ using namespace OrvexXmlLib5;
 
 namespace {
 
-const char* const kBadChar = "The string representing a Decimal, contained an invalid char at position %d [%s]";
-
 std::string BadCharMessage(int position, const std::string& text)
 {
-    char buffer[512];
-    std::snprintf(buffer, sizeof(buffer), kBadChar, position, text.c_str());
-    return buffer;
+    return "The string representing a Decimal, contained an invalid char at position " + std::to_string(position) +
+           " [" + text + "]";
 }
 
 // Restores the process-wide number of places when a test ends.
@@ -31,22 +28,19 @@ struct MaxPlacesScope
 // v / 10^places as the shortest decimal text.
 std::string ScaledText(__int128 v, int places)
 {
-    const bool negative = v < 0;
-    unsigned __int128 m = negative ? -static_cast<unsigned __int128>(v) : static_cast<unsigned __int128>(v);
+    const std::size_t n = static_cast<std::size_t>(places);
+    unsigned __int128 m = v < 0 ? -static_cast<unsigned __int128>(v) : static_cast<unsigned __int128>(v);
     std::string digits;
-    do {
+    do
         digits.insert(digits.begin(), static_cast<char>('0' + static_cast<int>(m % 10)));
-        m /= 10;
-    } while (m > 0);
-    if (digits.size() <= static_cast<std::size_t>(places))
-        digits.insert(0, static_cast<std::size_t>(places) + 1 - digits.size(), '0');
-    std::string whole = digits.substr(0, digits.size() - static_cast<std::size_t>(places));
-    std::string fraction = digits.substr(digits.size() - static_cast<std::size_t>(places));
-    while (!fraction.empty() && fraction.back() == '0')
-        fraction.pop_back();
-    if (fraction.empty())
-        return whole == "0" ? "0" : (negative ? "-" : "") + whole;
-    return (negative ? "-" : "") + whole + "." + fraction;
+    while ((m /= 10) > 0);
+    if (digits.size() <= n)
+        digits.insert(0, n + 1 - digits.size(), '0');
+    std::string text = digits.substr(0, digits.size() - n) + "." + digits.substr(digits.size() - n);
+    text.erase(text.find_last_not_of('0') + 1);
+    if (text.back() == '.')
+        text.pop_back();
+    return text == "0" ? text : (v < 0 ? "-" : "") + text;
 }
 
 }  // namespace
@@ -110,13 +104,7 @@ TEST(Decimal, HugeExponentsStayBounded)
 
 TEST(Decimal, ArithmeticTable)
 {
-    struct Case
-    {
-        const char* a;
-        char op;
-        const char* b;
-        const char* result;
-    };
+    struct Case { const char* a; char op; const char* b; const char* result; };
     const Case cases[] = {
         {"0.10", '+', "0.20", "0.3"},   {"-1.5", '+', "1.5", "0"},     {"0.5", '-', "1", "-0.5"},
         {"1", '-', "0.25", "0.75"},     {"-0.25", '+', "1", "0.75"},   {"0.99", '+', "0.01", "1"},
@@ -147,8 +135,7 @@ TEST(Decimal, ArithmeticTable)
     EXPECT_THROW_MSG(CDecimal(1) / CDecimal("-0.0"), COrvexInvalidValueException, "ERROR: Overflow in operator/!");
 
     CDecimal doubleNegated(-5), other(-3);
-    doubleNegated.Negate();
-    other.Negate();
+    doubleNegated.Negate(), other.Negate();
     EXPECT_EQ((doubleNegated + other).ToString(), "8");
 }
 
@@ -176,12 +163,7 @@ TEST(Decimal, MaxDecimalPlaces)
 
 TEST(Decimal, FixedPlacesRoundHalfAwayFromZero)
 {
-    struct Case
-    {
-        const char* value;
-        int places;
-        const char* text;
-    };
+    struct Case { const char* value; int places; const char* text; };
     const Case cases[] = {
         {"1.005", 2, "1.01"}, {"12.5", 0, "13."},   {"-1.5", 3, "-1.500"}, {"1", 2, "1.00"},
         {"1.095", 2, "1.1"},  {"0.995", 2, "1.0"},  {"-12.5", 0, "-13."}, {"1.004", 2, "1.00"},
@@ -199,16 +181,12 @@ TEST(Decimal, FixedPlacesRoundHalfAwayFromZero)
 
 TEST(Decimal, IncrementAndDecrement)
 {
+    // The postfix forms return the changed copy and leave the object as it was.
     CDecimal x("1.5");
-    EXPECT_EQ(x++.ToString(), "2.5");
-    EXPECT_EQ(x.ToString(), "1.5");
-    EXPECT_EQ(x--.ToString(), "0.5");
+    EXPECT_EQ(x++.ToString() + " " + x.ToString() + " " + x--.ToString(), "2.5 1.5 0.5");
     EXPECT_EQ((++x).ToString(), "2.5");
     EXPECT_EQ(x.ToString(), "2.5");
-    --x;
-    --x;
-    --x;
-    EXPECT_EQ(x.ToString(), "-0.5");
+    EXPECT_EQ((--(--(--x))).ToString(), "-0.5");
 }
 
 TEST(Decimal, ConversionLimits)
@@ -253,11 +231,7 @@ TEST(Decimal, FromDoubleAndIntegers)
 
 TEST(Decimal, ComparisonsAcrossDividers)
 {
-    struct Case
-    {
-        const char *a, *b;
-        bool eq, lt, gt;
-    };
+    struct Case { const char *a, *b; bool eq, lt, gt; };
     const Case cases[] = {
         {"1.5", "1.25", false, false, true}, {"2", "2.000", true, false, false}, {"-0.5", "0.5", false, true, false},
         {"-0.5", "-0.25", false, true, false}, {"0.001", "0.01", false, true, false}, {"-1", "-1.5", false, false, true},
@@ -265,13 +239,9 @@ TEST(Decimal, ComparisonsAcrossDividers)
     };
     for (const Case& c : cases) {
         const CDecimal a(c.a), b(c.b);
-        EXPECT_EQ(a == b, c.eq) << c.a << " " << c.b;
-        EXPECT_EQ(a != b, !c.eq) << c.a << " " << c.b;
-        EXPECT_EQ(a < b, c.lt) << c.a << " " << c.b;
-        EXPECT_EQ(a > b, c.gt) << c.a << " " << c.b;
-        EXPECT_EQ(a <= b, c.lt || c.eq) << c.a << " " << c.b;
-        EXPECT_EQ(a >= b, c.gt || c.eq) << c.a << " " << c.b;
-        EXPECT_EQ(a.ToString(), CDecimal(c.a).ToString());
+        EXPECT_EQ((a == b) + 2 * (a != b) + 4 * (a < b) + 8 * (a > b) + 16 * (a <= b) + 32 * (a >= b),
+                  c.eq + 2 * !c.eq + 4 * c.lt + 8 * c.gt + 16 * (c.lt || c.eq) + 32 * (c.gt || c.eq))
+            << c.a << " " << c.b;
     }
 }
 
