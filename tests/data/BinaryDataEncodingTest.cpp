@@ -38,10 +38,8 @@ std::string Inflate(const unsigned char* data, std::size_t length, int windowBit
     z_stream s{};
     std::string out(limit, '\0');
     EXPECT_EQ(inflateInit2(&s, windowBits), Z_OK);
-    s.next_in = const_cast<unsigned char*>(data);
-    s.avail_in = static_cast<uInt>(length);
-    s.next_out = reinterpret_cast<Bytef*>(&out[0]);
-    s.avail_out = static_cast<uInt>(out.size());
+    s.next_in = const_cast<unsigned char*>(data), s.avail_in = static_cast<uInt>(length);
+    s.next_out = reinterpret_cast<Bytef*>(&out[0]), s.avail_out = static_cast<uInt>(out.size());
     EXPECT_EQ(inflate(&s, Z_FINISH), Z_STREAM_END);
     EXPECT_EQ(s.avail_in, 0u);
     out.resize(s.total_out);
@@ -93,16 +91,15 @@ TEST(BinaryDataBase64, KnownVectorsAndRoundTrips)
     const char* vectors[][2] = {{"", ""}, {"f", "Zg=="}, {"fo", "Zm8="}, {"foo", "Zm9v"}, {"foob", "Zm9vYg=="},
         {"fooba", "Zm9vYmE="}, {"foobar", "Zm9vYmFy"}, {"A", "QQ=="}, {"AB", "QUI="}, {"ABC", "QUJD"}};
     // clang-format on
+    CBinaryData b;
     for (const auto& v : vectors) {
         EXPECT_EQ(CBinaryData(v[0]).GetAsBase64(), v[1]);
-        CBinaryData b;
         b.SetAsBase64(v[1]);
         EXPECT_EQ(b.GetString(), v[0]);
     }
     EXPECT_EQ(CBinaryData().GetAsBase64(), "");
     for (std::size_t length = 0; length < 70; ++length) {
         const std::string bytes = RandomBytes(length, static_cast<unsigned>(length));
-        CBinaryData b;
         b.SetAsBase64(FromBytes(bytes).GetAsBase64().c_str());
         EXPECT_EQ(b.GetString(), bytes);
     }
@@ -214,9 +211,8 @@ TEST(BinaryDataCompression, OutputLongerThanTheInputFailsAndKeepsTheData)
     EXPECT_THROW_MSG(CBinaryData().CompressData(Compression_GZIP), COrvexException,
                      "Failed to compress data. [Error Code: -5]");
     CBinaryData plain("text");
-    CBinaryData same = plain.CompressData(Compression_None);
-    EXPECT_EQ(same.GetData(), plain.GetData());
-    EXPECT_EQ(same.GetString(), "text");
+    EXPECT_EQ(plain.CompressData(Compression_None).GetData(), plain.GetData());
+    EXPECT_EQ(plain.GetString(), "text");
 }
 
 TEST(BinaryDataCompression, BuffersInPiecesGiveTheSameStream)
