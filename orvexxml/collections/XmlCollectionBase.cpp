@@ -61,10 +61,13 @@ namespace OrvexXmlLib5 {
 
 void OrvexVariant::SetXmlCollection(CXmlCollectionBase* collection)
 {
+    // The reference is taken first: setting the collection the variant already
+    // holds must not destroy it on the way.
+    CXmlObjectBase* object = collection ? collection->GetBase() : nullptr;
+    if (object) object->AddRef();
     Clear();
     m_type = ItemType_XmlCollection;
-    m_value.object = collection ? collection->GetBase() : nullptr;
-    if (m_value.object) m_value.object->AddRef();
+    m_value.object = object;
 }
 
 CSmartPtr<CXmlCollectionBase> OrvexVariant::GetXmlCollection() const

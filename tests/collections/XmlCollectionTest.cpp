@@ -222,4 +222,13 @@ TEST(XmlCollectionVariant, HoldsOneReferenceAndCopiesAddOne)
         EXPECT_TRUE(value.GetXmlCollection().IsNull());
     }
     EXPECT_EQ(1, count());
+
+    // Setting again the collection of which the variant holds the last reference
+    // keeps it alive.
+    OrvexVariant owner;
+    CItemCol* raw = new CItemCol();
+    owner.SetXmlCollection(raw);
+    owner.SetXmlCollection(raw);
+    EXPECT_EQ(raw, owner.GetXmlCollection().Get());
+    EXPECT_EQ(0, raw->GetMinOccurs());
 }
