@@ -100,3 +100,25 @@ TEST(PropertyChecks, ReadCollectionOnceThenCount)
         [&] { CChecks::Choice_Read_Collection(one, parent, current, itemsRead, context); },
         "The Maximum number of [T] elements allowed in this collection is 1"));
 }
+
+TEST(PropertyChecks, ReadCollectionMovesBeforeTheCountFails)
+{
+    CXmlDocument document;
+    document.LoadXml("<r xmlns=\"urn:t\"><T>a</T><Z/></r>");
+    CXmlElement* parent = document.GetDocumentElement();
+    CSmartPtr<CTextCol> texts(new CTextCol("T", 2, -1));
+    CXmlSerializationContext context;
+    std::int32_t itemsRead = 0;
+    CXmlElement* current = parent->GetFirstElement();
+    EXPECT_TRUE(ThrowsExactly<COrvexValidationException>(
+        [&] { CChecks::Choice_Read_Collection(texts, parent, current, itemsRead, context); },
+        "The Minimum number of [T] elements allowed in this collection is 2"));
+    // The position has moved past the run before the count is tested.
+    EXPECT_EQ("Z", current->GetLocalName());
+    EXPECT_EQ(0, itemsRead);
+    context.SetIgnoreInvalidCollectionCounts(true);
+    texts->Clear();
+    current = parent->GetFirstElement();
+    CChecks::Choice_Read_Collection(texts, parent, current, itemsRead, context);
+    EXPECT_EQ(1, itemsRead);
+}

@@ -76,3 +76,29 @@ TEST(ElementInfoChoicePlain, EnumAndPrimitiveTakeOnlyTheirOwnElement)
     EXPECT_TRUE(ThrowsExactly<COrvexException>([&] { v.Validate(CXmlSerializationContext(), &owner, false, true); },
                                                "Not implemented, should never be called"));
 }
+
+TEST(ElementInfoChoice, AbsentAlternativeDeclinesWhateverTheOptionsAndOwner)
+{
+    CElementInfoChoiceClsOpt pick("Pick", "urn:t", 0, ElementType_Element, MakePick, 1);
+    CElementInfoChoiceAbsClsOpt leaf("Leaf", "urn:t", 0, ElementType_Element, LeafByKind);
+    CElementInfoChoiceEnumOpt e("E", "urn:t", 0, NumberToString, NumberFromString);
+    CElementInfoChoicePrimOpt v("V", "urn:t", 0, ItemType_i4, nullptr, Rule::Collapse, Unrestricted());
+    CElementInfoChoicePrimCol items("T", "urn:t", 0);
+    CElementInfo* const members[] = {&pick, &leaf, &e, &v, &items};
+    CXmlSerializationContext contexts[4];
+    contexts[1].SetIgnoreUnknownElements(true);
+    contexts[2].SetIgnoreMissingMandatoryElements(true);
+    contexts[3].SetIgnoreMissingChoice(true);
+    for (CElementInfo* member : members) {
+        for (const CXmlSerializationContext& context : contexts) {
+            for (XmlElementType parentType : {ElementType_Element, ElementType_Pseudo}) {
+                CSlots owner;
+                owner.props[0].SetXmlCollection(new CTextCol("T", 1, -1));
+                EXPECT_EQ("false@Z", Step(*member, owner, "<Z/><Pick/><Leaf kind=\"leaf\"/><E>one</E><V>1</V><T/>",
+                                          parentType, context));
+                EXPECT_EQ("false@-", Step(*member, owner, "", parentType, context));
+                EXPECT_EQ(0, owner.stores);
+            }
+        }
+    }
+}

@@ -134,3 +134,69 @@ TEST(ElementInfoSeq, ValidateIsNeverForASequence)
     EXPECT_EQ("true@-", Step(v, owner, "", ElementType_Element));
     EXPECT_EQ(0, owner.stores);
 }
+
+TEST(ElementInfoSeqOpt, NothingToTakeGivesTrueWithoutMovingOrStoring)
+{
+    CElementInfoSeqClsOpt leaf("Leaf", "urn:t", 0, ElementType_Element, MakeLeaf, 3);
+    CElementInfoSeqAbsClsOpt abstractLeaf("Leaf", "urn:t", 0, ElementType_Element, LeafByKind);
+    CElementInfoSeqEnumOpt e("E", "urn:t", 0, NumberToString, NumberFromString);
+    CElementInfoSeqPrimOpt v("V", "urn:t", 0, ItemType_i4, nullptr, Rule::Collapse, Unrestricted());
+    CElementInfo* const members[] = {&leaf, &abstractLeaf, &e, &v};
+    const char* const contents[] = {"", "<Z/>", "<Z/><Leaf kind=\"leaf\"/><E>one</E><V>1</V>"};
+    for (CElementInfo* member : members) {
+        for (const char* content : contents) {
+            CSlots owner;
+            const std::string expected = *content ? "true@Z" : "true@-";
+            EXPECT_EQ(expected, Step(*member, owner, content, ElementType_Element, Skipping())) << content;
+            EXPECT_EQ(expected, Step(*member, owner, content, ElementType_Pseudo)) << content;
+            EXPECT_EQ(0, owner.stores) << content;
+        }
+    }
+}
+
+TEST(ElementInfoSeqMnd, EachMandatoryKindRecoversOrFailsByTheOptions)
+{
+    CElementInfoSeqClsMnd leaf("Leaf", "urn:t", 0, ElementType_Element, nullptr, 0, true);
+    CElementInfoSeqEnumMnd e("E", "urn:t", 0, NumberToString, NumberFromString);
+    CElementInfoSeqPrimMnd v("V", "urn:t", 0, ItemType_i4, nullptr, Rule::Collapse, Unrestricted());
+    const struct
+    {
+        CElementInfo* member;
+        const char* name;
+    } cases[] = {{&leaf, "Leaf"}, {&e, "E"}, {&v, "V"}};
+    for (const auto& c : cases) {
+        CSlots owner;
+        owner.props[0].SetXmlObject(new CLeaf());
+        const std::string missing = std::string("Failed to find a required element [") + c.name + "]";
+        const std::string content = std::string("<Z/><Y/><") + c.name + ">1</" + c.name + "><X/>";
+        // Giving up stores nothing and keeps even the foreign element.
+        EXPECT_EQ("true@Z", Step(*c.member, owner, content, ElementType_Element, Forgiving())) << c.name;
+        EXPECT_EQ("true@-", Step(*c.member, owner, "", ElementType_Element, Forgiving())) << c.name;
+        EXPECT_EQ(0, owner.stores);
+        EXPECT_TRUE(ThrowsExactly<COrvexValidationException>(
+            [&] { Step(*c.member, owner, content, ElementType_Element); }, missing));
+        EXPECT_TRUE(ThrowsExactly<COrvexValidationException>(
+            [&] { Step(*c.member, owner, "<Z/><Y/>", ElementType_Element, Skipping()); }, missing));
+        EXPECT_EQ("true@X", Step(*c.member, owner, content, ElementType_Element, Skipping())) << c.name;
+    }
+}
+
+TEST(ElementInfoSeqEnum, RawTextGoesToTheGeneratedFunction)
+{
+    // Unlike a primitive, the enumeration text is not collapsed first.
+    CElementInfoSeqEnumMnd mandatory("E", "urn:t", 0, NumberToString, NumberFromString);
+    CElementInfoSeqEnumOpt optional("E", "urn:t", 1, NumberToString, NumberFromString);
+    CSlots owner;
+    const struct
+    {
+        const char* text;
+        int value;
+    } cases[] = {{"one", 1}, {" one ", 0}, {"", 0}};
+    for (const auto& c : cases) {
+        const std::string content = std::string("<E>") + c.text + "</E><Z/>";
+        EXPECT_EQ("true@Z", Step(mandatory, owner, content, ElementType_Element));
+        EXPECT_EQ("true@Z", Step(optional, owner, content, ElementType_Pseudo));
+        EXPECT_EQ(c.value, owner.props[0].GetI4()) << c.text;
+        EXPECT_EQ(c.value, owner.props[1].GetI4()) << c.text;
+    }
+}
