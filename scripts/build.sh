@@ -14,5 +14,9 @@ case "$kind" in
   *) echo "usage: $0 [release|sanitize|fuzz]" >&2; exit 2 ;;
 esac
 
+# ccache, where installed, keeps rebuilds of several work trees cheap.
+if command -v ccache >/dev/null 2>&1; then
+  args+=(-DCMAKE_C_COMPILER_LAUNCHER=ccache -DCMAKE_CXX_COMPILER_LAUNCHER=ccache)
+fi
 cmake -S . -B "$dir" "${args[@]}" >/dev/null
 cmake --build "$dir" -j "$jobs"
