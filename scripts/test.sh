@@ -19,12 +19,8 @@ echo "== release build and tests"
 ./scripts/build.sh release
 run_ctest build
 
-echo "== installed package"
-rm -rf build/install build/consumer
-cmake --install build --prefix "$PWD/build/install" >/dev/null
-cmake -S tests/package -B build/consumer -DCMAKE_PREFIX_PATH="$PWD/build/install" >/dev/null
-cmake --build build/consumer >/dev/null
-LD_LIBRARY_PATH="$PWD/build/install/lib:$PWD/build/install/lib64${LD_LIBRARY_PATH:+:$LD_LIBRARY_PATH}" ./build/consumer/consumer
+echo "== installed package: shared and static, CMake and pkg-config consumers"
+./scripts/package-test.sh
 
 echo "== sanitizer build and tests"
 ./scripts/build.sh sanitize

@@ -3,6 +3,8 @@
 // and the additional root attributes of a context.
 #pragma once
 
+#include "orvexxml/Export.h"
+
 #include <string>
 
 #include "orvexxml/collections/OrvexIterator.h"
@@ -14,7 +16,7 @@ namespace OrvexXmlLib5 {
 
 class CAttributeCol;
 
-class CAttribute : public CXmlObjectBase, public CInstanceMonitor
+class ORVEXXML_API CAttribute : public CXmlObjectBase, public CInstanceMonitor
 {
 public:
     CAttribute(const CAttribute& other);
@@ -54,7 +56,7 @@ private:
     std::string m_namespace;
 };
 
-class CAttributeCol : public CXmlCollection, public CInstanceMonitor
+class ORVEXXML_API CAttributeCol : public CXmlCollection, public CInstanceMonitor
 {
 public:
     // defaultNamespace empty and a restriction whose first token is a URI (two bytes

@@ -2,6 +2,8 @@
 // CElementCol, CAttributeCol and the generated object collections.
 #pragma once
 
+#include "orvexxml/Export.h"
+
 #include "orvexxml/collections/XmlCollectionBase.h"
 
 namespace OrvexXmlLib5 {
@@ -9,7 +11,7 @@ namespace OrvexXmlLib5 {
 class CXmlCollection;
 
 // One item of a CXmlCollection; holds one reference on the item.
-class CNode
+class ORVEXXML_API CNode
 {
 public:
     CXmlObjectBase* GetItem() const { return m_item; }
@@ -28,7 +30,7 @@ private:
     CNode* m_previous;
 };
 
-class CXmlCollection : public CXmlCollectionBase
+class ORVEXXML_API CXmlCollection : public CXmlCollectionBase
 {
 public:
     // The copy has a list of its own with one more reference on each item.

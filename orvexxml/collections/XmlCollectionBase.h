@@ -2,6 +2,8 @@
 // bounds, and the listeners told of each change.
 #pragma once
 
+#include "orvexxml/Export.h"
+
 #include <string>
 #include <vector>
 
@@ -10,7 +12,7 @@
 
 namespace OrvexXmlLib5 {
 
-class CXmlCollectionBase : public CXmlObjectBase
+class ORVEXXML_API CXmlCollectionBase : public CXmlObjectBase
 {
 public:
     // Copies name, namespace, bounds and listeners.

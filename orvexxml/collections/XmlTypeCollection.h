@@ -2,6 +2,8 @@
 // and whitespace rule of one item, and the reading of a run of item elements.
 #pragma once
 
+#include "orvexxml/Export.h"
+
 #include <string>
 
 #include "orvexxml/collections/XmlCollectionBase.h"
@@ -11,7 +13,7 @@
 
 namespace OrvexXmlLib5 {
 
-class CXmlTypeCollection : public CXmlCollectionBase
+class ORVEXXML_API CXmlTypeCollection : public CXmlCollectionBase
 {
 public:
     // Copies the base fields, the facets and the type.

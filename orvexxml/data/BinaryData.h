@@ -4,6 +4,8 @@
 // BinaryDataEncoding.cpp.
 #pragma once
 
+#include "orvexxml/Export.h"
+
 #include <cstddef>
 #include <string>
 
@@ -31,7 +33,7 @@ enum ByteEncoding : int
 
 // Shared storage of CBinaryData. A count of 1 means one owner, who may change it
 // in place; a holder with a count above 1 is never changed.
-struct CDataHolder
+struct ORVEXXML_API CDataHolder
 {
     unsigned char* data;
     unsigned long length;
@@ -43,7 +45,7 @@ struct CDataHolder
     unsigned char* ReleaseData();
 };
 
-class CBinaryData
+class ORVEXXML_API CBinaryData
 {
 public:
     CBinaryData() : m_holder(nullptr) {}
@@ -131,14 +133,14 @@ private:
 
 // Library text (local encoding) to UTF-8 bytes, no terminator. A lone surrogate
 // in the text gives an empty result.
-CBinaryData LocalToUtf8Bytes(const char* text, std::size_t length);
-CBinaryData LocalToUtf8Bytes(const std::string& text);
+ORVEXXML_API CBinaryData LocalToUtf8Bytes(const char* text, std::size_t length);
+ORVEXXML_API CBinaryData LocalToUtf8Bytes(const std::string& text);
 // Library text to UTF-16 little-endian bytes, no terminator, no byte order mark.
-CBinaryData LocalToUtf16Bytes(const char* text, std::size_t length);
-CBinaryData LocalToUtf16Bytes(const std::string& text);
+ORVEXXML_API CBinaryData LocalToUtf16Bytes(const char* text, std::size_t length);
+ORVEXXML_API CBinaryData LocalToUtf16Bytes(const std::string& text);
 // Zero-terminated UTF-16 text to UTF-8 bytes; a lone surrogate gives an empty result.
-CBinaryData WideToUtf8Bytes(const char16_t* text);
-CBinaryData WideToUtf8Bytes(const char16_t* text, std::size_t length);
-CBinaryData WideToUtf8Bytes(const unsigned short* text);
+ORVEXXML_API CBinaryData WideToUtf8Bytes(const char16_t* text);
+ORVEXXML_API CBinaryData WideToUtf8Bytes(const char16_t* text, std::size_t length);
+ORVEXXML_API CBinaryData WideToUtf8Bytes(const unsigned short* text);
 
 }  // namespace OrvexXmlLib5

@@ -2,6 +2,8 @@
 // primitive type, and the fixed numbers of those types.
 #pragma once
 
+#include "orvexxml/Export.h"
+
 #include <cstdint>
 #include <string>
 
@@ -57,7 +59,7 @@ enum ItemType : int
 // variant owns what it points to; the two object kinds hold one reference each.
 // The value classes are held by one allocated copy each; a binary copy shares the
 // bytes with its source until either side writes them.
-struct OrvexVariant
+struct ORVEXXML_API OrvexVariant
 {
 public:
     OrvexVariant() : m_type(ItemType_Invalid) { m_value.bits = 0; }

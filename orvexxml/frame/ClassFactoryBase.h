@@ -2,13 +2,15 @@
 // names, so that a factory can pick the derived class to create.
 #pragma once
 
+#include "orvexxml/Export.h"
+
 #include <string>
 
 namespace OrvexXmlLib5 {
 
 class CXmlElement;
 
-class CClassfactoryBase
+class ORVEXXML_API CClassfactoryBase
 {
 public:
     CClassfactoryBase() = default;

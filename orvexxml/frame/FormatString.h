@@ -1,6 +1,8 @@
 // printf-style formatting into a std::string that is never truncated.
 #pragma once
 
+#include "orvexxml/Export.h"
+
 #include <cstdarg>
 #include <string>
 
@@ -8,9 +10,9 @@ namespace OrvexXmlLib5 {
 
 // Accepts the C conversions and the Microsoft size prefixes I64, I32, I, h, l, L,
 // F and N. A null %s argument prints "(null)".
-std::string FormatString(const char* format, ...)
+ORVEXXML_API std::string FormatString(const char* format, ...)
     ;
 
-std::string FormatStringV(const char* format, va_list args);
+ORVEXXML_API std::string FormatStringV(const char* format, va_list args);
 
 }  // namespace OrvexXmlLib5

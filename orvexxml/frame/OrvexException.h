@@ -2,12 +2,14 @@
 // Messages are in the local character encoding; chains are built on the way up.
 #pragma once
 
+#include "orvexxml/Export.h"
+
 #include <exception>
 #include <string>
 
 namespace OrvexXmlLib5 {
 
-class COrvexException : public std::exception
+class ORVEXXML_API COrvexException : public std::exception
 {
 public:
     COrvexException();
@@ -39,7 +41,7 @@ private:
 };
 
 #define ORVEX_DECLARE_EXCEPTION(Name, Base)                                                 \
-    class Name : public Base                                                                \
+    class ORVEXXML_API Name : public Base                                                        \
     {                                                                                       \
     public:                                                                                 \
         Name() = default;                                                                   \

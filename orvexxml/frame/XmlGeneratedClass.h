@@ -3,6 +3,8 @@
 // the object by those tables.
 #pragma once
 
+#include "orvexxml/Export.h"
+
 #include <string>
 
 #include "orvexxml/data/OrvexVariant.h"
@@ -17,7 +19,7 @@ class CAttributeInfo;
 
 namespace OrvexXmlLib5 {
 
-class CXmlGeneratedClass : public CXmlObjectBase
+class ORVEXXML_API CXmlGeneratedClass : public CXmlObjectBase
 {
 public:
     CXmlGeneratedClass() = default;

@@ -2,6 +2,8 @@
 // the reference count, and the entry points where a caller enters the library.
 #pragma once
 
+#include "orvexxml/Export.h"
+
 #include <cstdint>
 #include <string>
 
@@ -19,7 +21,7 @@ namespace Detail {
 class CObjectAccess;
 }
 
-class CXmlObjectBase
+class ORVEXXML_API CXmlObjectBase
 {
 public:
     enum MsgType

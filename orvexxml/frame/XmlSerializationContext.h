@@ -2,6 +2,8 @@
 // handed; the caller keeps it alive and unchanged during an entry point.
 #pragma once
 
+#include "orvexxml/Export.h"
+
 #include <string>
 #include <vector>
 
@@ -19,7 +21,7 @@ enum SchemaType
     SchemaType_NoNamespaces = 2
 };
 
-class CXmlSerializationContext
+class ORVEXXML_API CXmlSerializationContext
 {
 public:
     CXmlSerializationContext();

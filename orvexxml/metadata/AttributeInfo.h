@@ -2,6 +2,8 @@
 // facets, an enumerated attribute, and xs:anyAttribute held in a CAttributeCol.
 #pragma once
 
+#include "orvexxml/Export.h"
+
 #include <string>
 
 #include "orvexxml/data/OrvexVariant.h"
@@ -16,7 +18,7 @@ class CXmlAttribute;
 
 namespace OrvexXmlLib5Data {
 
-class CAttributeInfo
+class ORVEXXML_API CAttributeInfo
 {
 public:
     CAttributeInfo(const CAttributeInfo& other) = default;
@@ -61,7 +63,7 @@ private:
     bool m_optional;
 };
 
-class CAttributeInfoPrimitive : public CAttributeInfo
+class ORVEXXML_API CAttributeInfoPrimitive : public CAttributeInfo
 {
 public:
     CAttributeInfoPrimitive(const char* name, const char* namespaceUri, int propertyIndex, bool optional,
@@ -89,7 +91,7 @@ private:
     CWhitespaceUtils::WhitespaceRule m_whitespaceRule;
 };
 
-class CAttributeInfoEnum : public CAttributeInfo
+class ORVEXXML_API CAttributeInfoEnum : public CAttributeInfo
 {
 public:
     CAttributeInfoEnum(const char* name, const char* namespaceUri, int propertyIndex, bool optional,
@@ -110,7 +112,7 @@ private:
 
 // Takes every attribute that reaches it, so it stands last in the table. Its
 // property holds a CAttributeCol.
-class CAttributeInfoAny : public CAttributeInfo
+class ORVEXXML_API CAttributeInfoAny : public CAttributeInfo
 {
 public:
     CAttributeInfoAny(const char* name, const char* namespaceUri, int propertyIndex, bool optional,

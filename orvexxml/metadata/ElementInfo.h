@@ -2,6 +2,8 @@
 // generated class and the writing operations that the descriptor cells share.
 #pragma once
 
+#include "orvexxml/Export.h"
+
 #include <string>
 
 #include "orvexxml/data/OrvexVariant.h"
@@ -28,7 +30,7 @@ typedef CSmartPtr<CXmlObjectBase> (*ElementFactoryFn)(CXmlElement* element);
 typedef const char* (*EnumToStringFn)(int value);
 typedef int (*EnumFromStringFn)(const char* text);
 
-class CElementInfo
+class ORVEXXML_API CElementInfo
 {
 public:
     CElementInfo(const CElementInfo& other) = default;

@@ -3,6 +3,8 @@
 // abstract child in an xs:all group is written but never read.
 #pragma once
 
+#include "orvexxml/Export.h"
+
 #include <string>
 
 #include "orvexxml/metadata/ElementInfo.h"
@@ -12,7 +14,7 @@ namespace OrvexXmlLib5Data {
 
 // Base of the descriptors of an xs:all class; all three group operations stay
 // with the members.
-class CElementInfoAll : public CElementInfo
+class ORVEXXML_API CElementInfoAll : public CElementInfo
 {
 protected:
     CElementInfoAll(const char* name, const char* namespaceUri, int propertyIndex)
@@ -31,7 +33,7 @@ protected:
 
 // Base of the repeating members: the collection in the property writes its items
 // and is tested for its count once the group has been read.
-class CElementInfoAllCol : public CElementInfoAll
+class ORVEXXML_API CElementInfoAllCol : public CElementInfoAll
 {
 public:
     CElementInfoAllCol(const char* name, const char* namespaceUri, int propertyIndex)
@@ -47,7 +49,7 @@ public:
 };
 
 // Open in all three group operations.
-class CElementInfoAllNonCol : public CElementInfoAll
+class ORVEXXML_API CElementInfoAllNonCol : public CElementInfoAll
 {
 public:
     CElementInfoAllNonCol(const char* name, const char* namespaceUri, int propertyIndex)
@@ -56,7 +58,7 @@ public:
     }
 };
 
-class CElementInfoAllAbsClsMnd : public CElementInfoAll
+class ORVEXXML_API CElementInfoAllAbsClsMnd : public CElementInfoAll
 {
 public:
     CElementInfoAllAbsClsMnd(const char* name, const char* namespaceUri, int propertyIndex, XmlElementType childType,
@@ -83,7 +85,7 @@ protected:
     int m_classId;
 };
 
-class CElementInfoAllAbsClsOpt : public CElementInfoAll
+class ORVEXXML_API CElementInfoAllAbsClsOpt : public CElementInfoAll
 {
 public:
     CElementInfoAllAbsClsOpt(const char* name, const char* namespaceUri, int propertyIndex, XmlElementType childType,
@@ -106,7 +108,7 @@ protected:
     ElementFactoryFn m_factory;
 };
 
-class CElementInfoAllAbsClsCol : public CElementInfoAllCol
+class ORVEXXML_API CElementInfoAllAbsClsCol : public CElementInfoAllCol
 {
 public:
     CElementInfoAllAbsClsCol(const char* name, const char* namespaceUri, int propertyIndex, XmlElementType childType)
@@ -120,7 +122,7 @@ protected:
     XmlElementType m_childType;
 };
 
-class CElementInfoAllClsMnd : public CElementInfoAll
+class ORVEXXML_API CElementInfoAllClsMnd : public CElementInfoAll
 {
 public:
     CElementInfoAllClsMnd(const char* name, const char* namespaceUri, int propertyIndex, XmlElementType childType,
@@ -146,7 +148,7 @@ protected:
     bool m_mustConsume;
 };
 
-class CElementInfoAllClsOpt : public CElementInfoAll
+class ORVEXXML_API CElementInfoAllClsOpt : public CElementInfoAll
 {
 public:
     CElementInfoAllClsOpt(const char* name, const char* namespaceUri, int propertyIndex, XmlElementType childType,
@@ -170,7 +172,7 @@ protected:
     int m_classId;
 };
 
-class CElementInfoAllClsCol : public CElementInfoAllCol
+class ORVEXXML_API CElementInfoAllClsCol : public CElementInfoAllCol
 {
 public:
     CElementInfoAllClsCol(const char* name, const char* namespaceUri, int propertyIndex, XmlElementType childType)
@@ -184,7 +186,7 @@ protected:
     XmlElementType m_childType;
 };
 
-class CElementInfoAllEnumMnd : public CElementInfoAll
+class ORVEXXML_API CElementInfoAllEnumMnd : public CElementInfoAll
 {
 public:
     CElementInfoAllEnumMnd(const char* name, const char* namespaceUri, int propertyIndex, EnumToStringFn toString,
@@ -202,7 +204,7 @@ protected:
     EnumFromStringFn m_fromString;
 };
 
-class CElementInfoAllEnumOpt : public CElementInfoAll
+class ORVEXXML_API CElementInfoAllEnumOpt : public CElementInfoAll
 {
 public:
     CElementInfoAllEnumOpt(const char* name, const char* namespaceUri, int propertyIndex, EnumToStringFn toString,
@@ -220,7 +222,7 @@ protected:
     EnumFromStringFn m_fromString;
 };
 
-class CElementInfoAllEnumCol : public CElementInfoAll
+class ORVEXXML_API CElementInfoAllEnumCol : public CElementInfoAll
 {
 public:
     CElementInfoAllEnumCol(const char* name, const char* namespaceUri, int propertyIndex)
@@ -229,7 +231,7 @@ public:
     }
 };
 
-class CElementInfoAllPrimMnd : public CElementInfoAll
+class ORVEXXML_API CElementInfoAllPrimMnd : public CElementInfoAll
 {
 public:
     CElementInfoAllPrimMnd(const char* name, const char* namespaceUri, int propertyIndex, ItemType itemType,
@@ -244,7 +246,7 @@ public:
                   bool parentIsElement) const override;
 };
 
-class CElementInfoAllPrimOpt : public CElementInfoAll
+class ORVEXXML_API CElementInfoAllPrimOpt : public CElementInfoAll
 {
 public:
     CElementInfoAllPrimOpt(const char* name, const char* namespaceUri, int propertyIndex, ItemType itemType,
@@ -259,7 +261,7 @@ public:
                   bool parentIsElement) const override;
 };
 
-class CElementInfoAllPrimCol : public CElementInfoAllCol
+class ORVEXXML_API CElementInfoAllPrimCol : public CElementInfoAllCol
 {
 public:
     CElementInfoAllPrimCol(const char* name, const char* namespaceUri, int propertyIndex)
@@ -268,7 +270,7 @@ public:
     }
 };
 
-class CElementInfoAllUntpdMnd : public CElementInfoAll
+class ORVEXXML_API CElementInfoAllUntpdMnd : public CElementInfoAll
 {
 public:
     CElementInfoAllUntpdMnd(const char* name, const char* namespaceUri, int propertyIndex,
@@ -288,7 +290,7 @@ protected:
     std::string m_targetNamespace;
 };
 
-class CElementInfoAllUntpdOpt : public CElementInfoAll
+class ORVEXXML_API CElementInfoAllUntpdOpt : public CElementInfoAll
 {
 public:
     CElementInfoAllUntpdOpt(const char* name, const char* namespaceUri, int propertyIndex,
@@ -308,7 +310,7 @@ protected:
     std::string m_targetNamespace;
 };
 
-class CElementInfoAllUntpdCol : public CElementInfoAllCol
+class ORVEXXML_API CElementInfoAllUntpdCol : public CElementInfoAllCol
 {
 public:
     CElementInfoAllUntpdCol(const char* name, const char* namespaceUri, int propertyIndex)

@@ -3,6 +3,8 @@
 // True from ElementFromXml means that this alternative was taken.
 #pragma once
 
+#include "orvexxml/Export.h"
+
 #include <string>
 
 #include "orvexxml/metadata/ElementInfo.h"
@@ -11,7 +13,7 @@ namespace OrvexXmlLib5Data {
 
 // Base of the descriptors of an xs:choice class. Validate is never called by the
 // choice walk and fails when it is.
-class CElementInfoChoice : public CElementInfo
+class ORVEXXML_API CElementInfoChoice : public CElementInfo
 {
 public:
     CElementInfoChoice(const char* name, const char* namespaceUri, int propertyIndex)
@@ -31,7 +33,7 @@ public:
 
 // Base of the repeating alternatives; an empty collection writes nothing and gives
 // false, so the writing walk goes on to the next alternative.
-class CElementInfoChoiceCol : public CElementInfoChoice
+class ORVEXXML_API CElementInfoChoiceCol : public CElementInfoChoice
 {
 public:
     CElementInfoChoiceCol(const char* name, const char* namespaceUri, int propertyIndex)
@@ -44,7 +46,7 @@ public:
                         CXmlElement** current, const char* parentNamespace, XmlElementType parentType) override;
 };
 
-class CElementInfoChoiceAbsClsOpt : public CElementInfoChoice
+class ORVEXXML_API CElementInfoChoiceAbsClsOpt : public CElementInfoChoice
 {
 public:
     CElementInfoChoiceAbsClsOpt(const char* name, const char* namespaceUri, int propertyIndex, XmlElementType childType,
@@ -64,7 +66,7 @@ protected:
     ElementFactoryFn m_factory;
 };
 
-class CElementInfoChoiceAbsClsCol : public CElementInfoChoiceCol
+class ORVEXXML_API CElementInfoChoiceAbsClsCol : public CElementInfoChoiceCol
 {
 public:
     CElementInfoChoiceAbsClsCol(const char* name, const char* namespaceUri, int propertyIndex, XmlElementType childType)
@@ -78,7 +80,7 @@ protected:
     XmlElementType m_childType;
 };
 
-class CElementInfoChoiceClsOpt : public CElementInfoChoice
+class ORVEXXML_API CElementInfoChoiceClsOpt : public CElementInfoChoice
 {
 public:
     CElementInfoChoiceClsOpt(const char* name, const char* namespaceUri, int propertyIndex, XmlElementType childType,
@@ -102,7 +104,7 @@ protected:
     int m_classId;
 };
 
-class CElementInfoChoiceClsCol : public CElementInfoChoiceCol
+class ORVEXXML_API CElementInfoChoiceClsCol : public CElementInfoChoiceCol
 {
 public:
     CElementInfoChoiceClsCol(const char* name, const char* namespaceUri, int propertyIndex, XmlElementType childType)
@@ -116,7 +118,7 @@ protected:
     XmlElementType m_childType;
 };
 
-class CElementInfoChoiceEnumOpt : public CElementInfoChoice
+class ORVEXXML_API CElementInfoChoiceEnumOpt : public CElementInfoChoice
 {
 public:
     CElementInfoChoiceEnumOpt(const char* name, const char* namespaceUri, int propertyIndex, EnumToStringFn toString,
@@ -134,7 +136,7 @@ protected:
     EnumFromStringFn m_fromString;
 };
 
-class CElementInfoChoiceEnumCol : public CElementInfoChoiceCol
+class ORVEXXML_API CElementInfoChoiceEnumCol : public CElementInfoChoiceCol
 {
 public:
     CElementInfoChoiceEnumCol(const char* name, const char* namespaceUri, int propertyIndex)
@@ -143,7 +145,7 @@ public:
     }
 };
 
-class CElementInfoChoicePrimOpt : public CElementInfoChoice
+class ORVEXXML_API CElementInfoChoicePrimOpt : public CElementInfoChoice
 {
 public:
     CElementInfoChoicePrimOpt(const char* name, const char* namespaceUri, int propertyIndex, ItemType itemType,
@@ -158,7 +160,7 @@ public:
                         CXmlElement** current, const char* parentNamespace, XmlElementType parentType) override;
 };
 
-class CElementInfoChoicePrimCol : public CElementInfoChoiceCol
+class ORVEXXML_API CElementInfoChoicePrimCol : public CElementInfoChoiceCol
 {
 public:
     CElementInfoChoicePrimCol(const char* name, const char* namespaceUri, int propertyIndex)
@@ -167,7 +169,7 @@ public:
     }
 };
 
-class CElementInfoChoiceUntpdOpt : public CElementInfoChoice
+class ORVEXXML_API CElementInfoChoiceUntpdOpt : public CElementInfoChoice
 {
 public:
     CElementInfoChoiceUntpdOpt(const char* name, const char* namespaceUri, int propertyIndex,
@@ -185,7 +187,7 @@ protected:
     std::string m_targetNamespace;
 };
 
-class CElementInfoChoiceUntpdCol : public CElementInfoChoiceCol
+class ORVEXXML_API CElementInfoChoiceUntpdCol : public CElementInfoChoiceCol
 {
 public:
     CElementInfoChoiceUntpdCol(const char* name, const char* namespaceUri, int propertyIndex)

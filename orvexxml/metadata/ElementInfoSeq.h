@@ -2,6 +2,8 @@
 // occurrence. Each takes what belongs to it from the front of the remaining children.
 #pragma once
 
+#include "orvexxml/Export.h"
+
 #include <string>
 
 #include "orvexxml/metadata/ElementInfo.h"
@@ -10,7 +12,7 @@ namespace OrvexXmlLib5Data {
 
 // Base of the descriptors of an xs:sequence class. Validate is never called by
 // the sequence walk and fails when it is.
-class CElementInfoSeq : public CElementInfo
+class ORVEXXML_API CElementInfoSeq : public CElementInfo
 {
 public:
     CElementInfoSeq(const char* name, const char* namespaceUri, int propertyIndex)
@@ -38,7 +40,7 @@ protected:
 };
 
 // Base of the repeating members: the collection in the property writes its items.
-class CElementInfoSeqCol : public CElementInfoSeq
+class ORVEXXML_API CElementInfoSeqCol : public CElementInfoSeq
 {
 public:
     CElementInfoSeqCol(const char* name, const char* namespaceUri, int propertyIndex)
@@ -52,7 +54,7 @@ public:
 };
 
 // A non-repeating member whose writing and reading the generated code supplies.
-class CElementInfoSeqNonCol : public CElementInfoSeq
+class ORVEXXML_API CElementInfoSeqNonCol : public CElementInfoSeq
 {
 public:
     CElementInfoSeqNonCol(const char* name, const char* namespaceUri, int propertyIndex)
@@ -61,7 +63,7 @@ public:
     }
 };
 
-class CElementInfoSeqAbsClsMnd : public CElementInfoSeq
+class ORVEXXML_API CElementInfoSeqAbsClsMnd : public CElementInfoSeq
 {
 public:
     CElementInfoSeqAbsClsMnd(const char* name, const char* namespaceUri, int propertyIndex, XmlElementType childType,
@@ -81,7 +83,7 @@ protected:
     ElementFactoryFn m_factory;
 };
 
-class CElementInfoSeqAbsClsOpt : public CElementInfoSeq
+class ORVEXXML_API CElementInfoSeqAbsClsOpt : public CElementInfoSeq
 {
 public:
     CElementInfoSeqAbsClsOpt(const char* name, const char* namespaceUri, int propertyIndex, XmlElementType childType,
@@ -101,7 +103,7 @@ protected:
     ElementFactoryFn m_factory;
 };
 
-class CElementInfoSeqAbsClsCol : public CElementInfoSeqCol
+class ORVEXXML_API CElementInfoSeqAbsClsCol : public CElementInfoSeqCol
 {
 public:
     CElementInfoSeqAbsClsCol(const char* name, const char* namespaceUri, int propertyIndex, XmlElementType childType)
@@ -115,7 +117,7 @@ protected:
     XmlElementType m_childType;
 };
 
-class CElementInfoSeqClsMnd : public CElementInfoSeq
+class ORVEXXML_API CElementInfoSeqClsMnd : public CElementInfoSeq
 {
 public:
     CElementInfoSeqClsMnd(const char* name, const char* namespaceUri, int propertyIndex, XmlElementType childType,
@@ -141,7 +143,7 @@ protected:
     bool m_mustConsume;
 };
 
-class CElementInfoSeqClsOpt : public CElementInfoSeq
+class ORVEXXML_API CElementInfoSeqClsOpt : public CElementInfoSeq
 {
 public:
     CElementInfoSeqClsOpt(const char* name, const char* namespaceUri, int propertyIndex, XmlElementType childType,
@@ -165,7 +167,7 @@ protected:
     int m_classId;
 };
 
-class CElementInfoSeqClsCol : public CElementInfoSeqCol
+class ORVEXXML_API CElementInfoSeqClsCol : public CElementInfoSeqCol
 {
 public:
     CElementInfoSeqClsCol(const char* name, const char* namespaceUri, int propertyIndex, XmlElementType childType)
@@ -179,7 +181,7 @@ protected:
     XmlElementType m_childType;
 };
 
-class CElementInfoSeqEnumMnd : public CElementInfoSeq
+class ORVEXXML_API CElementInfoSeqEnumMnd : public CElementInfoSeq
 {
 public:
     CElementInfoSeqEnumMnd(const char* name, const char* namespaceUri, int propertyIndex, EnumToStringFn toString,
@@ -197,7 +199,7 @@ protected:
     EnumFromStringFn m_fromString;
 };
 
-class CElementInfoSeqEnumOpt : public CElementInfoSeq
+class ORVEXXML_API CElementInfoSeqEnumOpt : public CElementInfoSeq
 {
 public:
     CElementInfoSeqEnumOpt(const char* name, const char* namespaceUri, int propertyIndex, EnumToStringFn toString,
@@ -215,7 +217,7 @@ protected:
     EnumFromStringFn m_fromString;
 };
 
-class CElementInfoSeqEnumCol : public CElementInfoSeqCol
+class ORVEXXML_API CElementInfoSeqEnumCol : public CElementInfoSeqCol
 {
 public:
     CElementInfoSeqEnumCol(const char* name, const char* namespaceUri, int propertyIndex)
@@ -224,7 +226,7 @@ public:
     }
 };
 
-class CElementInfoSeqPrimMnd : public CElementInfoSeq
+class ORVEXXML_API CElementInfoSeqPrimMnd : public CElementInfoSeq
 {
 public:
     CElementInfoSeqPrimMnd(const char* name, const char* namespaceUri, int propertyIndex, ItemType itemType,
@@ -239,7 +241,7 @@ public:
                         CXmlElement** current, const char* parentNamespace, XmlElementType parentType) override;
 };
 
-class CElementInfoSeqPrimOpt : public CElementInfoSeq
+class ORVEXXML_API CElementInfoSeqPrimOpt : public CElementInfoSeq
 {
 public:
     CElementInfoSeqPrimOpt(const char* name, const char* namespaceUri, int propertyIndex, ItemType itemType,
@@ -254,7 +256,7 @@ public:
                         CXmlElement** current, const char* parentNamespace, XmlElementType parentType) override;
 };
 
-class CElementInfoSeqPrimCol : public CElementInfoSeqCol
+class ORVEXXML_API CElementInfoSeqPrimCol : public CElementInfoSeqCol
 {
 public:
     CElementInfoSeqPrimCol(const char* name, const char* namespaceUri, int propertyIndex)
@@ -263,7 +265,7 @@ public:
     }
 };
 
-class CElementInfoSeqUntpdMnd : public CElementInfoSeq
+class ORVEXXML_API CElementInfoSeqUntpdMnd : public CElementInfoSeq
 {
 public:
     CElementInfoSeqUntpdMnd(const char* name, const char* namespaceUri, int propertyIndex,
@@ -281,7 +283,7 @@ protected:
     std::string m_targetNamespace;
 };
 
-class CElementInfoSeqUntpdOpt : public CElementInfoSeq
+class ORVEXXML_API CElementInfoSeqUntpdOpt : public CElementInfoSeq
 {
 public:
     CElementInfoSeqUntpdOpt(const char* name, const char* namespaceUri, int propertyIndex,
@@ -299,7 +301,7 @@ protected:
     std::string m_targetNamespace;
 };
 
-class CElementInfoSeqUntpdCol : public CElementInfoSeqCol
+class ORVEXXML_API CElementInfoSeqUntpdCol : public CElementInfoSeqCol
 {
 public:
     CElementInfoSeqUntpdCol(const char* name, const char* namespaceUri, int propertyIndex)

@@ -2,13 +2,15 @@
 // static metadata tables.
 #pragma once
 
+#include "orvexxml/Export.h"
+
 #include <string>
 
 #include "orvexxml/metadata/XmlElementEnums.h"
 
 namespace OrvexXmlLib5Data {
 
-class CParentElementInfo
+class ORVEXXML_API CParentElementInfo
 {
 public:
     // textPropertyIndex -1: the class has no text property.

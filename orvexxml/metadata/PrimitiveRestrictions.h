@@ -2,6 +2,8 @@
 // a value held in an OrvexVariant against them.
 #pragma once
 
+#include "orvexxml/Export.h"
+
 #include <string>
 
 #include "orvexxml/data/OrvexVariant.h"
@@ -10,7 +12,7 @@ namespace OrvexXmlLib5 {
 
 // Bounds are kept as text in the lexical form of the type and parsed at each test.
 // An integer facet is set when it is greater than -1; a text facet when it is not empty.
-class CPrimitiveRestrictions
+class ORVEXXML_API CPrimitiveRestrictions
 {
 public:
     // Facets unset: empty texts, -1 for the integers.
@@ -47,7 +49,7 @@ private:
 // a bound that does not parse fails as its conversion does; a pattern that does
 // not compile fails with "Invalid Regular Expression: ..."; the char type and
 // unknown types fail with COrvexInvalidValueException "unknown type [...]".
-void CheckPrimitiveRestriction(const char* name, const OrvexVariant& value, ItemType type,
+ORVEXXML_API void CheckPrimitiveRestriction(const char* name, const OrvexVariant& value, ItemType type,
                                const CPrimitiveRestrictions& restrictions);
 
 }  // namespace OrvexXmlLib5

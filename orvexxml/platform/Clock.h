@@ -2,6 +2,8 @@
 // Nothing here throws; failures are reported by the return value.
 #pragma once
 
+#include "orvexxml/Export.h"
+
 #include <ctime>
 
 #include "orvexxml/platform/SystemTime.h"
@@ -10,18 +12,18 @@ namespace OrvexXmlLib5 {
 namespace Platform {
 
 // UTC broken-down time of t; false when the year does not fit a tm.
-bool GmTime(std::time_t t, std::tm& out);
+ORVEXXML_API bool GmTime(std::time_t t, std::tm& out);
 // Local broken-down time of t in the process's current time zone (TZ is read
 // again on each call); false on failure.
-bool LocalTime(std::time_t t, std::tm& out);
+ORVEXXML_API bool LocalTime(std::time_t t, std::tm& out);
 // Epoch seconds of the fields read as UTC; normalises fields out of range like
 // mktime and gives -1 when the result does not fit.
-std::time_t TimeGm(std::tm& fields);
+ORVEXXML_API std::time_t TimeGm(std::tm& fields);
 
 // The current local time with milliseconds; wDayOfWeek is filled.
-SYSTEMTIME GetLocalTime();
+ORVEXXML_API SYSTEMTIME GetLocalTime();
 // False when the count is beyond the signed 64-bit range, as on Windows.
-bool FileTimeToSystemTime(const FILETIME& fileTime, SYSTEMTIME& out);
+ORVEXXML_API bool FileTimeToSystemTime(const FILETIME& fileTime, SYSTEMTIME& out);
 
 }  // namespace Platform
 }  // namespace OrvexXmlLib5

@@ -6,6 +6,8 @@
 // target code page lacks becomes '?'.
 #pragma once
 
+#include "orvexxml/Export.h"
+
 #include <cstddef>
 #include <string>
 
@@ -14,8 +16,8 @@ namespace OrvexXmlLib5 {
 // Replaces the process-wide local character encoding. Meant for start-up, before
 // any document is read or written; there is no lock. A code page iconv does not
 // know converts as US-ASCII.
-void SetLocalCharEncoding(unsigned int codePage);
-unsigned int GetLocalCharEncoding();
+ORVEXXML_API void SetLocalCharEncoding(unsigned int codePage);
+ORVEXXML_API unsigned int GetLocalCharEncoding();
 
 namespace Platform {
 
@@ -24,27 +26,27 @@ constexpr unsigned int CodePageThreadDefault = 3;
 constexpr unsigned int CodePageUtf8 = 65001;
 
 // True when the local character encoding is UTF-8 (0, 3 or 65001).
-bool LocalIsUtf8();
+ORVEXXML_API bool LocalIsUtf8();
 
 // UTF-8 bytes to UTF-16 units; invalid sequences become U+FFFD.
-std::u16string Utf8ToUtf16(const char* text, std::size_t length);
+ORVEXXML_API std::u16string Utf8ToUtf16(const char* text, std::size_t length);
 // UTF-16 units to UTF-8 bytes; a lone surrogate becomes U+FFFD.
-std::string Utf16ToUtf8(const char16_t* text, std::size_t length);
+ORVEXXML_API std::string Utf16ToUtf8(const char16_t* text, std::size_t length);
 
 // Parser text (UTF-8) to library text.
-std::string Utf8ToLocal(const char* text, std::size_t length);
+ORVEXXML_API std::string Utf8ToLocal(const char* text, std::size_t length);
 inline std::string Utf8ToLocal(const std::string& text) { return Utf8ToLocal(text.data(), text.size()); }
 // Wide text (UTF-16) to library text.
-std::string Utf16ToLocal(const char16_t* text, std::size_t length);
+ORVEXXML_API std::string Utf16ToLocal(const char16_t* text, std::size_t length);
 // Library text to wide text (UTF-16).
-std::u16string LocalToUtf16(const char* text, std::size_t length);
+ORVEXXML_API std::u16string LocalToUtf16(const char* text, std::size_t length);
 inline std::u16string LocalToUtf16(const std::string& text) { return LocalToUtf16(text.data(), text.size()); }
 // Library text to UTF-8, through UTF-16 as the Windows conversions do.
-std::string LocalToUtf8(const char* text, std::size_t length);
+ORVEXXML_API std::string LocalToUtf8(const char* text, std::size_t length);
 inline std::string LocalToUtf8(const std::string& text) { return LocalToUtf8(text.data(), text.size()); }
 
 // Length in units of a zero-terminated UTF-16 string.
-std::size_t Utf16Length(const char16_t* text);
+ORVEXXML_API std::size_t Utf16Length(const char16_t* text);
 
 }  // namespace Platform
 }  // namespace OrvexXmlLib5

@@ -2,6 +2,8 @@
 // Text converts digit for digit; the arithmetic is exact and never goes through binary.
 #pragma once
 
+#include "orvexxml/Export.h"
+
 #include <cstdint>
 #include <string>
 #include <vector>
@@ -10,7 +12,7 @@ namespace OrvexXmlLib5 {
 
 class CDecimal;
 
-class CBigInteger
+class ORVEXXML_API CBigInteger
 {
 public:
     // The limits that the conversions test against. They are built while the library

@@ -3,6 +3,8 @@
 // for the plain types, and those of the value class for the others.
 #pragma once
 
+#include "orvexxml/Export.h"
+
 #include <cstdint>
 #include <string>
 
@@ -18,7 +20,7 @@ namespace OrvexXmlLib5 {
 // The numeric parsers read their text as a C string: a zero byte ends it, as it
 // ends the text that the collapse and replace rules give. Leading whitespace is
 // skipped by every numeric parser, trailing whitespace is refused.
-class CConversions
+class ORVEXXML_API CConversions
 {
 public:
     using WhitespaceRule = CWhitespaceUtils::WhitespaceRule;

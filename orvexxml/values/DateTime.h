@@ -3,6 +3,8 @@
 // the XSD order relation and the conversions to and from the system time types.
 #pragma once
 
+#include "orvexxml/Export.h"
+
 #include <cstdint>
 #include <ctime>
 #include <string>
@@ -13,7 +15,7 @@ namespace OrvexXmlLib5 {
 
 class CDateTimeSpan;
 
-class CDateTime
+class ORVEXXML_API CDateTime
 {
 public:
     // The kind of a value; the numbers are stored by generated code. Any 32-bit

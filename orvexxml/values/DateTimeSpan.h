@@ -2,6 +2,8 @@
 // normalisation ("PT90M" stays 90 minutes), and one flag holds the sign.
 #pragma once
 
+#include "orvexxml/Export.h"
+
 #include <cstdint>
 #include <string>
 
@@ -9,7 +11,7 @@
 
 namespace OrvexXmlLib5 {
 
-class CDateTimeSpan
+class ORVEXXML_API CDateTimeSpan
 {
 public:
     CDateTimeSpan();

@@ -2,6 +2,8 @@
 // Also the parser of number text in scientific notation for CBigInteger.
 #pragma once
 
+#include "orvexxml/Export.h"
+
 #include "orvexxml/values/BigInteger.h"
 
 #include <cstdint>
@@ -9,7 +11,7 @@
 
 namespace OrvexXmlLib5 {
 
-class CDecimal
+class ORVEXXML_API CDecimal
 {
 public:
     // Positive exponents above this are refused by the parser: 1E+n has n + 1 digits,

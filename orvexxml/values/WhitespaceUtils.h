@@ -2,11 +2,13 @@
 // Whitespace is exactly 0x20, 0x09, 0x0D and 0x0A; bytes from 0x80 never are.
 #pragma once
 
+#include "orvexxml/Export.h"
+
 #include <string>
 
 namespace OrvexXmlLib5 {
 
-class CWhitespaceUtils
+class ORVEXXML_API CWhitespaceUtils
 {
 public:
     // Stored in generated metadata: the numbers are fixed. A scoped enumeration,

@@ -2,6 +2,8 @@
 // tree nodes, with every name and text converted to the local character encoding.
 #pragma once
 
+#include "orvexxml/Export.h"
+
 #include <cstddef>
 #include <exception>
 #include <string>
@@ -15,7 +17,7 @@ namespace OrvexXmlLib5 {
 
 class CXmlDocument;
 
-class CExpatReader : public CInstanceMonitor
+class ORVEXXML_API CExpatReader : public CInstanceMonitor
 {
 public:
     // The document is filled, not owned; it must outlive the reader.

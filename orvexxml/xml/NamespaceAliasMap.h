@@ -2,12 +2,14 @@
 // output; the root element declares every entry.
 #pragma once
 
+#include "orvexxml/Export.h"
+
 #include <map>
 #include <string>
 
 namespace OrvexXmlLib5 {
 
-class CNamespaceAliasMap
+class ORVEXXML_API CNamespaceAliasMap
 {
 public:
     CNamespaceAliasMap() = default;

@@ -2,6 +2,8 @@
 // while a document is built; the chunks are joined once, when the text is taken.
 #pragma once
 
+#include "orvexxml/Export.h"
+
 #include <cstddef>
 #include <cstring>
 #include <string>
@@ -12,7 +14,7 @@
 
 namespace OrvexXmlLib5 {
 
-class CStringBuffer : public CInstanceMonitor
+class ORVEXXML_API CStringBuffer : public CInstanceMonitor
 {
 public:
     // Each chunk holds chunkSize - 1 bytes of text and a terminator. A size below 2

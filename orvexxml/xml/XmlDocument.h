@@ -3,6 +3,8 @@
 // table. Readers fill it; the metadata walk reads it through the const accessors.
 #pragma once
 
+#include "orvexxml/Export.h"
+
 #include <cstddef>
 #include <cstdint>
 #include <map>
@@ -23,7 +25,7 @@ class CExpatReader;
 class CFastInfosetReader;
 
 // One attribute of an element; every string is in the local character encoding.
-class CXmlAttribute : public CInstanceMonitor
+class ORVEXXML_API CXmlAttribute : public CInstanceMonitor
 {
 public:
     CXmlAttribute(const CXmlAttribute&) = delete;
@@ -53,7 +55,7 @@ private:
 // An element: names, attributes in document order, and its direct character data
 // joined in document order (child elements contribute nothing, carriage returns are
 // dropped). Elements live exactly as long as their document.
-class CXmlElement : public CInstanceMonitor
+class ORVEXXML_API CXmlElement : public CInstanceMonitor
 {
 public:
     CXmlElement(const CXmlElement&) = delete;
@@ -109,7 +111,7 @@ private:
 // A whole document loaded into a tree. Every load starts from the empty state, so a
 // document can be reloaded; a failed load leaves what had been delivered up to the
 // failure, and the destructor releases it.
-class CXmlDocument : public CInstanceMonitor
+class ORVEXXML_API CXmlDocument : public CInstanceMonitor
 {
 public:
     explicit CXmlDocument(SchemaType schemaType = SchemaType_Namespaced);

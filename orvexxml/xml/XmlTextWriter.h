@@ -2,6 +2,8 @@
 // memory buffer, with optional line breaks and tab indentation.
 #pragma once
 
+#include "orvexxml/Export.h"
+
 #include <string>
 
 #include "orvexxml/xml/StringBuffer.h"
@@ -10,7 +12,7 @@
 
 namespace OrvexXmlLib5 {
 
-class CXmlTextWriter : public CXmlWriter
+class ORVEXXML_API CXmlTextWriter : public CXmlWriter
 {
 public:
     CXmlTextWriter();

@@ -2,6 +2,8 @@
 // scopes with their prefixes, and the slots that the concrete writers fill.
 #pragma once
 
+#include "orvexxml/Export.h"
+
 #include <cstdint>
 #include <map>
 #include <string>
@@ -10,7 +12,7 @@
 
 namespace OrvexXmlLib5 {
 
-class CXmlWriter : public CInstanceMonitor
+class ORVEXXML_API CXmlWriter : public CInstanceMonitor
 {
 public:
     // Namespace URI to prefix.

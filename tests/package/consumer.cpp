@@ -1,14 +1,47 @@
+// A program built against the installed package only: the library example's
+// generated-shape classes (installed under share/) read a document and write it
+// back, so every symbol such code needs must be exported; the version query and
+// the exception classes must cross the library boundary.
 #include <orvexxml/OrvexXmlLib5.h>
+#include <orvexxml/Version.h>
 
+#include "examples/library/Library.h"
+
+#include <fstream>
 #include <iostream>
+#include <sstream>
 
-int main()
+int main(int argc, char** argv)
 {
     using namespace OrvexXmlLib5;
-    try {
-        throw COrvexInvalidValueException(FormatString("package %s works", "OrvexXml"));
-    } catch (const COrvexException& e) {
-        std::cout << e.GetMessage() << "\n";
-        return e.GetMessage() == "package OrvexXml works" ? 0 : 1;
+    using OrvexExamples::CLibrary;
+    if (argc != 2) {
+        std::cerr << "usage: consumer LIBRARY_XML\n";
+        return 2;
     }
+    if (!LibraryVersionIsCompatible() || std::string(GetLibraryVersionString()) != ORVEXXML_VERSION_STRING) {
+        std::cerr << "version mismatch: " << GetLibraryVersionString() << "\n";
+        return 1;
+    }
+    std::ifstream in(argv[1], std::ios::binary);
+    std::stringstream bytes;
+    bytes << in.rdbuf();
+
+    CSmartPtr<CLibrary> library = CLibrary::CreateInstance();
+    library->FromXml(bytes.str().c_str());
+    std::string written = library->ToXml(true, true, EOL_LF);
+    CSmartPtr<CLibrary> again = CLibrary::CreateInstance();
+    again->FromXml(written.c_str());
+    if (again->ToXml(true, true, EOL_LF) != written) {
+        std::cerr << "round trip changed the document\n";
+        return 1;
+    }
+    try {
+        library->FromXml("<library");
+        std::cerr << "a broken document was accepted\n";
+        return 1;
+    } catch (const COrvexException& e) {
+        std::cout << "package " << GetLibraryVersionString() << " works: " << e.GetMessage() << "\n";
+    }
+    return 0;
 }
