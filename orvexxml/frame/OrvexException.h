@@ -4,10 +4,31 @@
 
 #include "orvexxml/Export.h"
 
+#include <cstdint>
 #include <exception>
 #include <string>
 
 namespace OrvexXmlLib5 {
+
+// Where in its input a read failed: the start tag of the element being read, by
+// line and column (both from 1) in XML text, by the offset of its first octet in
+// Fast Infoset.
+struct ORVEXXML_API CSourceLocation
+{
+    enum Kind : unsigned char { Kind_None, Kind_Text, Kind_Binary };
+
+    Kind kind = Kind_None;
+    std::uint64_t line = 0;
+    std::uint64_t column = 0;
+    std::uint64_t octetOffset = 0;
+
+    static CSourceLocation InText(std::uint64_t line, std::uint64_t column);
+    static CSourceLocation InBinary(std::uint64_t octetOffset);
+
+    bool IsKnown() const { return kind != Kind_None; }
+    // "line 12, column 5", "octet 1234", or empty when not known.
+    std::string ToString() const;
+};
 
 class ORVEXXML_API COrvexException : public std::exception
 {
@@ -27,6 +48,10 @@ public:
     std::string GetFullMessage() const;
     // Null when this exception has no inner exception.
     const COrvexException* GetInnerException() const { return m_inner; }
+    // Where the read that failed had got to; not known for failures outside a read.
+    // A chain built on the way up keeps the innermost known place.
+    const CSourceLocation& GetLocation() const { return m_location; }
+    void SetLocation(const CSourceLocation& location) { m_location = location; }
 
     const char* what() const noexcept override { return m_message.c_str(); }
 
@@ -38,6 +63,7 @@ protected:
 private:
     std::string m_message;
     COrvexException* m_inner;
+    CSourceLocation m_location;
 };
 
 #define ORVEX_DECLARE_EXCEPTION(Name, Base)                                                 \

@@ -46,6 +46,32 @@ public:
     CNestingGuard(const CNestingGuard&) = delete;
     CNestingGuard& operator=(const CNestingGuard&) = delete;
 };
+
+// A failure that no deeper level has placed is placed at the element being read.
+void PlaceFailure(COrvexException& e, const CXmlElement* element)
+{
+    if (element && !e.GetLocation().IsKnown()) e.SetLocation(element->GetLocation());
+}
+
+// One child descriptor's read, with the failure placed at the child it was on.
+bool ReadChild(CElementInfo* descriptor, const CXmlSerializationContext& context, CXmlGeneratedClass* owner,
+               CXmlElement* parent, CXmlElement** current, const char* parentNamespace, XmlElementType type)
+{
+    try {
+        return descriptor->ElementFromXml(context, owner, parent, current, parentNamespace, type);
+    } catch (COrvexException& e) {
+        PlaceFailure(e, *current);
+        throw;
+    }
+}
+
+[[noreturn]] void ThrowUnexpectedElement(const CXmlElement* parent, const CXmlElement* current)
+{
+    COrvexValidationException e(
+        FormatString(kUnexpectedElement, parent->GetLocalName().c_str(), current->GetLocalName().c_str()));
+    PlaceFailure(e, current);
+    throw e;
+}
 }  // namespace
 
 // ---------------------------------------------------------------------------
@@ -193,8 +219,10 @@ CXmlElement* CXmlGeneratedClass::FromXml_Int(CXmlElement* element, CXmlElement* 
         CNestingGuard guard;
         return FromXmlBody(element, firstChild, context, isOptional);
     } catch (const COrvexException& e) {
-        throw COrvexValidationException(
+        COrvexValidationException wrapped(
             FormatString("Failed to process the element [%s]", element ? element->GetLocalName().c_str() : ""), e);
+        PlaceFailure(wrapped, element);
+        throw wrapped;
     }
 }
 
@@ -266,7 +294,7 @@ CXmlElement* CXmlGeneratedClass::ProcessElementSeqFromXml(const CXmlSerializatio
     CElementInfo** elements = GetClassElementInfo();
     const std::string parentNamespace = GetNamespace();
     for (int i = 0; elements[i];) {
-        if (elements[i]->ElementFromXml(context, this, parent, &current, parentNamespace.c_str(), type)) {
+        if (ReadChild(elements[i], context, this, parent, &current, parentNamespace.c_str(), type)) {
             ++i;
             continue;
         }
@@ -274,8 +302,7 @@ CXmlElement* CXmlGeneratedClass::ProcessElementSeqFromXml(const CXmlSerializatio
         current = current->GetNextSiblingElement();
     }
     if (type != ElementType_Element || !current || context.GetIgnoreUnknownElements()) return current;
-    throw COrvexValidationException(
-        FormatString(kUnexpectedElement, parent->GetLocalName().c_str(), current->GetLocalName().c_str()));
+    ThrowUnexpectedElement(parent, current);
 }
 
 CXmlElement* CXmlGeneratedClass::ProcessElementAllFromXml(const CXmlSerializationContext& context,
@@ -294,7 +321,7 @@ CXmlElement* CXmlGeneratedClass::ProcessElementAllFromXml(const CXmlSerializatio
         for (int i = 0; i < count; ++i) {
             if (seen[static_cast<std::size_t>(i)]) continue;
             seen[static_cast<std::size_t>(i)] =
-                elements[i]->ElementFromXml(context, this, parent, &current, parentNamespace.c_str(), type) ? 1 : 0;
+                ReadChild(elements[i], context, this, parent, &current, parentNamespace.c_str(), type) ? 1 : 0;
         }
         moved = current != before;
     }
@@ -306,8 +333,7 @@ CXmlElement* CXmlGeneratedClass::ProcessElementAllFromXml(const CXmlSerializatio
 
     if (type != ElementType_Element || !current) return current;
     if (context.GetIgnoreUnknownElements()) return current;
-    throw COrvexValidationException(
-        FormatString(kUnexpectedElement, parent->GetLocalName().c_str(), current->GetLocalName().c_str()));
+    ThrowUnexpectedElement(parent, current);
 }
 
 CXmlElement* CXmlGeneratedClass::ProcessElementChoiceFromXml(const CXmlSerializationContext& context,
@@ -321,7 +347,7 @@ CXmlElement* CXmlGeneratedClass::ProcessElementChoiceFromXml(const CXmlSerializa
 
     for (;;) {
         for (CElementInfo** element = elements; *element; ++element) {
-            found = (*element)->ElementFromXml(context, this, parent, &current, parentNamespace.c_str(), type);
+            found = ReadChild(*element, context, this, parent, &current, parentNamespace.c_str(), type);
             if (found) break;
         }
         if (context.GetIgnoreUnknownElements() && !found && current && type == ElementType_Element) {
@@ -344,8 +370,7 @@ CXmlElement* CXmlGeneratedClass::ProcessElementChoiceFromXml(const CXmlSerializa
     }
 
     if (!current || context.GetIgnoreUnknownElements()) return current;
-    throw COrvexValidationException(
-        FormatString(kUnexpectedElement, parent->GetLocalName().c_str(), current->GetLocalName().c_str()));
+    ThrowUnexpectedElement(parent, current);
 }
 
 // ---------------------------------------------------------------------------

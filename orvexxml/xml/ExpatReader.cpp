@@ -138,9 +138,13 @@ void CExpatReader::Parse()
     } while (status == XML_STATUS_OK && left > 0);
 
     if (m_failure) std::rethrow_exception(m_failure);
-    if (status == XML_STATUS_ERROR)
-        throw COrvexException(FormatString("%s at line %d", XML_ErrorString(XML_GetErrorCode(m_parser)),
-                                           static_cast<int>(XML_GetCurrentLineNumber(m_parser))));
+    if (status == XML_STATUS_ERROR) {
+        COrvexException e(FormatString("%s at line %d", XML_ErrorString(XML_GetErrorCode(m_parser)),
+                                       static_cast<int>(XML_GetCurrentLineNumber(m_parser))));
+        e.SetLocation(CSourceLocation::InText(XML_GetCurrentLineNumber(m_parser),
+                                              XML_GetCurrentColumnNumber(m_parser) + 1));
+        throw e;
+    }
 }
 
 std::string_view CExpatReader::ToLocal(const char* text, std::size_t length, std::string& holder) const
@@ -158,6 +162,9 @@ void CExpatReader::StartElement(const char* name, const char** attributes)
     CXmlElement* element = m_document->AddElement(
         ToLocal(split.namespaceUri.data(), split.namespaceUri.size(), m_namespaceHolder),
         ToLocal(split.localName.data(), split.localName.size(), m_nameHolder));
+    // Expat counts columns from 0; people count them from 1.
+    CXmlDocument::SetElementTextLocation(element, XML_GetCurrentLineNumber(m_parser),
+                                         XML_GetCurrentColumnNumber(m_parser) + 1);
     if (!attributes || !attributes[0]) return;
 
     std::size_t count = 0;

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <cstdint>
 #include <utility>
 
 #include "orvexxml/frame/OrvexException.h"
@@ -280,6 +281,31 @@ void CXmlDocument::FreeInput()
 {
     m_input.reset();
     m_inputLength = 0;
+}
+
+CSourceLocation CXmlElement::GetLocation() const
+{
+    switch (m_sourceKind) {
+        case CSourceLocation::Kind_Text:
+            return CSourceLocation::InText(m_sourceLine, m_sourceColumn);
+        case CSourceLocation::Kind_Binary:
+            return CSourceLocation::InBinary(m_sourceLine);
+        default:
+            return CSourceLocation();
+    }
+}
+
+void CXmlDocument::SetElementTextLocation(CXmlElement* element, std::uint64_t line, std::uint64_t column)
+{
+    element->m_sourceKind = CSourceLocation::Kind_Text;
+    element->m_sourceLine = line;
+    element->m_sourceColumn = column > UINT32_MAX ? UINT32_MAX : static_cast<std::uint32_t>(column);
+}
+
+void CXmlDocument::SetElementBinaryLocation(CXmlElement* element, std::uint64_t octetOffset)
+{
+    element->m_sourceKind = CSourceLocation::Kind_Binary;
+    element->m_sourceLine = octetOffset;
 }
 
 CXmlElement* CXmlDocument::NewElement()

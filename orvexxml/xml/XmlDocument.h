@@ -14,6 +14,7 @@
 #include <vector>
 
 #include "orvexxml/frame/InstanceMonitor.h"
+#include "orvexxml/frame/OrvexException.h"
 #include "orvexxml/frame/XmlSerializationContext.h"
 #include "orvexxml/xml/detail/NodePool.h"
 
@@ -74,6 +75,8 @@ public:
     // Value of the first attribute with this local name and namespace URI; an empty
     // string when there is none, which can't be told apart from an empty value.
     const std::string& GetAttribute(const std::string& localName, const std::string& namespaceUri) const;
+    // Where the element's start tag is in the input it was read from.
+    CSourceLocation GetLocation() const;
 
 protected:
     explicit CXmlElement(CXmlDocument* document);
@@ -106,6 +109,10 @@ private:
     std::string m_text;
     std::string m_localName;
     std::string m_namespaceUri;
+    // The start tag's place, kept small: line (or octet offset) and column.
+    std::uint64_t m_sourceLine = 0;
+    std::uint32_t m_sourceColumn = 0;
+    CSourceLocation::Kind m_sourceKind = CSourceLocation::Kind_None;
 };
 
 // A whole document loaded into a tree. Every load starts from the empty state, so a
@@ -161,6 +168,9 @@ private:
     static void AddElementAttributeView(CXmlElement* element, std::string_view localName, std::string_view value,
                                         std::string_view namespaceUri);
     static void ReserveAttributes(CXmlElement* element, std::size_t count);
+    // Records where a reader found the element's start tag.
+    static void SetElementTextLocation(CXmlElement* element, std::uint64_t line, std::uint64_t column);
+    static void SetElementBinaryLocation(CXmlElement* element, std::uint64_t octetOffset);
     // Appends up to length bytes or the first NUL, every carriage return left out.
     static void AppendTextExcludingCR(CXmlElement* element, const char* text, unsigned long length);
     static void AppendTextExcludingCR(CXmlElement* element, const char* text);

@@ -188,7 +188,9 @@ int main(int argc, char** argv)
         if (command == "echo") return Echo(path);
         return Usage();
     } catch (const COrvexException& e) {
-        std::cerr << "orvex-demo: " << path << ": " << e.GetFullMessage() << "\n";
+        std::cerr << "orvex-demo: " << path;
+        if (e.GetLocation().IsKnown()) std::cerr << " (" << e.GetLocation().ToString() << ")";
+        std::cerr << ": " << e.GetFullMessage() << "\n";
         return 3;
     }
 }
