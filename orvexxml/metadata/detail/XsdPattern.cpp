@@ -102,14 +102,18 @@ CompiledPattern Compile(const std::string& pattern, unsigned int codePage, const
     std::string translated = TranslateXsdPattern(LocalToUtf8Bytes(pattern).GetString());
     int errorCode = 0;
     PCRE2_SIZE errorOffset = 0;
-    pcre2_code* code = pcre2_compile(reinterpret_cast<PCRE2_SPTR>(translated.data()), translated.size(), PCRE2_UTF,
-                                     &errorCode, &errorOffset, nullptr);
+    // Anchored when compiled rather than when matched: the same leftmost-first match
+    // from offset 0, and the form PCRE2's JIT can run.
+    pcre2_code* code = pcre2_compile(reinterpret_cast<PCRE2_SPTR>(translated.data()), translated.size(),
+                                     PCRE2_UTF | PCRE2_ANCHORED, &errorCode, &errorOffset, nullptr);
     if (!code) {
         PCRE2_UCHAR message[256];
         if (pcre2_get_error_message(errorCode, message, sizeof message) < 0) message[0] = 0;
         throw COrvexException(FormatString("Invalid Regular Expression: %s Error: '%s' for '%s'", pattern.c_str(),
                                            reinterpret_cast<const char*>(message), name));
     }
+    // Without JIT support (or memory for it) the interpreter runs the same pattern.
+    (void)pcre2_jit_compile(code, PCRE2_JIT_COMPLETE);
     pcre2_match_data* matchData = pcre2_match_data_create_from_pattern(code, nullptr);
     if (!matchData) {
         pcre2_code_free(code);
@@ -141,7 +145,12 @@ bool MatchXsdPattern(const std::string& pattern, const std::string& utf8Subject,
     // Subjects come from the library's own UTF-8 encoder or are plain ASCII, so
     // they are valid UTF-8 and PCRE2's check of each subject can be left out.
     int rc = pcre2_match(compiled->code, reinterpret_cast<PCRE2_SPTR>(utf8Subject.data()), utf8Subject.size(), 0,
-                         PCRE2_ANCHORED | PCRE2_NO_UTF_CHECK, compiled->matchData, nullptr);
+                         PCRE2_NO_UTF_CHECK, compiled->matchData, nullptr);
+    // The JIT's fixed stack runs out on long subjects that the interpreter, with
+    // its heap-based backtracking, still decides: those go to the interpreter.
+    if (rc == PCRE2_ERROR_JIT_STACKLIMIT)
+        rc = pcre2_match(compiled->code, reinterpret_cast<PCRE2_SPTR>(utf8Subject.data()), utf8Subject.size(), 0,
+                         PCRE2_NO_UTF_CHECK | PCRE2_NO_JIT, compiled->matchData, nullptr);
     if (rc < 1) return false;
     const PCRE2_SIZE* ovector = pcre2_get_ovector_pointer(compiled->matchData);
     return ovector[0] == 0 && ovector[1] == utf8Subject.size();
