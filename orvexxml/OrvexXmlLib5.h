@@ -20,6 +20,7 @@
 #include "orvexxml/collections/XmlTypeCollection.h"
 #include "orvexxml/collections/OrvexIterator.h"
 #include "orvexxml/collections/Attribute.h"
+#include "orvexxml/collections/Element.h"
 
 #include "orvexxml/xml/ExpatReader.h"
 #include "orvexxml/xml/StringBuffer.h"

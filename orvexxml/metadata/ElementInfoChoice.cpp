@@ -4,6 +4,7 @@
 #include "orvexxml/frame/FormatString.h"
 #include "orvexxml/frame/OrvexException.h"
 #include "orvexxml/metadata/detail/ElementReading.h"
+#include "orvexxml/metadata/detail/UntypedReading.h"
 #include "orvexxml/xml/XmlDocument.h"
 
 namespace OrvexXmlLib5Data {
@@ -154,6 +155,40 @@ bool CElementInfoChoiceUntpdOpt::ElementToXml(const CXmlSerializationContext& co
                                               CXmlWriter* writer) const
 {
     return ElementToXmlCls(context, owner, writer, false);
+}
+
+bool CElementInfoChoiceUntpdOpt::ElementFromXml(const CXmlSerializationContext& context, CXmlGeneratedClass* owner,
+                                                CXmlElement* parent, CXmlElement** current,
+                                                const char* parentNamespace, XmlElementType)
+{
+    if (!*current) return false;
+    CXmlElement* next = nullptr;
+    CSmartPtr<CElement> element = Detail::ReadOptionalUntyped(
+        GetElementName(),
+        GetAnyDefaultNamespace(m_namespaceConstraint.c_str(), parentNamespace ? parentNamespace : "",
+                               m_targetNamespace.c_str()),
+        m_namespaceConstraint, m_targetNamespace, parent, *current, context, next);
+    // An alternative not taken is cleared, so that the choice holds at most one.
+    const bool taken = next != *current;
+    OrvexVariant value;
+    value.SetXmlObject(taken ? element.Get() : nullptr);
+    AccessProperty(owner, false, value);
+    if (taken) *current = next;
+    return taken;
+}
+
+bool CElementInfoChoiceUntpdCol::ElementFromXml(const CXmlSerializationContext& context, CXmlGeneratedClass* owner,
+                                                CXmlElement* parent, CXmlElement** current, const char*,
+                                                XmlElementType)
+{
+    OrvexVariant value;
+    AccessProperty(owner, true, value);
+    CSmartPtr<CXmlCollectionBase> collection = Detail::RequireCollection(value, GetElementName());
+    CXmlElement* next = Detail::ReadUntypedRun(GetElementName(), collection.Get(), parent, *current, context);
+    if (next == *current) return false;
+    *current = next;
+    if (!context.GetIgnoreInvalidCollectionCounts()) collection->ValidateCount(context);
+    return true;
 }
 
 }  // namespace OrvexXmlLib5Data

@@ -179,6 +179,8 @@ public:
           m_targetNamespace(targetNamespace ? targetNamespace : "")
     {
     }
+    bool ElementFromXml(const CXmlSerializationContext& context, CXmlGeneratedClass* owner, CXmlElement* parent,
+                        CXmlElement** current, const char* parentNamespace, XmlElementType parentType) override;
     bool ElementToXml(const CXmlSerializationContext& context, const CXmlGeneratedClass* owner,
                       CXmlWriter* writer) const override;
 
@@ -194,6 +196,8 @@ public:
         : CElementInfoChoiceCol(name, namespaceUri, propertyIndex)
     {
     }
+    bool ElementFromXml(const CXmlSerializationContext& context, CXmlGeneratedClass* owner, CXmlElement* parent,
+                        CXmlElement** current, const char* parentNamespace, XmlElementType parentType) override;
 };
 
 }  // namespace OrvexXmlLib5Data

@@ -4,6 +4,7 @@
 #include "orvexxml/frame/FormatString.h"
 #include "orvexxml/frame/OrvexException.h"
 #include "orvexxml/metadata/detail/ElementReading.h"
+#include "orvexxml/metadata/detail/UntypedReading.h"
 #include "orvexxml/xml/XmlDocument.h"
 
 namespace OrvexXmlLib5Data {
@@ -292,6 +293,59 @@ bool CElementInfoSeqUntpdOpt::ElementToXml(const CXmlSerializationContext& conte
                                            CXmlWriter* writer) const
 {
     return ElementToXmlCls(context, owner, writer, false);
+}
+
+bool CElementInfoSeqUntpdMnd::ElementFromXml(const CXmlSerializationContext& context, CXmlGeneratedClass* owner,
+                                             CXmlElement* parent, CXmlElement** current, const char*,
+                                             XmlElementType parentType)
+{
+    if (!*current)
+        throw COrvexValidationException(
+            FormatString("Failed to find a required element [%s]", GetElementName().c_str()));
+    OrvexVariant value;
+    AccessProperty(owner, true, value);
+    CSmartPtr<CXmlObjectBase> object = Detail::RequireObject(value, GetElementName());
+    // The name is tested on its own: the element tests its namespace itself.
+    CXmlElement* next = *current;
+    if (Detail::UntypedNameMatches(GetElementName(), *current)) next = FromXml_Int(object, parent, *current, context, false);
+    if (next == *current) {
+        if (parentType != ElementType_Element) return false;
+        throw COrvexValidationException(FormatString("Failed to find the required element from namespace [%s]",
+                                                     GetElementNamespace().c_str()));
+    }
+    *current = next;
+    return true;
+}
+
+bool CElementInfoSeqUntpdOpt::ElementFromXml(const CXmlSerializationContext& context, CXmlGeneratedClass* owner,
+                                             CXmlElement* parent, CXmlElement** current, const char* parentNamespace,
+                                             XmlElementType)
+{
+    if (!*current) return true;
+    CXmlElement* next = nullptr;
+    CSmartPtr<CElement> element = Detail::ReadOptionalUntyped(
+        GetElementName(),
+        GetAnyDefaultNamespace(m_namespaceConstraint.c_str(), parentNamespace ? parentNamespace : "",
+                               m_targetNamespace.c_str()),
+        m_namespaceConstraint, m_targetNamespace, parent, *current, context, next);
+    if (next != *current) {
+        OrvexVariant value;
+        value.SetXmlObject(element.Get());
+        AccessProperty(owner, false, value);
+        *current = next;
+    }
+    return true;
+}
+
+bool CElementInfoSeqUntpdCol::ElementFromXml(const CXmlSerializationContext& context, CXmlGeneratedClass* owner,
+                                             CXmlElement* parent, CXmlElement** current, const char*, XmlElementType)
+{
+    OrvexVariant value;
+    AccessProperty(owner, true, value);
+    CSmartPtr<CXmlCollectionBase> collection = Detail::RequireCollection(value, GetElementName());
+    *current = Detail::ReadUntypedRun(GetElementName(), collection.Get(), parent, *current, context);
+    if (!context.GetIgnoreInvalidCollectionCounts()) collection->ValidateCount(context);
+    return true;
 }
 
 }  // namespace OrvexXmlLib5Data

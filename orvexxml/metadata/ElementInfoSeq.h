@@ -275,6 +275,8 @@ public:
           m_targetNamespace(targetNamespace ? targetNamespace : "")
     {
     }
+    bool ElementFromXml(const CXmlSerializationContext& context, CXmlGeneratedClass* owner, CXmlElement* parent,
+                        CXmlElement** current, const char* parentNamespace, XmlElementType parentType) override;
     bool ElementToXml(const CXmlSerializationContext& context, const CXmlGeneratedClass* owner,
                       CXmlWriter* writer) const override;
 
@@ -293,6 +295,8 @@ public:
           m_targetNamespace(targetNamespace ? targetNamespace : "")
     {
     }
+    bool ElementFromXml(const CXmlSerializationContext& context, CXmlGeneratedClass* owner, CXmlElement* parent,
+                        CXmlElement** current, const char* parentNamespace, XmlElementType parentType) override;
     bool ElementToXml(const CXmlSerializationContext& context, const CXmlGeneratedClass* owner,
                       CXmlWriter* writer) const override;
 
@@ -308,6 +312,8 @@ public:
         : CElementInfoSeqCol(name, namespaceUri, propertyIndex)
     {
     }
+    bool ElementFromXml(const CXmlSerializationContext& context, CXmlGeneratedClass* owner, CXmlElement* parent,
+                        CXmlElement** current, const char* parentNamespace, XmlElementType parentType) override;
 };
 
 }  // namespace OrvexXmlLib5Data

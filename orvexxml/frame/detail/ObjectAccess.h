@@ -2,6 +2,7 @@
 // descriptors are not derived from CXmlObjectBase and so cannot reach them otherwise.
 #pragma once
 
+#include "orvexxml/collections/Element.h"
 #include "orvexxml/frame/XmlObjectBase.h"
 
 namespace OrvexXmlLib5 {
@@ -24,6 +25,12 @@ public:
                                 const CXmlSerializationContext& context, bool isOptional)
     {
         return object->FromXml_Int(element, firstChild, context, isOptional);
+    }
+    static CXmlElement* FromXmlLockElementName(CElementCol* collection, const std::string& name,
+                                               const std::string& namespaceUri, CXmlElement* element,
+                                               CXmlElement* firstChild, const CXmlSerializationContext& context)
+    {
+        return collection->FromXmlLockElementName_Int(name, namespaceUri, element, firstChild, context);
     }
     static std::string ElementName(const CXmlObjectBase* object) { return object->GetElementName(); }
     static void SetElementName(CXmlObjectBase* object, const char* name) { object->SetElementName(name); }
