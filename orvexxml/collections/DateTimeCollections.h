@@ -1,9 +1,6 @@
-// The collections of the five XSD kinds that CDateTime holds: gYearMonth, gMonthDay,
-// date, dateTime and time. They share CdatetimeBaseCol and differ only in the kind
-// they accept and the conversion that reads them, one line each in the table below.
-// Each takes the constructor arguments of the plain value collections:
-//   (name, namespaceUri, minOccurs, maxOccurs, pattern, minLength, maxLength,
-//    minInclusive, maxInclusive, minExclusive, maxExclusive, length, rule, format)
+// The shared base of the collections of the five XSD kinds that CDateTime holds
+// (gYearMonth, gMonthDay, date, dateTime, time), and the one implementation of the
+// kind test behind them; the classes themselves are declared in TypedCollections.h.
 #pragma once
 
 #include <string>
@@ -85,14 +82,5 @@ protected:
 };
 
 }  // namespace Detail
-
-#define ORVEXXML_DATE_COLLECTION(Class, Type, Kind, Conversion) \
-    ORVEXXML_TYPED_COLLECTION(Class, Detail::TDateCol<Type, CDateTime::Kind, &CConversions::Conversion##FromString>)
-
-ORVEXXML_DATE_COLLECTION(CyearMonthCol, ItemType_yearMonth, gYearMonth, yearMonth);
-ORVEXXML_DATE_COLLECTION(CmonthDayCol, ItemType_monthDay, gMonthDay, monthDay);
-ORVEXXML_DATE_COLLECTION(CdateCol, ItemType_date, date, date);
-ORVEXXML_DATE_COLLECTION(CdatetimeCol, ItemType_datetime, dateTime, datetime);
-ORVEXXML_DATE_COLLECTION(CtimeCol, ItemType_time, time, time);
 
 }  // namespace OrvexXmlLib5

@@ -9,8 +9,7 @@
 
 #include "CollectionTestTypes.h"
 #include "TestUtil.h"
-#include "orvexxml/collections/DateTimeCollections.h"
-#include "orvexxml/collections/PrimitiveCollections.h"
+#include "orvexxml/collections/TypedCollections.h"
 #include "orvexxml/xml/XmlDocument.h"
 #include "orvexxml/xml/XmlTextWriter.h"
 
