@@ -4,7 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <fstream>
-#include <sstream>
+#include <iterator>
 #include <vector>
 
 #include "TestUtil.h"
@@ -68,9 +68,7 @@ std::string WritingLedger(const std::string& cause)
 std::string SampleText()
 {
     std::ifstream file(ExamplePath("ledger/ledger.xml"), std::ios::binary);
-    std::ostringstream text;
-    text << file.rdbuf();
-    return text.str();
+    return std::string(std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>());
 }
 
 }  // namespace
