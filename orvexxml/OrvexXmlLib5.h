@@ -18,6 +18,8 @@
 #include "orvexxml/collections/XmlCollectionBase.h"
 #include "orvexxml/collections/XmlCollection.h"
 #include "orvexxml/collections/XmlTypeCollection.h"
+#include "orvexxml/collections/DateTimeCollections.h"
+#include "orvexxml/collections/TypedCollections.h"
 #include "orvexxml/collections/OrvexIterator.h"
 #include "orvexxml/collections/Attribute.h"
 #include "orvexxml/collections/Element.h"

@@ -1,0 +1,195 @@
+// The ledger read and written through FromXml and ToXml: lists of decimals, dates,
+// enumerated strings and booleans, each facet broken once and each occurrence
+// bound passed, checked by exact text along the chain from the root.
+#include <gtest/gtest.h>
+
+#include <fstream>
+#include <iterator>
+#include <vector>
+
+#include "TestUtil.h"
+#include "examples/ExamplePaths.h"
+#include "examples/ledger/Ledger.h"
+
+using namespace OrvexXmlLib5;
+using namespace OrvexExamples;
+
+namespace {
+
+using Texts = std::vector<std::string>;
+
+std::string Items(const char* name, const Texts& texts)
+{
+    std::string xml;
+    for (const std::string& text : texts) xml += std::string("<g:") + name + ">" + text + "</g:" + name + ">";
+    return xml;
+}
+
+std::string Ledger(const Texts& amounts, const Texts& dues, const Texts& statuses, const Texts& flags)
+{
+    return "<g:Ledger xmlns:g=\"urn:orvex:ledger\" owner=\"Ely\">" + Items("Amount", amounts) + Items("Due", dues) +
+           Items("Status", statuses) + Items("Flag", flags) + "</g:Ledger>";
+}
+
+// The whole chain of a failed read, or "read".
+std::string ReadChain(CLedger* ledger, const std::string& xml, bool ignoreCounts = false)
+{
+    CXmlSerializationContext context;
+    context.SetIgnoreInvalidCollectionCounts(ignoreCounts);
+    try {
+        ledger->FromXml(xml.c_str(), context);
+    } catch (const COrvexException& e) {
+        return e.GetFullMessage();
+    }
+    return "read";
+}
+
+std::string WriteChain(const CLedger* ledger, bool ignoreCounts = false)
+{
+    CXmlSerializationContext context;
+    context.SetIgnoreInvalidCollectionCounts(ignoreCounts);
+    try {
+        return ledger->ToXml(false, false, EOL_LF, context);
+    } catch (const COrvexException& e) {
+        return e.GetFullMessage();
+    }
+}
+
+std::string InLedger(const std::string& cause)
+{
+    return "Failed to process the element [Ledger]\n" + cause;
+}
+
+std::string WritingLedger(const std::string& cause)
+{
+    return "Failed to convert the element [Ledger] to XML\n" + cause;
+}
+
+std::string SampleText()
+{
+    std::ifstream file(ExamplePath("ledger/ledger.xml"), std::ios::binary);
+    return std::string(std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>());
+}
+
+}  // namespace
+
+TEST(Ledger, SampleReadsIntoTypedListsAndWritesBackTheSame)
+{
+    CSmartPtr<CLedger> ledger = CLedger::CreateInstance();
+    ledger->FromXml(SampleText().c_str());
+    CSmartPtr<CdecimalCol> amounts = ledger->GetAmounts();
+    ASSERT_EQ(3, amounts->GetCount());
+    EXPECT_EQ("12.5", amounts->Item(0).ToString());
+    EXPECT_EQ("0.01", amounts->Item(1).ToString());
+    CSmartPtr<CdateCol> dues = ledger->GetDueDates();
+    ASSERT_EQ(2, dues->GetCount());
+    EXPECT_EQ(CDateTime::date, dues->Item(1).GetType());
+    EXPECT_EQ(15, dues->Item(1).GetDay());
+    // The zone read is kept and written again.
+    EXPECT_TRUE(dues->Item(1).HasTimeZone());
+    ASSERT_EQ(2, ledger->GetStatuses()->GetCount());
+    EXPECT_EQ("disputed", ledger->GetStatuses()->Item(1));
+    ASSERT_EQ(2, ledger->GetFlags()->GetCount());
+    EXPECT_TRUE(ledger->GetFlags()->Item(0));
+    EXPECT_FALSE(ledger->GetFlags()->Item(1));
+
+    const std::string written = ledger->ToXml(false, false, EOL_LF);
+    EXPECT_NE(std::string::npos,
+              written.find("<AA:Amount>12.50</AA:Amount><AA:Amount>0.01</AA:Amount><AA:Amount>10000.00</AA:Amount>"
+                           "<AA:Due>2026-12-01</AA:Due><AA:Due>2027-01-15+01:00</AA:Due>"
+                           "<AA:Status>open</AA:Status><AA:Status>disputed</AA:Status>"
+                           "<AA:Flag>true</AA:Flag><AA:Flag>false</AA:Flag>"))
+        << written;
+    CSmartPtr<CLedger> again = CLedger::CreateInstance();
+    again->FromXml(written.c_str());
+    EXPECT_EQ(written, again->ToXml(false, false, EOL_LF));
+}
+
+TEST(Ledger, EachFacetBrokenOnceFailsTheReadAndTheSetter)
+{
+    const Texts amount{"1"}, status{"open"};
+    struct Case
+    {
+        std::string xml;
+        const char* cause;
+    } cases[] = {
+        {Ledger({"0.00"}, {}, status, {}), "Invalid Value for Amount [0]"},
+        {Ledger({"1", "10000.001"}, {}, status, {}), "Invalid Value for Amount [10000.001]"},
+        {Ledger(amount, {"1999-12-31"}, status, {}), "Invalid Value for Due [1999-12-31]"},
+        {Ledger(amount, {"2099-12-31", "2100-01-01"}, status, {}), "Invalid Value for Due [2100-01-01]"},
+        {Ledger(amount, {}, {"closed"}, {}), "Invalid Value for Status [closed]"},
+        // A boolean has no facet to break: only its text can be wrong.
+        {Ledger(amount, {}, status, {"maybe"}), "A Boolean Value read from an XML document was invalid [maybe]. Valid values are 'true', "
+                                                "'false', '1', or '0'"},
+    };
+    CSmartPtr<CLedger> ledger = CLedger::CreateInstance();
+    for (const Case& c : cases) EXPECT_EQ(InLedger(c.cause), ReadChain(ledger, c.xml)) << c.xml;
+
+    // The typed setters test the same facets and leave the lists as they were.
+    ledger->FromXml(Ledger(amount, {"2000-01-01"}, status, {"1"}).c_str());
+    EXPECT_THROW_MSG(ledger->GetAmounts()->Add(CDecimal("10000.01")), COrvexException,
+                     "Invalid Value for Amount [10000.01]");
+    EXPECT_THROW_MSG(ledger->GetDueDates()->AddAt(0, CConversions::dateFromString("1999-12-31", {})),
+                     COrvexException, "Invalid Value for Due [1999-12-31]");
+    EXPECT_THROW_MSG(ledger->GetDueDates()->Add(CConversions::datetimeFromString("2001-01-01T00:00:00", {})),
+                     COrvexInvalidParamException, "Dates added to this collection must be of type dt_date");
+    EXPECT_THROW_MSG(ledger->GetStatuses()->Add("Open"), COrvexException, "Invalid Value for Status [Open]");
+    EXPECT_NE(std::string::npos, WriteChain(ledger).find("<AA:Amount>1.00</AA:Amount><AA:Due>2000-01-01</AA:Due>"
+                                                         "<AA:Status>open</AA:Status><AA:Flag>true</AA:Flag>"
+                                                         "</AA:Ledger>"));
+}
+
+TEST(Ledger, EachOccurrenceBoundIsTestedOnReadAndWrite)
+{
+    const Texts one{"1"}, open{"open"};
+    const char* const maximum = "The Maximum number of [%s] elements allowed in this collection is %d";
+    const char* const minimum = "The Minimum number of [%s] elements allowed in this collection is %d";
+    struct Case
+    {
+        std::string xml;
+        const char* bound;
+        const char* name;
+        int count;
+    } cases[] = {
+        {Ledger({"1", "2", "3", "4", "5"}, {}, open, {}), maximum, "Amount", 4},
+        {Ledger({}, {}, open, {}), minimum, "Amount", 1},
+        {Ledger(one, {"2001-01-01", "2001-01-02", "2001-01-03", "2001-01-04"}, open, {}), maximum, "Due", 3},
+        {Ledger(one, {}, {"open", "settled", "open"}, {}), maximum, "Status", 2},
+        {Ledger(one, {}, {}, {}), minimum, "Status", 1},
+        {Ledger(one, {}, open, {"true", "false", "true"}), maximum, "Flag", 2},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.xml);
+        const std::string cause = FormatString(c.bound, c.name, c.count);
+        CSmartPtr<CLedger> ledger = CLedger::CreateInstance();
+        EXPECT_EQ(InLedger(cause), ReadChain(ledger, c.xml));
+        // Read past the bounds, the ledger is refused again when it is written; but an
+        // empty list writes nothing, so its minimum is not looked at then.
+        EXPECT_EQ("read", ReadChain(ledger, c.xml, true));
+        if (c.bound == maximum)
+            EXPECT_EQ(WritingLedger(cause), WriteChain(ledger));
+        else
+            EXPECT_EQ(WriteChain(ledger), WriteChain(ledger, true));
+        EXPECT_EQ(0u, WriteChain(ledger, true).find("<AA:Ledger")) << WriteChain(ledger, true);
+    }
+}
+
+TEST(Ledger, ListsBuiltThroughTheTypedInterfaceAreWrittenInOrder)
+{
+    CSmartPtr<CLedger> ledger = CLedger::CreateInstance();
+    ledger->SetOwner("Ely");
+    ledger->GetAmounts()->Add(CDecimal("3.1"));
+    ledger->GetAmounts()->AddAt(0, CDecimal("2"));
+    ledger->GetDueDates()->Add(CConversions::dateFromString("2030-06-30Z", {}));
+    ledger->GetStatuses()->Add("settled");
+    ledger->GetFlags()->Add(false);
+    ledger->GetFlags()->AddAt(0, true);
+    const std::string written = WriteChain(ledger);
+    EXPECT_NE(std::string::npos,
+              written.find("<AA:Amount>2.00</AA:Amount><AA:Amount>3.10</AA:Amount><AA:Due>2030-06-30Z</AA:Due>"
+                           "<AA:Status>settled</AA:Status><AA:Flag>true</AA:Flag><AA:Flag>false</AA:Flag>"))
+        << written;
+    CSmartPtr<CLedger> read = CLedger::CreateInstance();
+    EXPECT_EQ("read", ReadChain(read, written));
+    EXPECT_EQ(written, WriteChain(read));
+}
