@@ -4,11 +4,13 @@
 
 #include <string>
 
+#include "orvexxml/Export.h"
+
 namespace OrvexXmlLib5 {
 
 class CXmlElement;
 
-class CClassfactoryBase
+class ORVEXXML_API CClassfactoryBase
 {
 public:
     CClassfactoryBase() = default;
