@@ -105,7 +105,7 @@ const CTables& ShortcutTables()
         };
         g_shortcut.attributes = new CAttributeInfo* [2] {
             new CAttributeInfoPrimitive("key", "", 0, false, ItemType_string, nullptr, Rule::Collapse,
-                                        Facets("[A-Z]|F[0-9]{1,2}", -1, "", "")),
+                                        Facets("F[0-9]{1,2}|[A-Z]", -1, "", "")),
                 nullptr
         };
         return true;

@@ -8,7 +8,7 @@
 //              Accent? (blue|green|red), Window, Font?, Shortcut (0..4)
 //   Window     all of: Width (100..10000), Height (100..10000), Maximized? (boolean)
 //   Font       Family, Size? (6..72)
-//   Shortcut   @key ([A-Z]|F[0-9]{1,2}, required)   Action
+//   Shortcut   @key (F[0-9]{1,2}|[A-Z], required)   Action
 //   Storage    abstract: Quota? (>= 0); by xsi:type either
 //     LocalStorage  + Path (>= 1 byte)
 //     CloudStorage  + Provider, Region?
