@@ -290,13 +290,14 @@ CXmlElement* CXmlGeneratedClass::ProcessElementAllFromXml(const CXmlSerializatio
     const std::string parentNamespace = GetNamespace();
 
     // The walk goes over the children again and again; in each pass every
-    // descriptor not yet done is offered the position, in table order. Most
-    // descriptors give false, touching nothing, unless the position carries their
-    // own name, so offering them anything else is skipped: they are looked up by
-    // name and only the others ("open": collections, pseudo children) are offered
-    // every position. The calls that remain, their order and their results are
-    // those of the plain passes, and children in any order cost one look-up each
-    // instead of one offer per descriptor per pass.
+    // descriptor not yet done is offered the position, in table order. Children in
+    // table order are all taken by the first pass. When more passes are needed,
+    // offers that cannot take anything are skipped: most descriptors give false,
+    // touching nothing, unless the position carries their own name, so they are
+    // looked up by name, and only the others ("open": collections, pseudo children)
+    // are offered every position. The calls that remain, their order and their
+    // results are those of the plain passes, and a child out of order costs one
+    // look-up instead of one offer per descriptor per pass.
     struct CNamed
     {
         const std::string* name;
@@ -314,13 +315,6 @@ CXmlElement* CXmlGeneratedClass::ProcessElementAllFromXml(const CXmlSerializatio
     };
     std::vector<CNamed> named;
     std::vector<int> open;
-    for (int i = 0; i < count; ++i) {
-        if (elements[i]->m_matchesOnlyItsOwnElement)
-            named.push_back(CNamed{&elements[i]->m_elementName, i});
-        else
-            open.push_back(i);
-    }
-    std::sort(named.begin(), named.end(), CByName());
 
     // The next descriptor from table index `from` on that the plain pass would
     // call with something to do at the position; count when there is none.
@@ -340,13 +334,32 @@ CXmlElement* CXmlGeneratedClass::ProcessElementAllFromXml(const CXmlSerializatio
         }
         return next;
     };
+    auto offer = [&](int i) {
+        seen[static_cast<std::size_t>(i)] =
+            elements[i]->ElementFromXml(context, this, parent, &current, parentNamespace.c_str(), type) ? 1 : 0;
+    };
 
     bool moved = true;
+    bool firstPass = true;
+    bool indexed = false;
     while (current && moved) {
         CXmlElement* const before = current;
-        for (int i = nextToOffer(0); i < count; i = nextToOffer(i + 1))
-            seen[static_cast<std::size_t>(i)] =
-                elements[i]->ElementFromXml(context, this, parent, &current, parentNamespace.c_str(), type) ? 1 : 0;
+        if (firstPass) {
+            for (int i = 0; i < count; ++i) offer(i);
+            firstPass = false;
+        } else {
+            if (!indexed) {
+                indexed = true;
+                for (int i = 0; i < count; ++i) {
+                    if (elements[i]->m_matchesOnlyItsOwnElement)
+                        named.push_back(CNamed{&elements[i]->m_elementName, i});
+                    else
+                        open.push_back(i);
+                }
+                std::sort(named.begin(), named.end(), CByName());
+            }
+            for (int i = nextToOffer(0); i < count; i = nextToOffer(i + 1)) offer(i);
+        }
         moved = current != before;
     }
 
