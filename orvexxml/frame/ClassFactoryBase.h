@@ -6,6 +6,8 @@
 
 #include <string>
 
+#include "orvexxml/Export.h"
+
 namespace OrvexXmlLib5 {
 
 class CXmlElement;

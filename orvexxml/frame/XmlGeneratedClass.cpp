@@ -1,5 +1,6 @@
 #include "orvexxml/frame/XmlGeneratedClass.h"
 
+#include <algorithm>
 #include <memory>
 #include <vector>
 
@@ -315,13 +316,76 @@ CXmlElement* CXmlGeneratedClass::ProcessElementAllFromXml(const CXmlSerializatio
     std::vector<char> seen(static_cast<std::size_t>(count), 0);
     const std::string parentNamespace = GetNamespace();
 
+    // The walk goes over the children again and again; in each pass every
+    // descriptor not yet done is offered the position, in table order. Children in
+    // table order are all taken by the first pass. When more passes are needed,
+    // offers that cannot take anything are skipped: most descriptors give false,
+    // touching nothing, unless the position carries their own name, so they are
+    // looked up by name, and only the others ("open": collections, pseudo children)
+    // are offered every position. The calls that remain, their order and their
+    // results are those of the plain passes, and a child out of order costs one
+    // look-up instead of one offer per descriptor per pass.
+    struct CNamed
+    {
+        const std::string* name;
+        int index;
+    };
+    struct CByName
+    {
+        bool operator()(const CNamed& a, const CNamed& b) const
+        {
+            const int order = a.name->compare(*b.name);
+            return order != 0 ? order < 0 : a.index < b.index;
+        }
+        bool operator()(const CNamed& a, const std::string& b) const { return *a.name < b; }
+        bool operator()(const std::string& a, const CNamed& b) const { return a < *b.name; }
+    };
+    std::vector<CNamed> named;
+    std::vector<int> open;
+
+    // The next descriptor from table index `from` on that the plain pass would
+    // call with something to do at the position; count when there is none.
+    auto nextToOffer = [&](int from) {
+        int next = count;
+        for (auto it = std::lower_bound(open.begin(), open.end(), from); it != open.end(); ++it) {
+            if (!seen[static_cast<std::size_t>(*it)]) {
+                next = *it;
+                break;
+            }
+        }
+        if (!current) return next;
+        const auto range = std::equal_range(named.begin(), named.end(), current->GetLocalName(), CByName());
+        for (auto it = range.first; it != range.second && it->index < next; ++it) {
+            if (it->index < from || seen[static_cast<std::size_t>(it->index)]) continue;
+            if (elements[it->index]->IsThisElement(context, current)) return it->index;
+        }
+        return next;
+    };
+    auto offer = [&](int i) {
+        seen[static_cast<std::size_t>(i)] =
+            ReadChild(elements[i], context, this, parent, &current, parentNamespace.c_str(), type) ? 1 : 0;
+    };
+
     bool moved = true;
+    bool firstPass = true;
+    bool indexed = false;
     while (current && moved) {
         CXmlElement* const before = current;
-        for (int i = 0; i < count; ++i) {
-            if (seen[static_cast<std::size_t>(i)]) continue;
-            seen[static_cast<std::size_t>(i)] =
-                ReadChild(elements[i], context, this, parent, &current, parentNamespace.c_str(), type) ? 1 : 0;
+        if (firstPass) {
+            for (int i = 0; i < count; ++i) offer(i);
+            firstPass = false;
+        } else {
+            if (!indexed) {
+                indexed = true;
+                for (int i = 0; i < count; ++i) {
+                    if (elements[i]->m_matchesOnlyItsOwnElement)
+                        named.push_back(CNamed{&elements[i]->m_elementName, i});
+                    else
+                        open.push_back(i);
+                }
+                std::sort(named.begin(), named.end(), CByName());
+            }
+            for (int i = nextToOffer(0); i < count; i = nextToOffer(i + 1)) offer(i);
         }
         moved = current != before;
     }

@@ -113,6 +113,11 @@ protected:
     static std::string GetAnyDefaultNamespace(const char* constraint, const char* defaultNamespace,
                                               const char* targetNamespace);
 
+    // Declares that ElementFromXml gives false, touching nothing, whenever
+    // IsThisElement is false for the position (a null one included). The all-group
+    // walk then offers the descriptor only elements of its own name.
+    void SetMatchesOnlyItsOwnElement() { m_matchesOnlyItsOwnElement = true; }
+
 private:
     friend class OrvexXmlLib5::CXmlGeneratedClass;
 
@@ -125,6 +130,7 @@ private:
     const char* m_format;
     CWhitespaceUtils::WhitespaceRule m_whitespaceRule;
     bool m_hasRestrictions;
+    bool m_matchesOnlyItsOwnElement = false;
 };
 
 }  // namespace OrvexXmlLib5Data

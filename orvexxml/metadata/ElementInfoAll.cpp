@@ -3,6 +3,8 @@
 #include "orvexxml/collections/XmlCollectionBase.h"
 #include "orvexxml/frame/FormatString.h"
 #include "orvexxml/frame/OrvexException.h"
+#include "orvexxml/metadata/detail/ElementReading.h"
+#include "orvexxml/xml/XmlDocument.h"
 
 namespace OrvexXmlLib5Data {
 
@@ -15,6 +17,17 @@ bool CElementInfoAllCol::ElementToXml(const CXmlSerializationContext& context, c
                                       CXmlWriter* writer) const
 {
     return ElementToXmlCol(context, owner, writer);
+}
+
+bool CElementInfoAllCol::ElementFromXml(const CXmlSerializationContext& context, CXmlGeneratedClass* owner,
+                                        CXmlElement* parent, CXmlElement** current, const char*, XmlElementType)
+{
+    OrvexVariant value;
+    AccessProperty(owner, true, value);
+    CSmartPtr<CXmlCollectionBase> collection = Detail::RequireCollection(value, GetElementName());
+    *current = FromXml_Int(collection->GetBase(), parent, *current, context, false);
+    // Never finished: the walk sees any progress by the position.
+    return false;
 }
 
 bool CElementInfoAllCol::Validate(const CXmlSerializationContext& context, const CXmlGeneratedClass* owner, bool,
@@ -95,6 +108,25 @@ bool CElementInfoAllClsMnd::ElementToXml(const CXmlSerializationContext& context
     return ElementToXmlCls(context, owner, writer, false);
 }
 
+bool CElementInfoAllClsMnd::ElementFromXml(const CXmlSerializationContext& context, CXmlGeneratedClass* owner,
+                                           CXmlElement* parent, CXmlElement** current, const char*, XmlElementType)
+{
+    OrvexVariant value;
+    if (m_childType == ElementType_Element) {
+        if (!IsThisElement(context, *current)) return false;
+        AccessProperty(owner, true, value);
+        FromXml_Int(Detail::RequireObject(value, GetElementName()), *current, (*current)->GetFirstElement(), context,
+                    false);
+        *current = (*current)->GetNextSiblingElement();
+        return true;
+    }
+    AccessProperty(owner, true, value);
+    CXmlElement* next = FromXml_Int(Detail::RequireObject(value, GetElementName()), parent, *current, context, false);
+    const bool taken = next != *current;
+    *current = next;
+    return taken;
+}
+
 bool CElementInfoAllClsMnd::Validate(const CXmlSerializationContext&, const CXmlGeneratedClass*, bool seen,
                                      bool parentIsElement) const
 {
@@ -113,6 +145,29 @@ bool CElementInfoAllClsOpt::ElementToXml(const CXmlSerializationContext& context
                                          CXmlWriter* writer) const
 {
     return ElementToXmlCls(context, owner, writer, false);
+}
+
+bool CElementInfoAllClsOpt::ElementFromXml(const CXmlSerializationContext& context, CXmlGeneratedClass* owner,
+                                           CXmlElement* parent, CXmlElement** current, const char*, XmlElementType)
+{
+    OrvexVariant value;
+    if (m_childType == ElementType_Element) {
+        if (!IsThisElement(context, *current)) return false;
+        if (m_factory) value.SetXmlObject(m_factory(m_classId, GetElementName().c_str()));
+        FromXml_Int(Detail::RequireObject(value, GetElementName()), *current, (*current)->GetFirstElement(), context,
+                    false);
+        *current = (*current)->GetNextSiblingElement();
+        AccessProperty(owner, false, value);
+        return true;
+    }
+    if (!*current) return false;
+    if (m_factory) value.SetXmlObject(m_factory(m_classId, GetElementName().c_str()));
+    CXmlElement* next = FromXml_Int(Detail::RequireObject(value, GetElementName()), parent, *current, context, false);
+    // A pseudo child that consumed nothing is dropped; the property keeps what it had.
+    const bool taken = next != *current;
+    if (taken) AccessProperty(owner, false, value);
+    *current = next;
+    return taken;
 }
 
 bool CElementInfoAllClsOpt::Validate(const CXmlSerializationContext&, const CXmlGeneratedClass*, bool, bool) const
@@ -138,6 +193,17 @@ bool CElementInfoAllEnumMnd::ElementToXml(const CXmlSerializationContext& contex
     return ElementToXmlEnum(context, owner, writer, m_toString);
 }
 
+bool CElementInfoAllEnumMnd::ElementFromXml(const CXmlSerializationContext& context, CXmlGeneratedClass* owner,
+                                            CXmlElement*, CXmlElement** current, const char*, XmlElementType)
+{
+    if (!IsThisElement(context, *current)) return false;
+    OrvexVariant value;
+    value.SetI4(m_fromString ? m_fromString((*current)->GetText().c_str()) : 0);
+    AccessProperty(owner, false, value);
+    *current = (*current)->GetNextSiblingElement();
+    return true;
+}
+
 bool CElementInfoAllEnumMnd::Validate(const CXmlSerializationContext&, const CXmlGeneratedClass*, bool seen,
                                       bool parentIsElement) const
 {
@@ -151,6 +217,17 @@ bool CElementInfoAllEnumOpt::ElementToXml(const CXmlSerializationContext& contex
     return ElementToXmlEnumOpt(context, owner, writer, m_toString);
 }
 
+bool CElementInfoAllEnumOpt::ElementFromXml(const CXmlSerializationContext& context, CXmlGeneratedClass* owner,
+                                            CXmlElement*, CXmlElement** current, const char*, XmlElementType)
+{
+    if (!IsThisElement(context, *current)) return false;
+    OrvexVariant value;
+    value.SetI4(m_fromString ? m_fromString((*current)->GetText().c_str()) : 0);
+    AccessProperty(owner, false, value);
+    *current = (*current)->GetNextSiblingElement();
+    return true;
+}
+
 bool CElementInfoAllEnumOpt::Validate(const CXmlSerializationContext&, const CXmlGeneratedClass*, bool, bool) const
 {
     return true;
@@ -160,6 +237,17 @@ bool CElementInfoAllPrimMnd::ElementToXml(const CXmlSerializationContext& contex
                                           CXmlWriter* writer) const
 {
     return ElementToXmlPrim(context, owner, writer);
+}
+
+bool CElementInfoAllPrimMnd::ElementFromXml(const CXmlSerializationContext& context, CXmlGeneratedClass* owner,
+                                            CXmlElement*, CXmlElement** current, const char*, XmlElementType)
+{
+    if (!IsThisElement(context, *current)) return false;
+    OrvexVariant value;
+    value.FromString((*current)->GetText(), GetItemType(), GetWhitespaceRule());
+    AccessProperty(owner, false, value);
+    *current = (*current)->GetNextSiblingElement();
+    return true;
 }
 
 bool CElementInfoAllPrimMnd::Validate(const CXmlSerializationContext&, const CXmlGeneratedClass*, bool seen,
@@ -173,6 +261,17 @@ bool CElementInfoAllPrimOpt::ElementToXml(const CXmlSerializationContext& contex
                                           CXmlWriter* writer) const
 {
     return ElementToXmlPrimOpt(context, owner, writer);
+}
+
+bool CElementInfoAllPrimOpt::ElementFromXml(const CXmlSerializationContext& context, CXmlGeneratedClass* owner,
+                                            CXmlElement*, CXmlElement** current, const char*, XmlElementType)
+{
+    if (!IsThisElement(context, *current)) return false;
+    OrvexVariant value;
+    value.FromString((*current)->GetText(), GetItemType(), GetWhitespaceRule());
+    AccessProperty(owner, false, value);
+    *current = (*current)->GetNextSiblingElement();
+    return true;
 }
 
 bool CElementInfoAllPrimOpt::Validate(const CXmlSerializationContext&, const CXmlGeneratedClass*, bool, bool) const

@@ -1,6 +1,8 @@
 // The descriptors of the children of an xs:all class, one class per kind and
-// occurrence. A cell without its own ElementFromXml cannot be constructed yet; an
-// abstract child in an xs:all group is written but never read.
+// occurrence. ElementFromXml gives true when the descriptor has taken its element
+// and is done; a missing element is found afterwards, by Validate. A cell without
+// its own ElementFromXml cannot be constructed; an abstract child in an xs:all
+// group is written but never read.
 #pragma once
 
 #include "orvexxml/Export.h"
@@ -42,6 +44,11 @@ public:
     }
     bool ElementToXml(const CXmlSerializationContext& context, const CXmlGeneratedClass* owner,
                       CXmlWriter* writer) const override;
+    // Lets the collection take the run of its items at the position and gives
+    // false, always: the collection gets a new chance at every position, so that
+    // its items may stand apart from each other.
+    bool ElementFromXml(const CXmlSerializationContext& context, CXmlGeneratedClass* owner, CXmlElement* parent,
+                        CXmlElement** current, const char* parentNamespace, XmlElementType parentType) override;
     // A count out of bounds fails as COrvexException with the count's text when the
     // owner is a real element, and gives false otherwise.
     bool Validate(const CXmlSerializationContext& context, const CXmlGeneratedClass* owner, bool seen,
@@ -133,9 +140,12 @@ public:
           m_classId(classId),
           m_mustConsume(mustConsume)
     {
+        if (childType == ElementType_Element) SetMatchesOnlyItsOwnElement();
     }
     bool ElementToXml(const CXmlSerializationContext& context, const CXmlGeneratedClass* owner,
                       CXmlWriter* writer) const override;
+    bool ElementFromXml(const CXmlSerializationContext& context, CXmlGeneratedClass* owner, CXmlElement* parent,
+                        CXmlElement** current, const char* parentNamespace, XmlElementType parentType) override;
     bool Validate(const CXmlSerializationContext& context, const CXmlGeneratedClass* owner, bool seen,
                   bool parentIsElement) const override;
     void PseudoChildAttributeToXml(const CXmlSerializationContext& context, const CXmlGeneratedClass* owner,
@@ -158,9 +168,12 @@ public:
           m_factory(factory),
           m_classId(classId)
     {
+        if (childType == ElementType_Element) SetMatchesOnlyItsOwnElement();
     }
     bool ElementToXml(const CXmlSerializationContext& context, const CXmlGeneratedClass* owner,
                       CXmlWriter* writer) const override;
+    bool ElementFromXml(const CXmlSerializationContext& context, CXmlGeneratedClass* owner, CXmlElement* parent,
+                        CXmlElement** current, const char* parentNamespace, XmlElementType parentType) override;
     bool Validate(const CXmlSerializationContext& context, const CXmlGeneratedClass* owner, bool seen,
                   bool parentIsElement) const override;
     void PseudoChildAttributeToXml(const CXmlSerializationContext& context, const CXmlGeneratedClass* owner,
@@ -193,9 +206,12 @@ public:
                            EnumFromStringFn fromString)
         : CElementInfoAll(name, namespaceUri, propertyIndex), m_toString(toString), m_fromString(fromString)
     {
+        SetMatchesOnlyItsOwnElement();
     }
     bool ElementToXml(const CXmlSerializationContext& context, const CXmlGeneratedClass* owner,
                       CXmlWriter* writer) const override;
+    bool ElementFromXml(const CXmlSerializationContext& context, CXmlGeneratedClass* owner, CXmlElement* parent,
+                        CXmlElement** current, const char* parentNamespace, XmlElementType parentType) override;
     bool Validate(const CXmlSerializationContext& context, const CXmlGeneratedClass* owner, bool seen,
                   bool parentIsElement) const override;
 
@@ -211,9 +227,12 @@ public:
                            EnumFromStringFn fromString)
         : CElementInfoAll(name, namespaceUri, propertyIndex), m_toString(toString), m_fromString(fromString)
     {
+        SetMatchesOnlyItsOwnElement();
     }
     bool ElementToXml(const CXmlSerializationContext& context, const CXmlGeneratedClass* owner,
                       CXmlWriter* writer) const override;
+    bool ElementFromXml(const CXmlSerializationContext& context, CXmlGeneratedClass* owner, CXmlElement* parent,
+                        CXmlElement** current, const char* parentNamespace, XmlElementType parentType) override;
     bool Validate(const CXmlSerializationContext& context, const CXmlGeneratedClass* owner, bool seen,
                   bool parentIsElement) const override;
 
@@ -239,9 +258,12 @@ public:
                            const CPrimitiveRestrictions& restrictions)
         : CElementInfoAll(name, namespaceUri, propertyIndex, itemType, format, rule, restrictions)
     {
+        SetMatchesOnlyItsOwnElement();
     }
     bool ElementToXml(const CXmlSerializationContext& context, const CXmlGeneratedClass* owner,
                       CXmlWriter* writer) const override;
+    bool ElementFromXml(const CXmlSerializationContext& context, CXmlGeneratedClass* owner, CXmlElement* parent,
+                        CXmlElement** current, const char* parentNamespace, XmlElementType parentType) override;
     bool Validate(const CXmlSerializationContext& context, const CXmlGeneratedClass* owner, bool seen,
                   bool parentIsElement) const override;
 };
@@ -254,9 +276,12 @@ public:
                            const CPrimitiveRestrictions& restrictions)
         : CElementInfoAll(name, namespaceUri, propertyIndex, itemType, format, rule, restrictions)
     {
+        SetMatchesOnlyItsOwnElement();
     }
     bool ElementToXml(const CXmlSerializationContext& context, const CXmlGeneratedClass* owner,
                       CXmlWriter* writer) const override;
+    bool ElementFromXml(const CXmlSerializationContext& context, CXmlGeneratedClass* owner, CXmlElement* parent,
+                        CXmlElement** current, const char* parentNamespace, XmlElementType parentType) override;
     bool Validate(const CXmlSerializationContext& context, const CXmlGeneratedClass* owner, bool seen,
                   bool parentIsElement) const override;
 };

@@ -1,0 +1,265 @@
+// The xs:all members one call at a time, their Validate, and the all-group walk
+// checked against the plain repeated passes on many generated child lists.
+#include <gtest/gtest.h>
+
+#include <random>
+
+#include "DescriptorFixtures.h"
+#include "TestUtil.h"
+
+using namespace OrvexTest;
+
+namespace {
+
+CXmlSerializationContext Context(bool ignoreUnknown, bool ignoreNamespaces, bool ignoreCounts = false)
+{
+    CXmlSerializationContext context;
+    context.SetIgnoreUnknownElements(ignoreUnknown);
+    context.SetIgnoreNamespaces(ignoreNamespaces);
+    context.SetIgnoreInvalidCollectionCounts(ignoreCounts);
+    return context;
+}
+
+}  // namespace
+
+TEST(ElementInfoAll, MembersTakeOnlyTheirOwnElementAndGiveFalseOtherwise)
+{
+    CSlots owner;
+    CElementInfoAllPrimMnd prim("V", "urn:t", 0, ItemType_i4, nullptr, Rule::Collapse, Unrestricted());
+    CElementInfoAllEnumOpt number("E", "urn:t", 1, NumberToString, NumberFromString);
+    EXPECT_EQ("false@-", Step(prim, owner, "", ElementType_Element));
+    EXPECT_EQ("true@Z", Step(prim, owner, "<V> 7 </V><Z/>", ElementType_Pseudo));
+    EXPECT_EQ("false@Z", Step(number, owner, "<Z/><E>one</E>", ElementType_Element));
+    EXPECT_EQ(7, owner.props[0].GetI4());
+    EXPECT_EQ(1, owner.stores);
+    // Unknown elements are not skipped by a member, whatever the context says.
+    EXPECT_EQ("false@Z", Step(prim, owner, "<Z/><V>1</V>", ElementType_Element, Context(true, false)));
+    EXPECT_EQ("false@V", Step(prim, owner, "<V xmlns=\"urn:u\">1</V>", ElementType_Element));
+    EXPECT_EQ("true@-", Step(prim, owner, "<V xmlns=\"urn:u\">1</V>", ElementType_Element, Context(false, true)));
+}
+
+TEST(ElementInfoAll, PseudoChildrenReadInPlace)
+{
+    CSlots owner;
+    owner.props[0].SetXmlObject(new CPair());
+    CElementInfoAllClsMnd mandatory("Pair", "urn:t", 0, ElementType_Pseudo, nullptr, 0, true);
+    EXPECT_EQ("true@Z", Step(mandatory, owner, "<A>1</A><B>2</B><Z/>", ElementType_Element));
+    EXPECT_EQ("2", static_cast<CPair*>(owner.props[0].GetXmlObject().Get())->Text(1));
+    EXPECT_EQ("false@Z", Step(mandatory, owner, "<Z/>", ElementType_Element));
+    EXPECT_EQ("false@-", Step(mandatory, owner, "", ElementType_Element));
+    EXPECT_EQ(0, owner.stores);
+
+    CElementInfoAllClsOpt optional("Pair", "urn:t", 1, ElementType_Pseudo, MakePair, 0);
+    const int calls = FactoryCalls();
+    EXPECT_EQ("false@-", Step(optional, owner, "", ElementType_Element));
+    EXPECT_EQ(calls, FactoryCalls());
+    // A pair that takes nothing is made and dropped.
+    EXPECT_EQ("false@Z", Step(optional, owner, "<Z/>", ElementType_Element));
+    EXPECT_EQ(calls + 1, FactoryCalls());
+    EXPECT_EQ(0, owner.stores);
+    EXPECT_EQ("true@-", Step(optional, owner, "<A>x</A><B>y</B>", ElementType_Element));
+    EXPECT_EQ(1, owner.stores);
+    EXPECT_EQ("x", static_cast<CPair*>(owner.props[1].GetXmlObject().Get())->Text(0));
+}
+
+TEST(ElementInfoAll, CollectionTakesItsRunAndIsNeverDone)
+{
+    CSlots owner;
+    CSmartPtr<CTextCol> texts(new CTextCol("T", 0, 2));
+    owner.props[0].SetXmlCollection(texts);
+    CElementInfoAllPrimCol col("T", "urn:t", 0);
+    EXPECT_EQ("false@Z", Step(col, owner, "<T>a</T><T>b</T><Z/><T>c</T>", ElementType_Element));
+    EXPECT_EQ("false@Z", Step(col, owner, "<Z/>", ElementType_Element));
+    EXPECT_EQ("false@-", Step(col, owner, "", ElementType_Element));
+    EXPECT_EQ(2u, texts->items.size());
+
+    const CXmlSerializationContext strict;
+    EXPECT_TRUE(col.Validate(strict, &owner, false, true));
+    texts->items.push_back("c");
+    const std::string tooMany = "The Maximum number of [T] elements allowed in this collection is 2";
+    // The count's validation class is dropped: the plain class leaves.
+    EXPECT_TRUE(ThrowsExactly<COrvexException>([&] { col.Validate(strict, &owner, true, true); }, tooMany));
+    EXPECT_FALSE(col.Validate(strict, &owner, false, false));
+    EXPECT_TRUE(col.Validate(Context(false, false, true), &owner, false, true));
+
+    CSlots empty;
+    EXPECT_EQ("Serialization Data Error : The property for the element [T] holds no collection",
+              Failure([&] { Step(col, empty, "<T/>", ElementType_Element); }));
+}
+
+TEST(ElementInfoAll, ValidateOfTheMandatoryAndOptionalKinds)
+{
+    CSlots owner;
+    CElementInfoAllPrimMnd prim("V", "urn:t", 0, ItemType_i4, nullptr, Rule::Collapse, Unrestricted());
+    CElementInfoAllPrimOpt primOpt("V", "urn:t", 0, ItemType_i4, nullptr, Rule::Collapse, Unrestricted());
+    CElementInfoAllEnumMnd number("E", "urn:t", 1, NumberToString, NumberFromString);
+    CElementInfoAllEnumOpt numberOpt("E", "urn:t", 1, NumberToString, NumberFromString);
+    CElementInfoAllAbsClsMnd abs("Leaf", "urn:t", 2, ElementType_Element, LeafByKind, 0);
+    CElementInfoAllAbsClsOpt absOpt("Leaf", "urn:t", 2, ElementType_Element, LeafByKind);
+    CElementInfoAllClsMnd keep("Leaf", "urn:t", 2, ElementType_Element, nullptr, 0, false);
+    CElementInfoAllClsMnd consume("Leaf", "urn:t", 2, ElementType_Element, nullptr, 0, true);
+    CElementInfoAllClsMnd pseudo("Pair", "urn:t", 2, ElementType_Pseudo, nullptr, 0, false);
+    CElementInfoAllClsOpt clsOpt("Leaf", "urn:t", 2, ElementType_Element, MakeLeaf, 0);
+    struct Case
+    {
+        CElementInfo* descriptor;
+        const char* name;  // null: passes when not seen under a real element
+    } cases[] = {
+        {&prim, "V"},    {&number, "E"},       {&abs, "Leaf"},        {&consume, "Leaf"},    {&pseudo, "Pair"},
+        {&keep, nullptr}, {&primOpt, nullptr}, {&numberOpt, nullptr}, {&absOpt, nullptr}, {&clsOpt, nullptr},
+    };
+    CXmlSerializationContext strict, forgiving;
+    forgiving.SetIgnoreMissingMandatoryElements(true);
+    for (const Case& c : cases)
+        for (CXmlSerializationContext* context : {&strict, &forgiving}) {
+            EXPECT_TRUE(c.descriptor->Validate(*context, &owner, true, true));
+            EXPECT_TRUE(c.descriptor->Validate(*context, &owner, true, false));
+            if (!c.name) {
+                EXPECT_TRUE(c.descriptor->Validate(*context, &owner, false, true));
+                continue;
+            }
+            // The option about missing elements has no say here.
+            EXPECT_TRUE(ThrowsExactly<COrvexValidationException>(
+                [&] { c.descriptor->Validate(*context, &owner, false, true); },
+                std::string("Failed to find the mandatory element [") + c.name + "]"));
+            EXPECT_FALSE(c.descriptor->Validate(*context, &owner, false, false));
+        }
+    EXPECT_TRUE(keep.Validate(forgiving, &owner, false, true));
+    EXPECT_FALSE(keep.Validate(forgiving, &owner, false, false));
+}
+
+TEST(ElementInfoAll, AbstractChildrenCannotBeRead)
+{
+    CSlots owner;
+    CElementInfoAllAbsClsMnd mandatory("Leaf", "urn:t", 0, ElementType_Element, LeafByKind, 0);
+    CElementInfoAllAbsClsOpt optional("Leaf", "urn:t", 0, ElementType_Element, LeafByKind);
+    for (CElementInfo* descriptor : {static_cast<CElementInfo*>(&mandatory), static_cast<CElementInfo*>(&optional)})
+        for (const char* content : {"<Leaf kind=\"leaf\"/>", "<Z/>", ""})
+            EXPECT_TRUE(ThrowsExactly<COrvexException>(
+                [&] { Step(*descriptor, owner, content, ElementType_Element); },
+                "AllAbsClsMndElm.ProcessXml, has not been implemented fully"));
+    EXPECT_EQ(0, owner.stores);
+}
+
+namespace {
+
+// An xs:all owner with members of every reading shape: two members of one name,
+// one in another namespace, a pseudo pair whose A and B are also members of the
+// owner, and a collection of T.
+class CMix : public CFixture<CMix>
+{
+public:
+    CMix() : CFixture("Mix", 8), texts(new CTextCol("T", 0, 3)) { CMix::Init(); }
+    static const CFixtureTables& Tables()
+    {
+        static const CFixtureTables tables(
+            ElementGroup_All, ElementType_Element, "Mix",
+            {new CElementInfoAllPrimOpt("B", "urn:t", 0, ItemType_string, nullptr, Rule::Preserve, Unrestricted()),
+             new CElementInfoAllClsOpt("Pair", "urn:t", 1, ElementType_Pseudo, MakePair, 0),
+             new CElementInfoAllPrimOpt("A", "urn:t", 2, ItemType_string, nullptr, Rule::Preserve, Unrestricted()),
+             new CElementInfoAllPrimCol("T", "urn:t", 3),
+             new CElementInfoAllEnumMnd("D", "urn:u", 4, NumberToString, NumberFromString),
+             new CElementInfoAllPrimOpt("A", "urn:t", 5, ItemType_string, nullptr, Rule::Preserve, Unrestricted()),
+             new CElementInfoAllClsOpt("Leaf", "urn:t", 6, ElementType_Element, MakeLeaf, 0),
+             new CElementInfoAllPrimOpt("E", "urn:t", 7, ItemType_string, nullptr, Rule::Preserve, Unrestricted())});
+        return tables;
+    }
+    void Init() override
+    {
+        CFixture::Init();
+        texts->Clear();
+        props[3].SetXmlCollection(texts);
+    }
+    // Everything the members stored, in one line.
+    std::string State() const
+    {
+        std::string state = std::to_string(stores);
+        for (std::size_t i = 0; i < props.size(); ++i) {
+            if (!props[i].IsValid() || i == 3) continue;
+            CSmartPtr<CXmlObjectBase> object;
+            if (props[i].GetItemType() == ItemType_XmlObject) object = props[i].GetXmlObject();
+            if (CPair* pair = dynamic_cast<CPair*>(object.Get()))
+                state += " pair(" + pair->Text(0) + "," + pair->Text(1) + ")";
+            else if (CLeaf* leaf = dynamic_cast<CLeaf*>(object.Get()))
+                state += " leaf(" + std::to_string(leaf->props[0].GetI4()) + ")";
+            else
+                state += " " + std::to_string(i) + "=" + props[i].ToString(nullptr);
+        }
+        for (const std::string& text : texts->items) state += " T" + text;
+        return state;
+    }
+
+    CSmartPtr<CTextCol> texts;
+};
+
+// The walk as plain passes over every member not yet done, then Validate and the
+// test of what is left; the same results and texts as the library's walk.
+std::string PlainPasses(CMix& mix, CXmlElement* parent, const CXmlSerializationContext& context)
+{
+    mix.Init();
+    CElementInfo** elements = CMix::Tables().elements;
+    bool seen[8] = {};
+    CXmlElement* current = parent->GetFirstElement();
+    try {
+        bool moved = true;
+        while (current && moved) {
+            CXmlElement* const before = current;
+            for (int i = 0; elements[i]; ++i)
+                if (!seen[i]) seen[i] = elements[i]->ElementFromXml(context, &mix, parent, &current, "urn:t",
+                                                                    ElementType_Element);
+            moved = current != before;
+        }
+        for (int i = 0; elements[i]; ++i) elements[i]->Validate(context, &mix, seen[i], true);
+    } catch (const COrvexException& e) {
+        return e.GetMessage();
+    }
+    if (!current || context.GetIgnoreUnknownElements()) return "read";
+    return "left " + current->GetLocalName();
+}
+
+std::string Walk(CMix& mix, const std::string& xml, const CXmlSerializationContext& context)
+{
+    try {
+        mix.FromXml(xml.c_str(), context);
+    } catch (const COrvexException& e) {
+        const COrvexException* cause = &e;
+        while (cause->GetInnerException()) cause = cause->GetInnerException();
+        const std::string prefix = "Failed read all the elements held within the element [Mix]. The unexpected element [";
+        if (cause->GetMessage().compare(0, prefix.size(), prefix) == 0)
+            return "left " + cause->GetMessage().substr(prefix.size(), cause->GetMessage().find(']', prefix.size()) -
+                                                                           prefix.size());
+        return cause->GetMessage();
+    }
+    return "read";
+}
+
+}  // namespace
+
+TEST(ElementInfoAllWalk, LookUpByNameGivesTheResultsOfThePlainPasses)
+{
+    const char* const pieces[] = {"<A>a</A>",         "<B>b</B>",         "<T>t</T>",  "<u:D>one</u:D>", "<D>one</D>",
+                                  "<Leaf><V>4</V></Leaf>", "<E>e</E>", "<Z/>",      "<A>a2</A>"};
+    std::mt19937 random(20261124);
+    int reads = 0, differentOutcomes = 0;
+    for (int round = 0; round < 3000; ++round) {
+        std::string content;
+        const int length = static_cast<int>(random() % 9);
+        for (int i = 0; i < length; ++i) content += pieces[random() % (sizeof pieces / sizeof *pieces)];
+        const std::string xml = "<Mix xmlns=\"urn:t\" xmlns:u=\"urn:u\">" + content + "</Mix>";
+        CXmlDocument document;
+        document.LoadXml(xml.c_str());
+        for (int option = 0; option < 4; ++option) {
+            const CXmlSerializationContext context = Context(option & 1, option & 2);
+            CMix plain, walked;
+            const std::string expected = PlainPasses(plain, document.GetDocumentElement(), context);
+            const std::string outcome = Walk(walked, xml, context);
+            ASSERT_EQ(expected, outcome) << content << " option " << option;
+            ASSERT_EQ(plain.State(), walked.State()) << content << " option " << option;
+            ++reads;
+            if (expected != "read") ++differentOutcomes;
+        }
+    }
+    // The lists cover taking, leaving and failing alike.
+    EXPECT_GT(differentOutcomes, reads / 10);
+    EXPECT_LT(differentOutcomes, reads * 9 / 10);
+}
