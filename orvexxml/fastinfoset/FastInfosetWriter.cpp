@@ -27,7 +27,11 @@ const char* const DeclarationTexts[] = {
 };
 
 // Attribute values and text chunks shorter than this (in bytes of library text)
-// are indexed; longer ones are written out every time.
+// are indexed; longer ones are written out every time. The Java Fast Infoset
+// library indexes up to 31 UTF-16 units by default; with its limit set to 6 it
+// writes our bytes for ASCII text. A short non-ASCII value can still part: it
+// counts characters where we count octets, so "\u00E4\u00F6\u00FC\u00DF\u00E9" (10
+// octets) is indexed there and written out here.
 constexpr std::size_t ValueIndexLimit = 6;
 
 // Octets of the document structure.
@@ -81,6 +85,7 @@ void CFastInfosetWriter::WriteStartDocument(FInfoDecl declaration)
         // The declaration is ASCII, which is the same in every local encoding.
         m_output.append(text);
     }
+    m_output.reserve(0x10000);
     m_output.append("\xE0\x00\x00\x01", 4);
     Put(m_output, 0x00);
 }
@@ -131,6 +136,10 @@ void CFastInfosetWriter::CloseStartTag()
         m_output.insert(m_nameOffset, m_declarations);
         m_declarations.clear();
     }
+    // The end of the attributes goes out at once; only an element's own end is
+    // held back to share an octet. The Java library holds this one back too, so
+    // that an element with attributes and no content ends in FF where we write
+    // F0 and hold the next: the same items end, at no cost in a whole document.
     if (context->m_hasAttributes) Put(m_output, Terminator);
 }
 
@@ -151,7 +160,10 @@ void CFastInfosetWriter::WriteStartElement(const std::string& localName, const s
         m_terminatorPending = false;
     }
     CXmlWriterContext* context = NewContext(localName, namespaceUri);
-    // Made current at once, so that the writer owns it whatever fails below.
+    // Made current at once, so that the writer owns it whatever fails below. Its
+    // name goes out now; what stands in front of the name (the attributes bit and
+    // the namespace attributes) is settled when the start tag closes, since the
+    // attributes may still make prefixes that must be declared on this element.
     PushContext(context);
 
     m_declarations.clear();

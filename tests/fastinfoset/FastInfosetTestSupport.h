@@ -1,6 +1,5 @@
-// Shared by the Fast Infoset writer tests: a short script that drives the writer
-// (the steps of tests/xml/WriterScript.h, with "Dn" starting a document under
-// declaration n), the committed vectors, and the Java oracle where it can run.
+// Shared by the Fast Infoset writer tests: the writer driven by the scripts of
+// tests/xml/WriterScript.h, the committed vectors, and the Java oracle where it can run.
 #pragma once
 
 #include <cstdio>
@@ -12,51 +11,14 @@
 #include "TestUtil.h"
 #include "examples/ExamplePaths.h"
 #include "orvexxml/fastinfoset/FastInfosetWriter.h"
+#include "xml/WriterScript.h"
 
 namespace OrvexTest {
-
-inline void RunFastInfosetScript(OrvexXmlLib5::CFastInfosetWriter& w, const std::string& script)
-{
-    std::size_t start = 0;
-    while (start <= script.size()) {
-        std::size_t end = script.find('|', start);
-        if (end == std::string::npos) end = script.size();
-        const std::string step = script.substr(start, end - start);
-        start = end + 1;
-        if (step.empty()) continue;
-        const std::string rest = step.substr(1);
-        const std::size_t blank = rest.find(' ');
-        const std::string first = rest.substr(0, blank);
-        const std::string second = blank == std::string::npos ? "" : rest.substr(blank + 1);
-        switch (step[0]) {
-            case '<': w.WriteStartElement(first, second); break;
-            case '>': w.WriteEndElement(); break;
-            case '#': w.WriteText(rest); break;
-            case '!': w.WriteComment(rest); break;
-            case '?': w.WriteProcessingInstruction(rest); break;
-            case '$': w.WriteInlineSchema(rest); break;
-            case '^': w.WriteXsiType(first, second); break;
-            case '+': w.AddNamespace(first, second); break;
-            case '=': w.SetDefaultNamespace(rest); break;
-            case 'D': w.WriteStartDocument(static_cast<OrvexXmlLib5::FInfoDecl>(std::atoi(rest.c_str()))); break;
-            case 'E': w.WriteEndDocument(); break;
-            case '@': {
-                const std::size_t equals = rest.find('=');
-                const std::string name = rest.substr(0, equals);
-                const std::size_t nameBlank = name.find(' ');
-                w.WriteAttribute(name.substr(0, nameBlank),
-                                 nameBlank == std::string::npos ? "" : name.substr(nameBlank + 1),
-                                 rest.substr(equals + 1));
-                break;
-            }
-        }
-    }
-}
 
 inline std::string WriteFastInfosetScript(const std::string& script)
 {
     OrvexXmlLib5::CFastInfosetWriter writer;
-    RunFastInfosetScript(writer, script);
+    RunWriterScript(writer, script);
     return writer.GetOutput().GetString();
 }
 
