@@ -2,6 +2,7 @@
 
 #include "orvexxml/frame/FormatString.h"
 #include "orvexxml/frame/OrvexException.h"
+#include "orvexxml/fastinfoset/FastInfosetWriter.h"
 #include "orvexxml/xml/XmlDocument.h"
 #include "orvexxml/xml/XmlTextWriter.h"
 
@@ -129,6 +130,27 @@ std::string CXmlObjectBase::ToXml(bool includeDocHeader, bool formatted, EOLType
     ToXml_Int(&writer, true, targetNamespace.c_str(), context, false);
     if (includeDocHeader) writer.WriteEndDocument();
     return writer.GetString();
+}
+
+CBinaryData CXmlObjectBase::ToFastInfosetStream(FInfoDecl declaration, const CXmlSerializationContext& context,
+                                                CompressionType compression) const
+{
+    // On the stack, so that an exception from the walk releases every open element.
+    CFastInfosetWriter writer;
+    writer.WriteStartDocument(declaration);
+    const std::string targetNamespace = GetTargetNamespace();
+    ToXml_Int(&writer, true, targetNamespace.c_str(), context, false);
+    writer.WriteEndDocument();
+    CBinaryData output = writer.GetOutput();
+    return output.CompressData(compression);
+}
+
+void CXmlObjectBase::ToFastInfosetFile(const char* fileName, FInfoDecl declaration,
+                                       const CXmlSerializationContext& context, CompressionType compression) const
+{
+    if (compression == Compression_ZLIB)
+        throw COrvexException("ZLIB Compression only available for To Stream methods.");
+    ToFastInfosetStream(declaration, context, compression).ToFile(fileName, Encoding_Unspecified);
 }
 
 }  // namespace OrvexXmlLib5

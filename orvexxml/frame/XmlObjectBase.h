@@ -7,6 +7,9 @@
 #include <cstdint>
 #include <string>
 
+#include "orvexxml/data/BinaryData.h"
+#include "orvexxml/fastinfoset/FInfoDecl.h"
+#include "orvexxml/frame/CompressionType.h"
 #include "orvexxml/frame/InstanceMonitor.h"
 #include "orvexxml/frame/SmartPtr.h"
 #include "orvexxml/frame/XmlSerializationContext.h"
@@ -58,6 +61,18 @@ public:
     // open fails; an invalid eol fails with "Invalid EOL type.".
     std::string ToXml(bool includeDocHeader = true, bool formatted = true, EOLType eol = EOL_CRLF,
                       const CXmlSerializationContext& context = CXmlSerializationContext::GetDefaultContext()) const;
+
+    // Writes this object as a Fast Infoset document, after the given declaration,
+    // compressed as asked. An element left open, a failing facet or a failing
+    // compression ("Failed to compress data. [Error Code: %d]") throws.
+    CBinaryData ToFastInfosetStream(FInfoDecl declaration = FInfoDecl_None,
+                                    const CXmlSerializationContext& context = CXmlSerializationContext::GetDefaultContext(),
+                                    CompressionType compression = Compression_None) const;
+    // The same into a file that is created or replaced. Compression_ZLIB fails with
+    // "ZLIB Compression only available for To Stream methods." before anything is written.
+    void ToFastInfosetFile(const char* fileName, FInfoDecl declaration = FInfoDecl_None,
+                           const CXmlSerializationContext& context = CXmlSerializationContext::GetDefaultContext(),
+                           CompressionType compression = Compression_None) const;
 
     // Adds one reference and gives the new count.
     std::int32_t AddRef() { return ++m_refCount; }

@@ -2,17 +2,29 @@
 // Steps are separated by '|': "<name uri" starts an element (uri optional), ">"
 // ends it, "@name uri=value" writes an attribute, "#text" text, "!text" a comment,
 // "?text" a processing instruction, "$text" an in-line schema, "^uri type" an
-// xsi:type, "+alias uri" and "=uri" change namespaces, "Dn" writes the declaration
-// with encoding n, "E" ends the document.
+// xsi:type, "+alias uri" and "=uri" change namespaces, "Dn" starts the document
+// with the writer's declaration number n (an encoding, or a Fast Infoset
+// declaration), "E" ends the document.
 #pragma once
 
+#include <cstdlib>
 #include <string>
 
 #include "orvexxml/xml/XmlTextWriter.h"
 
 namespace OrvexTest {
 
-inline void RunWriterScript(OrvexXmlLib5::CXmlTextWriter& w, const std::string& script)
+// The enumeration that a writer's WriteStartDocument takes.
+template <typename T>
+struct StartDocumentArgument;
+template <typename C, typename A>
+struct StartDocumentArgument<void (C::*)(A)>
+{
+    typedef A type;
+};
+
+template <typename Writer>
+void RunWriterScript(Writer& w, const std::string& script)
 {
     std::size_t start = 0;
     while (start <= script.size()) {
@@ -35,7 +47,10 @@ inline void RunWriterScript(OrvexXmlLib5::CXmlTextWriter& w, const std::string& 
             case '^': w.WriteXsiType(first, second); break;
             case '+': w.AddNamespace(first, second); break;
             case '=': w.SetDefaultNamespace(rest); break;
-            case 'D': w.WriteStartDocument(static_cast<OrvexXmlLib5::XmlEncoding>(rest[0] - '0')); break;
+            case 'D':
+                w.WriteStartDocument(static_cast<typename StartDocumentArgument<decltype(&Writer::WriteStartDocument)>::type>(
+                    std::atoi(rest.c_str())));
+                break;
             case 'E': w.WriteEndDocument(); break;
             case '@': {
                 const std::size_t equals = rest.find('=');

@@ -1,0 +1,82 @@
+// Generated classes written as Fast Infoset through the entry points: the bytes
+// of the Java library for the Primer's order, the declaration, compression, files.
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "TestUtil.h"
+#include "examples/ExamplePaths.h"
+#include "examples/purchase-order/PurchaseOrderTools.h"
+#include "fastinfoset/FastInfosetTestSupport.h"
+
+using namespace OrvexXmlLib5;
+using namespace OrvexExamples;
+using namespace OrvexTest;
+
+namespace {
+
+CSmartPtr<CPurchaseOrder> Primer()
+{
+    CSmartPtr<CPurchaseOrder> order = CPurchaseOrder::CreateInstance();
+    order->FromXml(ReadTextFile(ExamplePath("purchase-order/po.xml")).c_str());
+    return order;
+}
+
+TEST(FastInfosetWrite, PrimerOrderIsTheJavaLibrarysDocument)
+{
+    const std::string expected = ReadBinaryFile(VectorPath("purchase-order.finf"));
+    ASSERT_FALSE(expected.empty());
+    EXPECT_EQ(Hex(Primer()->ToFastInfosetStream().GetString()), Hex(expected));
+    // The declaration goes in front of the same document.
+    EXPECT_EQ(Primer()->ToFastInfosetStream(FInfoDecl_V10_StandaloneYes).GetString(),
+              "<?xml version='1.0' encoding='finf' standalone='yes'?>" + expected);
+}
+
+TEST(FastInfosetWrite, CompressionAndFilesGiveTheSameDocument)
+{
+    CSmartPtr<CPurchaseOrder> order = Primer();
+    const std::string plain = order->ToFastInfosetStream().GetString();
+    const std::string gzip =
+        order->ToFastInfosetStream(FInfoDecl_None, CXmlSerializationContext::GetDefaultContext(), Compression_GZIP)
+            .GetString();
+    ASSERT_GT(gzip.size(), 2u);
+    EXPECT_EQ(Hex(gzip.substr(0, 2)), "1F 8B");
+    const std::string zlib =
+        order->ToFastInfosetStream(FInfoDecl_None, CXmlSerializationContext::GetDefaultContext(), Compression_ZLIB)
+            .GetString();
+    ASSERT_GT(zlib.size(), 2u);
+    EXPECT_EQ(static_cast<unsigned char>(zlib[0]), 0x78);
+
+    const std::string path = TempPath("primer.finf");
+    order->ToFastInfosetFile(path.c_str());
+    EXPECT_EQ(ReadBinaryFile(path), plain);
+    order->ToFastInfosetFile(path.c_str(), FInfoDecl_None, CXmlSerializationContext::GetDefaultContext(),
+                             Compression_GZIP);
+    EXPECT_EQ(ReadBinaryFile(path), gzip);
+    EXPECT_THROW_MSG(order->ToFastInfosetFile(path.c_str(), FInfoDecl_None,
+                                              CXmlSerializationContext::GetDefaultContext(), Compression_ZLIB),
+                     COrvexException, "ZLIB Compression only available for To Stream methods.");
+    EXPECT_EQ(ReadBinaryFile(path), gzip);
+}
+
+// A facet broken on the way fails the write as it fails the XML text.
+TEST(FastInfosetWrite, FailuresOfTheWalkComeThrough)
+{
+    CSmartPtr<CPurchaseOrder> order = Primer();
+    std::string textFailure, binaryFailure;
+    order->GetItems()->GetItem()->Item(0)->SetQuantity(CBigInteger("100"));
+    try {
+        order->ToXml();
+    } catch (const COrvexException& e) {
+        textFailure = e.GetMessage();
+    }
+    try {
+        order->ToFastInfosetStream();
+    } catch (const COrvexException& e) {
+        binaryFailure = e.GetMessage();
+    }
+    EXPECT_FALSE(textFailure.empty());
+    EXPECT_EQ(binaryFailure, textFailure);
+}
+
+}  // namespace
