@@ -420,19 +420,19 @@ void CFastInfosetReader::ReadInitialVocabulary()
 {
     const unsigned int first = ReadOctet();
     const unsigned int second = ReadOctet();
-    auto strings = [this](std::vector<std::string>* table) {
+    auto strings = [this](Detail::CReaderStringTable* table) {
         for (std::uint32_t n = ReadSequenceLength(); n > 0; --n) {
             ReadOctet();
             const std::uint64_t length = ReadLengthOnSecondBit();
             const std::string_view text = ReadUtf8String(length);
-            if (table) table->emplace_back(text);
+            if (table) table->Add(text);
         }
     };
-    auto encodedStrings = [this](std::vector<std::string>* table) {
+    auto encodedStrings = [this](Detail::CReaderStringTable* table) {
         for (std::uint32_t n = ReadSequenceLength(); n > 0; --n) {
             ReadOctet();
             const std::string_view text = ReadEncodedCharacterStringOnThirdBit();
-            if (table) table->emplace_back(text);
+            if (table) table->Add(text);
         }
     };
     auto surrogates = [this](std::vector<CReaderNameSurrogate>& table) {
@@ -563,44 +563,61 @@ bool CFastInfosetReader::ReadElementHead()
     } else {
         name = CReaderVocabulary::At(m_vocabulary->elementNames, ReadIntegerOnThirdBit());
     }
-    const std::string& localName = CReaderVocabulary::At(m_vocabulary->localNames, name.localName);
-    const std::string* namespaceName = nullptr;
-    if (name.namespaceName) namespaceName = &CReaderVocabulary::At(m_vocabulary->namespaceNames, name.namespaceName);
-    Charge(localName.size() + (namespaceName ? namespaceName->size() : 0));
-    CXmlElement* element = m_document->AddElement(namespaceName ? std::string_view(*namespaceName) : std::string_view(),
-                                                  localName);
+    const std::string_view localName = m_vocabulary->localNames.At(name.localName);
+    std::string_view namespaceName;
+    if (name.namespaceName) namespaceName = m_vocabulary->namespaceNames.At(name.namespaceName);
+    Charge(localName.size() + namespaceName.size());
+    CXmlElement* element = m_document->AddElement(namespaceName, localName);
     if (first & 0x40) {
+        // Attributes are gathered first so that the element's list is sized once.
+        std::size_t count = 0;
         unsigned int octet = ReadOctet();
         while (octet < 0x80) {
-            ReadAttribute(element);
+            ReadAttribute(count++);
             octet = ReadOctet();
+        }
+        CXmlDocument::ReserveAttributes(element, count);
+        for (std::size_t i = 0; i < count; ++i) {
+            const CReaderNameSurrogate& name = CReaderVocabulary::At(m_vocabulary->attributeNames, m_pendingNames[i]);
+            const std::string_view localName = m_vocabulary->localNames.At(name.localName);
+            std::string_view namespaceName;
+            if (name.namespaceName)
+                namespaceName = m_vocabulary->namespaceNames.At(name.namespaceName);
+            const std::string& value = m_pendingValues[i];
+            Charge(localName.size() + namespaceName.size() + value.size());
+            CXmlDocument::AddElementAttributeView(element, localName, value, namespaceName);
         }
         if (octet == 0xFF) return false;
     }
     return true;
 }
 
-void CFastInfosetReader::ReadAttribute(CXmlElement* element)
+// Reads attribute number slot of the element being read into the pending lists.
+void CFastInfosetReader::ReadAttribute(std::size_t slot)
 {
-    CReaderNameSurrogate name;
-    if ((Current() & 0x78) == 0x78)
-        name = ReadQualifiedName(false);
-    else
-        name = CReaderVocabulary::At(m_vocabulary->attributeNames, ReadIntegerOnSecondBit());
-
-    std::string_view value;
-    if (ReadNonIdentifyingStringOrIndexOnFirstBit()) {
-        if (m_lastIndex > 0) value = CReaderVocabulary::At(m_vocabulary->attributeValues, m_lastIndex);
+    std::uint32_t name;
+    if ((Current() & 0x78) == 0x78) {
+        ReadQualifiedName(false);
+        name = static_cast<std::uint32_t>(m_vocabulary->attributeNames.size());
     } else {
-        if (m_addToTable) m_vocabulary->attributeValues.emplace_back(m_lastLiteral);
-        value = m_lastLiteral;
+        name = ReadIntegerOnSecondBit();
+        CReaderVocabulary::At(m_vocabulary->attributeNames, name);  // fails for one that does not exist
     }
-    // The name's strings are looked up only now: adding the value may move table entries.
-    const std::string& localName = CReaderVocabulary::At(m_vocabulary->localNames, name.localName);
-    std::string_view namespaceName;
-    if (name.namespaceName) namespaceName = CReaderVocabulary::At(m_vocabulary->namespaceNames, name.namespaceName);
-    Charge(localName.size() + namespaceName.size() + value.size());
-    CXmlDocument::AddElementAttributeView(element, localName, value, namespaceName);
+    if (slot == m_pendingNames.size()) {
+        m_pendingNames.emplace_back();
+        m_pendingValues.emplace_back();
+    }
+    m_pendingNames[slot] = name;
+    std::string& value = m_pendingValues[slot];
+    if (ReadNonIdentifyingStringOrIndexOnFirstBit()) {
+        if (m_lastIndex > 0)
+            value.assign(m_vocabulary->attributeValues.At(m_lastIndex));
+        else
+            value.clear();
+    } else {
+        if (m_addToTable) m_vocabulary->attributeValues.Add(m_lastLiteral);
+        value.assign(m_lastLiteral.data(), m_lastLiteral.size());
+    }
 }
 
 void CFastInfosetReader::ReadNamespaceAttribute(unsigned int octet)
@@ -609,8 +626,8 @@ void CFastInfosetReader::ReadNamespaceAttribute(unsigned int octet)
     const std::uint32_t namespaceName = (octet & 0x01) ? ReadIdentifier(m_vocabulary->namespaceNames) : 0;
     std::string_view prefixText;
     std::string_view namespaceText;
-    if (prefix) prefixText = m_vocabulary->prefixes[prefix - 1];
-    if (namespaceName) namespaceText = m_vocabulary->namespaceNames[namespaceName - 1];
+    if (prefix) prefixText = m_vocabulary->prefixes.At(prefix);
+    if (namespaceName) namespaceText = m_vocabulary->namespaceNames.At(namespaceName);
     Charge(prefixText.size() + namespaceText.size());
     m_document->SetNamespaceAlias(prefixText, namespaceText);
 }
@@ -619,10 +636,10 @@ void CFastInfosetReader::ReadCharacterChunk()
 {
     std::string_view text;
     if (ReadNonIdentifyingStringOrIndexOnThirdBit()) {
-        text = CReaderVocabulary::At(m_vocabulary->contentChunks, m_lastIndex);
+        text = m_vocabulary->contentChunks.At(m_lastIndex);
         Charge(text.size());
     } else {
-        if (m_addToTable) m_vocabulary->contentChunks.emplace_back(m_lastLiteral);
+        if (m_addToTable) m_vocabulary->contentChunks.Add(m_lastLiteral);
         text = m_lastLiteral;
     }
     CXmlDocument::AppendTextExcludingCR(m_document->GetOpenElement(), text.data(),
@@ -665,14 +682,14 @@ CReaderNameSurrogate CFastInfosetReader::ReadQualifiedName(bool forElement)
     return name;
 }
 
-std::uint32_t CFastInfosetReader::ReadIdentifier(std::vector<std::string>& table)
+std::uint32_t CFastInfosetReader::ReadIdentifier(Detail::CReaderStringTable& table)
 {
     if (ReadIdentifyingStringOrIndex()) {
-        CReaderVocabulary::At(table, m_lastIndex);  // fails for an entry that does not exist
+        table.At(m_lastIndex);  // fails for an entry that does not exist
         return m_lastIndex;
     }
-    table.emplace_back(m_lastLiteral);
-    return static_cast<std::uint32_t>(table.size());
+    table.Add(m_lastLiteral);
+    return table.Size();
 }
 
 void CFastInfosetReader::Charge(std::size_t bytes)

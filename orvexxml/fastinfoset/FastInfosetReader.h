@@ -20,6 +20,7 @@ class CXmlElement;
 
 namespace Detail {
 class CReaderVocabulary;
+class CReaderStringTable;
 struct CReaderNameSurrogate;
 }  // namespace Detail
 
@@ -78,7 +79,7 @@ private:
     void ReadDocumentChildren();
     bool ReadElementTree();
     bool ReadElementHead();
-    void ReadAttribute(CXmlElement* element);
+    void ReadAttribute(std::size_t slot);
     void ReadNamespaceAttribute(unsigned int octet);
     void ReadCharacterChunk();
     void ReadProcessingInstruction();
@@ -86,7 +87,7 @@ private:
     void ReadEntityReference(unsigned int octet);
     // Literal name: parts read (literals added to their tables), triple appended to table.
     Detail::CReaderNameSurrogate ReadQualifiedName(bool forElement);
-    std::uint32_t ReadIdentifier(std::vector<std::string>& table);
+    std::uint32_t ReadIdentifier(Detail::CReaderStringTable& table);
     // Copies of table entries into the tree are counted against a budget that grows
     // with the input, so a small input can't make the reader build a huge tree.
     void Charge(std::size_t bytes);
@@ -105,6 +106,9 @@ private:
     std::string m_holder;
     std::string m_decoded;
     std::u16string m_wide;
+    // Attributes of the element being read: name surrogate index and value.
+    std::vector<std::uint32_t> m_pendingNames;
+    std::vector<std::string> m_pendingValues;
 };
 
 }  // namespace OrvexXmlLib5

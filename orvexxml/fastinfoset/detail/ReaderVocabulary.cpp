@@ -34,7 +34,7 @@ const char* const kReaderDeclarations[9] = {
 };
 
 CReaderVocabulary::CReaderVocabulary()
-    : prefixes{"xml"}, namespaceNames{"http://www.w3.org/XML/1998/namespace"}
+    : prefixes("xml"), namespaceNames("http://www.w3.org/XML/1998/namespace")
 {
     m_alphabets.reserve(kFirstDeclaredAlphabet);
     // The numeric alphabet holds an upper-case E. Writers put the exponent of a
@@ -45,10 +45,16 @@ CReaderVocabulary::CReaderVocabulary()
     m_alphabets.resize(kFirstDeclaredAlphabet - 1);
 }
 
-const std::string& CReaderVocabulary::At(const std::vector<std::string>& table, std::uint32_t index)
+CReaderStringTable::CReaderStringTable(std::string_view first)
 {
-    if (index == 0 || index > table.size()) IndexOutOfRange();
-    return table[index - 1];
+    if (!first.empty()) Add(first);
+}
+
+std::string_view CReaderStringTable::At(std::uint32_t index) const
+{
+    if (index == 0 || index > m_entries.size()) IndexOutOfRange();
+    const auto& entry = m_entries[index - 1];
+    return std::string_view(m_text.data() + entry.first, entry.second);
 }
 
 const CReaderNameSurrogate& CReaderVocabulary::At(const std::vector<CReaderNameSurrogate>& table,

@@ -6,6 +6,8 @@
 #include <cstddef>
 #include <cstdint>
 #include <string>
+#include <string_view>
+#include <utility>
 #include <vector>
 
 namespace OrvexXmlLib5 {
@@ -24,6 +26,28 @@ struct CReaderNameSurrogate
 // is the number that stands for it in an encoded string.
 using CReaderAlphabet = std::vector<std::string>;
 
+// Strings that only grow at the end, kept one after the other in one buffer so that an
+// entry costs no allocation of its own. A view from At lasts until the next Add.
+class CReaderStringTable
+{
+public:
+    explicit CReaderStringTable(std::string_view first = std::string_view());
+
+    void Add(std::string_view text)
+    {
+        m_entries.emplace_back(m_text.size(), text.size());
+        m_text.append(text.data(), text.size());
+    }
+    // Entry index; fails with "Failed to parse FastInfoset. Index out of range of its
+    // table." for 0 or an index past the end.
+    std::string_view At(std::uint32_t index) const;
+    std::uint32_t Size() const { return static_cast<std::uint32_t>(m_entries.size()); }
+
+private:
+    std::string m_text;
+    std::vector<std::pair<std::size_t, std::size_t>> m_entries;  // offset and length
+};
+
 class CReaderVocabulary
 {
 public:
@@ -35,20 +59,18 @@ public:
     // numeric and date-time alphabets at 1 and 2.
     CReaderVocabulary();
 
-    // Entry index of table; fails with "Failed to parse FastInfoset. Index out of
-    // range of its table." for 0 or an index past the end.
-    static const std::string& At(const std::vector<std::string>& table, std::uint32_t index);
+    // Entry index of table; fails as CReaderStringTable::At does.
     static const CReaderNameSurrogate& At(const std::vector<CReaderNameSurrogate>& table, std::uint32_t index);
     // Null for an index that nothing defined.
     const CReaderAlphabet* Alphabet(std::uint32_t index) const;
     // Splits the UTF-8 characters of text into a new alphabet at the end of the table.
     void AddAlphabet(const char* text, std::size_t length);
 
-    std::vector<std::string> prefixes;
-    std::vector<std::string> namespaceNames;
-    std::vector<std::string> localNames;
-    std::vector<std::string> attributeValues;
-    std::vector<std::string> contentChunks;
+    CReaderStringTable prefixes;
+    CReaderStringTable namespaceNames;
+    CReaderStringTable localNames;
+    CReaderStringTable attributeValues;
+    CReaderStringTable contentChunks;
     std::vector<CReaderNameSurrogate> elementNames;
     std::vector<CReaderNameSurrogate> attributeNames;
 
