@@ -421,3 +421,15 @@ TEST(FastInfosetReader, EveryTruncationAndOctetCorruptionFailsCleanly)
         }
     }
 }
+
+TEST(FastInfosetReader, DeepNestingCostsNoStack)
+{
+    const std::size_t depth = 300000;
+    const Bytes bytes = kHeader + Octets({0x3C}) + Identifier("a") + std::string(depth, '\0') +
+                        std::string(depth + 2, static_cast<char>(0xF0));
+    CXmlDocument document;
+    Load(document, bytes);
+    std::size_t levels = 0;
+    for (const CXmlElement* e = document.GetDocumentElement(); e; e = e->GetFirstElement()) ++levels;
+    EXPECT_EQ(levels, depth + 1);
+}
