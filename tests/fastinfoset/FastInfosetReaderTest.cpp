@@ -408,9 +408,9 @@ TEST(FastInfosetReader, EveryTruncationAndOctetCorruptionFailsCleanly)
             const std::string message = Failure(bytes.substr(0, cut));
             ASSERT_TRUE(IsReaderFailure(message)) << "cut at " << cut << ": " << message;
         }
-        const std::size_t stride = std::max<std::size_t>(1, bytes.size() / 150);
+        const std::size_t stride = std::max<std::size_t>(1, bytes.size() / 120);
         for (std::size_t at = 4; at < bytes.size(); at += stride) {
-            for (unsigned int change : {0x01u, 0x10u, 0x80u, 0xFFu}) {
+            for (unsigned int change : {0x01u, 0x80u, 0xFFu}) {
                 Bytes damaged = bytes;
                 damaged[at] = static_cast<char>(damaged[at] ^ change);
                 const std::string message = Failure(damaged);
