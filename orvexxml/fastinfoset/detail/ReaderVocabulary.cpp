@@ -14,7 +14,7 @@ CReaderAlphabet FromAscii(const char* characters)
     return alphabet;
 }
 
-[[noreturn]] void IndexOutOfRange()
+[[noreturn]] void ThrowIndexOutOfRange()
 {
     throw COrvexException("Failed to parse FastInfoset. Index out of range of its table.");
 }
@@ -50,17 +50,15 @@ CReaderStringTable::CReaderStringTable(std::string_view first)
     if (!first.empty()) Add(first);
 }
 
-std::string_view CReaderStringTable::At(std::uint32_t index) const
+void CReaderStringTable::IndexOutOfRange()
 {
-    if (index == 0 || index > m_entries.size()) IndexOutOfRange();
-    const auto& entry = m_entries[index - 1];
-    return std::string_view(m_text.data() + entry.first, entry.second);
+    ThrowIndexOutOfRange();
 }
 
 const CReaderNameSurrogate& CReaderVocabulary::At(const std::vector<CReaderNameSurrogate>& table,
                                                   std::uint32_t index)
 {
-    if (index == 0 || index > table.size()) IndexOutOfRange();
+    if (index == 0 || index > table.size()) ThrowIndexOutOfRange();
     return table[index - 1];
 }
 

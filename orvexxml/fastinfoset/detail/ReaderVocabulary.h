@@ -40,10 +40,17 @@ public:
     }
     // Entry index; fails with "Failed to parse FastInfoset. Index out of range of its
     // table." for 0 or an index past the end.
-    std::string_view At(std::uint32_t index) const;
+    std::string_view At(std::uint32_t index) const
+    {
+        if (index == 0 || index > m_entries.size()) IndexOutOfRange();
+        const auto& entry = m_entries[index - 1];
+        return std::string_view(m_text.data() + entry.first, entry.second);
+    }
     std::uint32_t Size() const { return static_cast<std::uint32_t>(m_entries.size()); }
 
 private:
+    [[noreturn]] static void IndexOutOfRange();
+
     std::string m_text;
     std::vector<std::pair<std::size_t, std::size_t>> m_entries;  // offset and length
 };
