@@ -578,14 +578,14 @@ bool CFastInfosetReader::ReadElementHead()
         }
         CXmlDocument::ReserveAttributes(element, count);
         for (std::size_t i = 0; i < count; ++i) {
-            const CReaderNameSurrogate& name = CReaderVocabulary::At(m_vocabulary->attributeNames, m_pendingNames[i]);
-            const std::string_view localName = m_vocabulary->localNames.At(name.localName);
-            std::string_view namespaceName;
-            if (name.namespaceName)
-                namespaceName = m_vocabulary->namespaceNames.At(name.namespaceName);
+            const CReaderNameSurrogate& attribute = CReaderVocabulary::At(m_vocabulary->attributeNames, m_pendingNames[i]);
+            const std::string_view attributeLocal = m_vocabulary->localNames.At(attribute.localName);
+            std::string_view attributeNamespace;
+            if (attribute.namespaceName)
+                attributeNamespace = m_vocabulary->namespaceNames.At(attribute.namespaceName);
             const std::string& value = m_pendingValues[i];
-            Charge(localName.size() + namespaceName.size() + value.size());
-            CXmlDocument::AddElementAttributeView(element, localName, value, namespaceName);
+            Charge(attributeLocal.size() + attributeNamespace.size() + value.size());
+            CXmlDocument::AddElementAttributeView(element, attributeLocal, value, attributeNamespace);
         }
         if (octet == 0xFF) return false;
     }
