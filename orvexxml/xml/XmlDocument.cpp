@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "orvexxml/frame/OrvexException.h"
+#include "orvexxml/fastinfoset/FastInfosetReader.h"
 #include "orvexxml/xml/ExpatReader.h"
 
 namespace OrvexXmlLib5 {
@@ -156,19 +157,33 @@ void CXmlDocument::LoadXml(const unsigned short* text)
     Parse(true);
 }
 
+void CXmlDocument::LoadXmlStream(unsigned char* const data, unsigned long length)
+{
+    Cleanup();
+    if (!data || length == 0) throw COrvexException("XML Stream is empty!");
+    std::memcpy(AllocateInput(length), data, length);
+    Parse(false);
+}
+
 void CXmlDocument::Parse(bool isText)
 {
-    // Text given as a string is always XML text; bytes from a stream or a file may
-    // take other routes before they reach the text parser.
-    static_cast<void>(isText);
     struct InputRelease
     {
         CXmlDocument* document;
         ~InputRelease() { document->FreeInput(); }
     } release{this};
 
-    CExpatReader reader(this);
-    reader.Parse();
+    // Text given as a string is always XML text; bytes may be a binary document,
+    // which its reader recognises by their first octets, touching nothing otherwise.
+    bool done = false;
+    if (!isText) {
+        CFastInfosetReader binaryReader(this);
+        done = binaryReader.Parse();
+    }
+    if (!done) {
+        CExpatReader reader(this);
+        reader.Parse();
+    }
     if (!m_documentElement) {
         Cleanup();
         throw COrvexException("Invalid or empty XML document");

@@ -134,6 +134,11 @@ public:
     // Parses zero-terminated UTF-16 text. Null or empty text reaches the parser and
     // fails with "Invalid or empty XML document".
     void LoadXml(const unsigned short* text);
+    // Parses a copy of length bytes: a binary (Fast Infoset) document, or XML text in
+    // any encoding the parser recognises. A length of 0 fails with "XML Stream is
+    // empty!"; a damaged binary document fails with a message that starts "Failed to
+    // parse FastInfoset.".
+    void LoadXmlStream(unsigned char* const data, unsigned long length);
 
     // Null before a successful load.
     CXmlElement* GetDocumentElement() const { return m_documentElement; }

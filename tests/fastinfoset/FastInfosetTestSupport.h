@@ -49,11 +49,11 @@ inline void WriteBinaryFile(const std::string& path, const std::string& bytes)
     out.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
 }
 
-// A committed vector: tests/fastinfoset/vectors/NAME.xml and the bytes that the
+// A committed vector: tests/fastinfoset/writer-vectors/NAME.xml and the bytes that the
 // Java library writes for it, NAME.finf (made by make.sh there).
 inline std::string VectorPath(const std::string& file)
 {
-    return OrvexExamples::ExamplePath("../tests/fastinfoset/vectors/" + file);
+    return OrvexExamples::ExamplePath("../tests/fastinfoset/writer-vectors/" + file);
 }
 
 // The Java Fast Infoset library behind the fi-oracle script beside the work
