@@ -4,6 +4,7 @@
 #include "orvexxml/frame/FormatString.h"
 #include "orvexxml/frame/OrvexException.h"
 #include "orvexxml/metadata/detail/ElementReading.h"
+#include "orvexxml/metadata/detail/UntypedReading.h"
 #include "orvexxml/xml/XmlDocument.h"
 
 namespace OrvexXmlLib5Data {
@@ -300,6 +301,40 @@ bool CElementInfoAllUntpdOpt::ElementToXml(const CXmlSerializationContext& conte
 
 bool CElementInfoAllUntpdOpt::Validate(const CXmlSerializationContext&, const CXmlGeneratedClass*, bool, bool) const
 {
+    return true;
+}
+
+bool CElementInfoAllUntpdMnd::ElementFromXml(const CXmlSerializationContext& context, CXmlGeneratedClass* owner,
+                                             CXmlElement* parent, CXmlElement** current, const char*, XmlElementType)
+{
+    if (!*current) return false;
+    OrvexVariant value;
+    AccessProperty(owner, true, value);
+    CSmartPtr<CXmlObjectBase> object = Detail::RequireObject(value, GetElementName());
+    CXmlElement* next = *current;
+    if (Detail::UntypedNameMatches(GetElementName(), *current)) next = FromXml_Int(object, parent, *current, context, false);
+    if (next == *current) return false;
+    *current = next;
+    return true;
+}
+
+bool CElementInfoAllUntpdOpt::ElementFromXml(const CXmlSerializationContext& context, CXmlGeneratedClass* owner,
+                                             CXmlElement* parent, CXmlElement** current, const char* parentNamespace,
+                                             XmlElementType)
+{
+    if (!*current) return false;
+    CXmlElement* next = nullptr;
+    CSmartPtr<CElement> element = Detail::ReadOptionalUntyped(
+        GetElementName(),
+        GetAnyDefaultNamespace(m_namespaceConstraint.c_str(), parentNamespace ? parentNamespace : "",
+                               m_targetNamespace.c_str()),
+        m_namespaceConstraint, m_targetNamespace, parent, *current, context, next);
+    // Unlike the choice, an element not taken leaves the property as it was.
+    if (next == *current) return false;
+    OrvexVariant value;
+    value.SetXmlObject(element.Get());
+    AccessProperty(owner, false, value);
+    *current = next;
     return true;
 }
 

@@ -305,6 +305,8 @@ public:
           m_targetNamespace(targetNamespace ? targetNamespace : "")
     {
     }
+    bool ElementFromXml(const CXmlSerializationContext& context, CXmlGeneratedClass* owner, CXmlElement* parent,
+                        CXmlElement** current, const char* parentNamespace, XmlElementType parentType) override;
     bool ElementToXml(const CXmlSerializationContext& context, const CXmlGeneratedClass* owner,
                       CXmlWriter* writer) const override;
     bool Validate(const CXmlSerializationContext& context, const CXmlGeneratedClass* owner, bool seen,
@@ -325,6 +327,8 @@ public:
           m_targetNamespace(targetNamespace ? targetNamespace : "")
     {
     }
+    bool ElementFromXml(const CXmlSerializationContext& context, CXmlGeneratedClass* owner, CXmlElement* parent,
+                        CXmlElement** current, const char* parentNamespace, XmlElementType parentType) override;
     bool ElementToXml(const CXmlSerializationContext& context, const CXmlGeneratedClass* owner,
                       CXmlWriter* writer) const override;
     bool Validate(const CXmlSerializationContext& context, const CXmlGeneratedClass* owner, bool seen,
