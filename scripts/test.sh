@@ -19,6 +19,9 @@ echo "== release build and tests"
 ./scripts/build.sh release
 run_ctest build
 
+echo "== real files through the schema-less element, judged by Python's parser"
+./scripts/roundtrip-real-files.sh
+
 echo "== installed package: shared and static, CMake and pkg-config consumers"
 ./scripts/package-test.sh
 

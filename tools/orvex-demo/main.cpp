@@ -2,7 +2,6 @@
 #include "orvexxml/OrvexXmlLib5.h"
 
 #include "examples/ExamplePaths.h"
-#include "examples/echo/EchoNode.h"
 #include "examples/purchase-order/PurchaseOrderTools.h"
 #include "examples/library/Library.h"
 
@@ -86,14 +85,15 @@ int ShowTree(const std::string& path)
     return 0;
 }
 
-// Reads the document into a schema-less object and writes it back, formatted.
-int Echo(const std::string& path)
+// Reads any document into an untyped CElement, without a schema, and writes it
+// back: compact when asked (so the text is exactly what was read), else formatted.
+int Echo(const std::string& path, bool compact)
 {
     std::string bytes;
     if (!ReadFile(path, bytes)) return 1;
-    OrvexExamples::CEchoNode node;
-    node.FromXml(bytes.c_str());
-    std::cout << node.ToXml(true, true, EOL_LF);
+    CSmartPtr<CElement> root(new CElement(""));
+    root->FromXml(bytes.c_str());
+    std::cout << root->ToXml(true, !compact, EOL_LF);
     return 0;
 }
 
@@ -168,7 +168,8 @@ int Usage()
                  "  po       read a purchase order, print a summary, add an item and write it back (default)\n"
                  "  library  read the lending library into its classes, change a price, write it back\n"
                  "  tree     load a document into the intermediate tree and print it\n"
-                 "  echo     read a document into objects and write it back, formatted\n";
+                 "  echo     read any document into a schema-less CElement and write it back, formatted\n"
+                 "  echo-compact  the same, unformatted\n";
     return 2;
 }
 
@@ -185,7 +186,8 @@ int main(int argc, char** argv)
         if (command == "po") return PurchaseOrder(path);
         if (command == "library") return LibraryDemo(path);
         if (command == "tree") return ShowTree(path);
-        if (command == "echo") return Echo(path);
+        if (command == "echo") return Echo(path, false);
+        if (command == "echo-compact") return Echo(path, true);
         return Usage();
     } catch (const COrvexException& e) {
         std::cerr << "orvex-demo: " << path;
