@@ -162,6 +162,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     } catch (const COrvexException& e) {
         Fail("what was read back does not write", written, e.GetFullMessage());
     }
-    if (rewritten != written) Fail("the second write differs from the first", written, rewritten);
+    // Indentation joins the text of mixed content, so only the plain form is a fixed point.
+    if (!(flags & 0x40) && rewritten != written) Fail("the second write differs from the first", written, rewritten);
     return 0;
 }
