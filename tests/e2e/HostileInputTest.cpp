@@ -7,12 +7,14 @@
 
 #include "TestUtil.h"
 #include "examples/ExamplePaths.h"
+#include "examples/binding/Order.h"
+#include "examples/echo/EchoNode.h"
 #include "examples/purchase-order/PurchaseOrderTools.h"
 
 using namespace OrvexXmlLib5;
 using namespace OrvexExamples;
 
-TEST(TruncatedInput, AnOrderCutAfterItsFirstItemFailsUnlessTheContextAllowsIt)
+TEST(HostileInput, AnOrderCutAfterItsFirstItemFailsUnlessTheContextAllowsIt)
 {
     const std::string whole = ReadTextFile(ExamplePath("purchase-order/po.xml"));
     const std::string cut = whole.substr(0, whole.find("</item>") + 7);
@@ -39,7 +41,7 @@ TEST(TruncatedInput, AnOrderCutAfterItsFirstItemFailsUnlessTheContextAllowsIt)
     EXPECT_EQ(order->GetItems()->GetItem()->GetCount(), 2);
 }
 
-TEST(TruncatedInput, EntityChainsAreRefusedUnlessTheContextAllowsThem)
+TEST(HostileInput, EntityChainsAreRefusedUnlessTheContextAllowsThem)
 {
     std::string chain = "<!DOCTYPE purchaseOrder [\n";
     for (int i = 0; i < 20000; ++i)
@@ -62,7 +64,7 @@ TEST(TruncatedInput, EntityChainsAreRefusedUnlessTheContextAllowsThem)
     EXPECT_EQ(order->GetComment(), "x");
 }
 
-TEST(TruncatedInput, AnEmptyProcessingInstructionWritesAndReadsBack)
+TEST(HostileInput, AnEmptyProcessingInstructionWritesAndReadsBack)
 {
     CSmartPtr<CPurchaseOrder> order = CPurchaseOrder::CreateInstance();
     order->FromXml(ReadTextFile(ExamplePath("purchase-order/po.xml")).c_str());
@@ -73,4 +75,30 @@ TEST(TruncatedInput, AnEmptyProcessingInstructionWritesAndReadsBack)
     CSmartPtr<CPurchaseOrder> again = CPurchaseOrder::CreateInstance();
     again->FromXml(written.c_str());
     EXPECT_EQ(again->ToXml(false, false, EOL_LF), order->ToXml(false, false, EOL_LF));
+}
+
+TEST(HostileInput, NamespaceUrisNeedingEscapesAndTheXmlNamespaceWriteAndReadBack)
+{
+    const std::string xml =
+        "<o:Order xmlns:o='urn:orvex:order' xmlns:x='urn:a&amp;b&lt;&quot;' id='42' status='held' x:flag='1' "
+        "xml:lang='en'><o:Customer><o:Name>Ada</o:Name><o:Address><o:Street>1 Way</o:Street><o:City>Leeds</o:City>"
+        "</o:Address></o:Customer><o:Line sku='A1'><o:Quantity>3</o:Quantity></o:Line></o:Order>";
+    CSmartPtr<COrder> order = COrder::CreateInstance();
+    order->FromXml(xml.c_str());
+    const std::string written = order->ToXml(false, false, EOL_LF);
+    EXPECT_NE(std::string::npos, written.find(" xmlns:AB=\"urn:a&amp;b&lt;&quot;\" AB:flag=\"1\"")) << written;
+    EXPECT_NE(std::string::npos, written.find(" xml:lang=\"en\"")) << written;
+    EXPECT_EQ(std::string::npos, written.find("XML/1998")) << written;
+    CSmartPtr<COrder> again = COrder::CreateInstance();
+    again->FromXml(written.c_str());
+    EXPECT_EQ(again->ToXml(false, false, EOL_LF), written);
+
+    // An element of the XML namespace keeps its reserved prefix too.
+    CEchoNode echo;
+    echo.FromXml("<r xmlns:p='urn:p&amp;q'><xml:note p:a='1'>t</xml:note></r>");
+    const std::string echoed = echo.ToXml(false, false, EOL_LF);
+    EXPECT_EQ(echoed, "<r><xml:note xmlns:AA=\"urn:p&amp;q\" AA:a=\"1\">t</xml:note></r>");
+    CEchoNode echoAgain;
+    echoAgain.FromXml(echoed.c_str());
+    EXPECT_EQ(echoAgain.ToXml(false, false, EOL_LF), echoed);
 }
