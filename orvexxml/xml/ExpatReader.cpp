@@ -15,9 +15,11 @@ namespace OrvexXmlLib5 {
 
 namespace {
 
-// Expat joins a namespace URI and a local name with this byte. It is not a name
-// character, so the last one in a joined name is the boundary.
-constexpr char kNamespaceSeparator = '|';
+// Expat joins a namespace URI and a local name with this byte, and refuses a
+// namespace URI that holds it. XML allows this control character nowhere, not even
+// as a reference, so no document is refused for its URIs, and the last one in a
+// joined name is the boundary.
+constexpr char kNamespaceSeparator = '\x01';
 
 struct SplitName
 {

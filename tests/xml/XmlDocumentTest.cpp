@@ -251,6 +251,19 @@ TEST(XmlDocument, LongNamesDeepNestingAndManySiblingsLoadAndRelease)
     EXPECT_EQ(seen, count);
 }
 
+TEST(XmlDocument, NamespaceUrisMayHoldAnyCharacter)
+{
+    CXmlDocument document;
+    document.LoadXml("<a xmlns='urn:a|b' xmlns:p='x|y&#9;&#x7F;' p:q='1'><p:c/></a>");
+    const CXmlElement* root = document.GetDocumentElement();
+    EXPECT_EQ(root->GetNamespaceURI(), "urn:a|b");
+    EXPECT_EQ(root->GetLocalName(), "a");
+    EXPECT_EQ(root->GetAttribute("q", "x|y\t\x7F"), "1");
+    EXPECT_EQ(root->GetFirstElement()->GetNamespaceURI(), "x|y\t\x7F");
+    EXPECT_EQ(root->GetFirstElement()->GetLocalName(), "c");
+    EXPECT_EQ(document.LookupNamespaceFromAlias("p"), "x|y\t\x7F");
+}
+
 TEST(XmlDocument, WithoutNamespaceProcessingPrefixesStayInNames)
 {
     CXmlDocument document(SchemaType_NoNamespaces);
