@@ -53,7 +53,7 @@ CXmlElement* CXmlObjectBase::FromXml_Int(CXmlObjectBase* object, CXmlElement* el
 
 void CXmlObjectBase::FromXml(const char* xml, const CXmlSerializationContext& context)
 {
-    CXmlDocument document(context.GetSchemaType());
+    CXmlDocument document(context);
     document.LoadXml(xml);
     CXmlElement* root = document.GetDocumentElement();
     FromXml_Int(root, root->GetFirstElement(), context, false);
@@ -61,7 +61,7 @@ void CXmlObjectBase::FromXml(const char* xml, const CXmlSerializationContext& co
 
 void CXmlObjectBase::FromXml(const unsigned short* xml, const CXmlSerializationContext& context)
 {
-    CXmlDocument document(context.GetSchemaType());
+    CXmlDocument document(context);
     document.LoadXml(xml);
     CXmlElement* root = document.GetDocumentElement();
     FromXml_Int(root, root->GetFirstElement(), context, false);

@@ -12,7 +12,9 @@ CXmlSerializationContext::CXmlSerializationContext()
       m_ignoreUnknownElements(false),
       m_ignoreUnknownAttributes(false),
       m_ignoreNamespaces(false),
-      m_schemaType(SchemaType_Namespaced)
+      m_schemaType(SchemaType_Namespaced),
+      m_allowTruncatedDocuments(false),
+      m_allowManyEntityDeclarations(false)
 {
 }
 

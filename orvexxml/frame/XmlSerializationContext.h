@@ -76,6 +76,20 @@ public:
     // one comes back from then on; a context used on two threads must have it made first.
     CSmartPtr<CAttributeCol> GetAdditionalRootAttributes() const;
 
+    // Reading XML text, the parser is told where the input ends, so a document cut
+    // short fails with the parser's message and line instead of loading the part
+    // before the cut. True brings back the older reading, which loads that part
+    // without error.
+    bool GetAllowTruncatedDocuments() const { return m_allowTruncatedDocuments; }
+    void SetAllowTruncatedDocuments(bool value) { m_allowTruncatedDocuments = value; }
+    // A document type declaration may declare at most CXmlDocument::MaxEntityDeclarations
+    // entities; one more fails the read with COrvexException. Chains of entities that
+    // refer to each other make some parser versions recurse once per link, so a
+    // document of a few hundred kilobytes can exhaust the stack. True lifts the limit,
+    // for trusted input only.
+    bool GetAllowManyEntityDeclarations() const { return m_allowManyEntityDeclarations; }
+    void SetAllowManyEntityDeclarations(bool value) { m_allowManyEntityDeclarations = value; }
+
 private:
     std::string m_defaultNamespaceUri;
     CNamespaceAliasMap m_namespaceAliases;
@@ -89,6 +103,8 @@ private:
     bool m_ignoreUnknownAttributes;
     bool m_ignoreNamespaces;
     SchemaType m_schemaType;
+    bool m_allowTruncatedDocuments;
+    bool m_allowManyEntityDeclarations;
 };
 
 }  // namespace OrvexXmlLib5

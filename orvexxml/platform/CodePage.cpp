@@ -270,6 +270,17 @@ std::u32string LocalToCodePoints(const char* text, std::size_t length)
             --inLeft;
         }
     }
+    // The decoders of 1255 and 1258 hold a base letter back until they know whether
+    // a combining mark follows; without this flush the last letter of the text is lost.
+    for (;;) {
+        if (used + 2 > out.size()) out.resize(out.size() * 2);
+        char* dst = reinterpret_cast<char*>(&out[used]);
+        std::size_t outLeft = (out.size() - used) * 4;
+        std::size_t r = iconv(conv.fromLocal, nullptr, nullptr, &dst, &outLeft);
+        used = out.size() - outLeft / 4;
+        if (r != static_cast<std::size_t>(-1) || errno != E2BIG) break;
+        out.resize(out.size() * 2);
+    }
     out.resize(used);
     return out;
 }

@@ -15,9 +15,11 @@ namespace OrvexXmlLib5 {
 
 namespace {
 
-// Expat joins a namespace URI and a local name with this byte. It is not a name
-// character, so the last one in a joined name is the boundary.
-constexpr char kNamespaceSeparator = '|';
+// Expat joins a namespace URI and a local name with this byte, and refuses a
+// namespace URI that holds it. XML allows this control character nowhere, not even
+// as a reference, so no document is refused for its URIs, and the last one in a
+// joined name is the boundary.
+constexpr char kNamespaceSeparator = '\x01';
 
 struct SplitName
 {
@@ -82,10 +84,22 @@ struct CExpatReader::Callbacks
     }
 
     static void XMLCALL OnEndNamespace(void*, const XML_Char*) {}
+
+    static void XMLCALL OnEntityDecl(void* userData, const XML_Char*, int, const XML_Char* value, int,
+                                     const XML_Char*, const XML_Char*, const XML_Char*, const XML_Char*)
+    {
+        // Only internal entities (those with replacement text) are expanded here;
+        // external ones are never fetched.
+        if (value) Guard(userData, [&](CExpatReader* reader) { reader->EntityDecl(); });
+    }
 };
 
 CExpatReader::CExpatReader(CXmlDocument* document)
-    : CInstanceMonitor("CExpatReader"), m_document(document), m_parser(nullptr), m_localIsUtf8(true)
+    : CInstanceMonitor("CExpatReader"),
+      m_document(document),
+      m_parser(nullptr),
+      m_localIsUtf8(true),
+      m_entityDeclarations(0)
 {
 }
 
@@ -101,6 +115,7 @@ void CExpatReader::Parse()
         m_parser = nullptr;
     }
     m_failure = nullptr;
+    m_entityDeclarations = 0;
     m_localIsUtf8 = Platform::LocalIsUtf8();
 
     // Without namespace processing, xmlns declarations arrive as plain attributes and
@@ -123,10 +138,10 @@ void CExpatReader::Parse()
     XML_SetElementHandler(m_parser, &Callbacks::OnStartElement, &Callbacks::OnEndElement);
     XML_SetNamespaceDeclHandler(m_parser, &Callbacks::OnStartNamespace, &Callbacks::OnEndNamespace);
     XML_SetCharacterDataHandler(m_parser, &Callbacks::OnCharacterData);
+    if (!m_document->GetAllowManyEntityDeclarations())
+        XML_SetEntityDeclHandler(m_parser, &Callbacks::OnEntityDecl);
 
-    // The parser is never told that the input has ended: errors that only show at the
-    // end of input (an unclosed root, no element at all) are not raised here. XML_Parse
-    // takes an int length, so a buffer beyond that is fed in pieces.
+    // XML_Parse takes an int length, so a buffer beyond that is fed in pieces.
     const char* data = reinterpret_cast<const char*>(m_document->GetInput());
     std::size_t left = m_document->GetInputLength();
     XML_Status status;
@@ -136,6 +151,17 @@ void CExpatReader::Parse()
         data += piece;
         left -= static_cast<std::size_t>(piece);
     } while (status == XML_STATUS_OK && left > 0);
+
+    // The older reading never told the parser that the input ends, so a document cut
+    // short loaded the part before the cut without error and data went missing
+    // unnoticed. This reader says so in a last, empty call, unless the document allows
+    // truncation: errors that only show at the end (an unclosed element, an unfinished
+    // token) then fail the load. When no element was read at all, the document's own
+    // "Invalid or empty XML document" stays the message, as it was.
+    if (status == XML_STATUS_OK && !m_failure && !m_document->GetAllowTruncatedDocuments()) {
+        status = XML_Parse(m_parser, data, 0, 1);
+        if (status == XML_STATUS_ERROR && !m_failure && !m_document->GetDocumentElement()) return;
+    }
 
     if (m_failure) std::rethrow_exception(m_failure);
     if (status == XML_STATUS_ERROR) {
@@ -192,6 +218,16 @@ void CExpatReader::CharacterData(const char* text, int length)
     if (!element) return;
     std::string_view local = ToLocal(text, static_cast<std::size_t>(length), m_valueHolder);
     CXmlDocument::AppendTextExcludingCR(element, local.data(), static_cast<unsigned long>(local.size()));
+}
+
+void CExpatReader::EntityDecl()
+{
+    // Refused before any reference to the entity can be expanded, so the parser never
+    // nests deeper than the limit.
+    if (++m_entityDeclarations > CXmlDocument::MaxEntityDeclarations)
+        throw COrvexException(FormatString(
+            "The document declares more than %d entities at line %d; the serialization context can allow more",
+            CXmlDocument::MaxEntityDeclarations, static_cast<int>(XML_GetCurrentLineNumber(m_parser))));
 }
 
 void CExpatReader::NamespaceDecl(const char* prefix, const char* uri)

@@ -26,10 +26,13 @@ public:
     CExpatReader& operator=(const CExpatReader&) = delete;
     virtual ~CExpatReader();
 
-    // Parses the whole input buffer in one go without telling the parser that the
-    // input ends, so a document cut short loads what was read. A parser error fails
-    // with COrvexException "<parser text> at line <n>"; a failure while building the
-    // tree leaves as it was raised. The parser is released on every way out.
+    // Parses the whole input buffer and then tells the parser that the input ends,
+    // unless the document allows truncated documents (then a document cut short loads
+    // what was read). A parser error fails with COrvexException "<parser text> at line
+    // <n>", except an end-of-input error with no element read, which returns and leaves
+    // the empty document to fail; an entity declaration beyond the document's limit
+    // fails with COrvexException; a failure while building the tree leaves as it was
+    // raised. The parser is released on every way out.
     void Parse();
 
 private:
@@ -40,6 +43,7 @@ private:
     void EndElement();
     void CharacterData(const char* text, int length);
     void NamespaceDecl(const char* prefix, const char* uri);
+    void EntityDecl();
 
     // Parser text (UTF-8) as library text. The result views either the parser's own
     // bytes (UTF-8 local encoding, or pure ASCII) or holder, which keeps a conversion.
@@ -51,6 +55,8 @@ private:
     // once XML_Parse has returned.
     std::exception_ptr m_failure;
     bool m_localIsUtf8;
+    // Internal entities declared so far in this parse.
+    int m_entityDeclarations;
     // Conversion holders for the local code pages other than UTF-8, reused so that
     // their capacity carries from one callback to the next.
     std::string m_namespaceHolder;

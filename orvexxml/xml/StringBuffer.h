@@ -34,6 +34,8 @@ public:
     void Append(const std::string& text) { Append(text.data(), text.size()); }
     void Append(const char* text, std::size_t length)
     {
+        // Before the first chunk there is no target at all, not even for no bytes.
+        if (length == 0) return;
         if (length <= m_lastCapacity - m_used) {
             std::memcpy(m_lastChunk + m_used, text, length);
             m_used += length;

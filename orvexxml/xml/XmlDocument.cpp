@@ -112,8 +112,19 @@ CXmlAttribute* CXmlElement::AddAttributeView(std::string_view localName, std::st
 // ---- CXmlDocument ----
 
 CXmlDocument::CXmlDocument(SchemaType schemaType)
-    : CInstanceMonitor("CXmlDocument"), m_documentElement(nullptr), m_inputLength(0), m_schemaType(schemaType)
+    : CInstanceMonitor("CXmlDocument"),
+      m_documentElement(nullptr),
+      m_inputLength(0),
+      m_schemaType(schemaType),
+      m_allowTruncatedDocuments(false),
+      m_allowManyEntityDeclarations(false)
 {
+}
+
+CXmlDocument::CXmlDocument(const CXmlSerializationContext& context) : CXmlDocument(context.GetSchemaType())
+{
+    m_allowTruncatedDocuments = context.GetAllowTruncatedDocuments();
+    m_allowManyEntityDeclarations = context.GetAllowManyEntityDeclarations();
 }
 
 CXmlDocument::~CXmlDocument()

@@ -121,7 +121,13 @@ private:
 class ORVEXXML_API CXmlDocument : public CInstanceMonitor
 {
 public:
+    // Most entities a document type declaration may declare, general and parameter
+    // entities together, unless the document allows more.
+    static constexpr int MaxEntityDeclarations = 64;
+
     explicit CXmlDocument(SchemaType schemaType = SchemaType_Namespaced);
+    // Takes the schema type and the reading options of the context.
+    explicit CXmlDocument(const CXmlSerializationContext& context);
     CXmlDocument(const CXmlDocument&) = delete;
     CXmlDocument& operator=(const CXmlDocument&) = delete;
     virtual ~CXmlDocument();
@@ -129,7 +135,8 @@ public:
     // Parses UTF-8 text, or text whose declaration names an encoding the parser knows.
     // Null or empty text fails with "XML String is empty!"; a document without an
     // element fails with "Invalid or empty XML document"; a parser error fails with
-    // "<parser text> at line <n>".
+    // "<parser text> at line <n>", and so does a document cut short unless truncated
+    // documents are allowed.
     void LoadXml(const char* text);
     // Parses zero-terminated UTF-16 text. Null or empty text reaches the parser and
     // fails with "Invalid or empty XML document".
@@ -148,6 +155,12 @@ public:
     // Every prefix declared in the document with the URI that LookupNamespaceFromAlias gives.
     const std::map<std::string, std::string>& GetPrefixTable() const { return m_prefixTable; }
     SchemaType GetSchemaType() const { return m_schemaType; }
+
+    // Reading options, as on CXmlSerializationContext; both are off by default.
+    bool GetAllowTruncatedDocuments() const { return m_allowTruncatedDocuments; }
+    void SetAllowTruncatedDocuments(bool value) { m_allowTruncatedDocuments = value; }
+    bool GetAllowManyEntityDeclarations() const { return m_allowManyEntityDeclarations; }
+    void SetAllowManyEntityDeclarations(bool value) { m_allowManyEntityDeclarations = value; }
 
 protected:
     // Back to the empty state: tree, input buffer, open element stack and prefix table.
@@ -203,6 +216,8 @@ private:
     std::unique_ptr<unsigned char[]> m_input;
     std::size_t m_inputLength;
     SchemaType m_schemaType;
+    bool m_allowTruncatedDocuments;
+    bool m_allowManyEntityDeclarations;
     // Storage of every node of the tree. Links between nodes never own, so the tree
     // is torn down without any walk.
     Detail::CNodePool<CXmlElement> m_elements;

@@ -7,6 +7,9 @@ namespace OrvexXmlLib5 {
 namespace {
 
 const char* const XsiNamespace = "http://www.w3.org/2001/XMLSchema-instance";
+// Bound to the prefix xml in every document; binding any other prefix to it, or
+// declaring it at all under another prefix, makes the output unreadable.
+const char* const XmlNamespace = "http://www.w3.org/XML/1998/namespace";
 
 }  // namespace
 
@@ -89,7 +92,8 @@ void CXmlTextWriter::AppendDeclaration(const std::string& prefix, const std::str
     m_buffer->Append(" xmlns:", 7);
     m_buffer->Append(prefix);
     m_buffer->Append("=\"", 2);
-    m_buffer->Append(namespaceUri);
+    // A URI is attribute text: one read from "a&amp;b" must not come out as "a&b".
+    m_buffer->AppendEscaped(namespaceUri.c_str(), m_eolType);
     m_buffer->AppendChar('"');
 }
 
@@ -132,6 +136,9 @@ void CXmlTextWriter::WriteStartElement(const std::string& localName, const std::
     m_buffer->AppendChar('<');
     if (namespaceUri.empty() || namespaceUri == context->GetDefaultNamespace()) {
         m_buffer->Append(localName);
+    } else if (namespaceUri == XmlNamespace) {
+        m_buffer->Append("xml:", 4);
+        m_buffer->Append(localName);
     } else {
         const NamespaceMap& namespaces = context->GetNamespaceMap();
         NamespaceMap::const_iterator found = namespaces.find(namespaceUri);
@@ -152,7 +159,7 @@ void CXmlTextWriter::WriteStartElement(const std::string& localName, const std::
     if (context->m_depth == 0) {
         if (!m_defaultNamespace.empty()) {
             m_buffer->Append(" xmlns=\"", 8);
-            m_buffer->Append(m_defaultNamespace);
+            m_buffer->AppendEscaped(m_defaultNamespace.c_str(), m_eolType);
             m_buffer->AppendChar('"');
         }
         for (const auto& entry : m_namespaces) AppendDeclaration(entry.second, entry.first);
@@ -167,7 +174,9 @@ void CXmlTextWriter::WriteAttribute(const std::string& localName, const std::str
     if (!namespaceUri.empty()) {
         const NamespaceMap& namespaces = m_currentContext->GetNamespaceMap();
         NamespaceMap::const_iterator found = namespaces.find(namespaceUri);
-        if (found != namespaces.end()) {
+        if (namespaceUri == XmlNamespace) {
+            m_buffer->Append("xml", 3);
+        } else if (found != namespaces.end()) {
             m_buffer->Append(found->second);
         } else {
             const std::string prefix = GetUniquePrefix(namespaces);
@@ -175,7 +184,7 @@ void CXmlTextWriter::WriteAttribute(const std::string& localName, const std::str
             m_buffer->Append("xmlns:", 6);
             m_buffer->Append(prefix);
             m_buffer->Append("=\"", 2);
-            m_buffer->Append(namespaceUri);
+            m_buffer->AppendEscaped(namespaceUri.c_str(), m_eolType);
             m_buffer->Append("\" ", 2);
             m_buffer->Append(prefix);
         }
@@ -233,7 +242,9 @@ void CXmlTextWriter::WriteEndElement()
         if (!namespaceUri.empty() && namespaceUri != context->GetDefaultNamespace()) {
             const NamespaceMap& namespaces = context->GetNamespaceMap();
             NamespaceMap::const_iterator found = namespaces.find(namespaceUri);
-            if (found != namespaces.end()) {
+            if (namespaceUri == XmlNamespace) {
+                m_buffer->Append("xml:", 4);
+            } else if (found != namespaces.end()) {
                 m_buffer->Append(found->second);
                 m_buffer->AppendChar(':');
             }

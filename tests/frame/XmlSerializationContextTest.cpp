@@ -17,6 +17,14 @@ TEST(XmlSerializationContext, NewContextHasEveryFlagOff)
     EXPECT_EQ(c.GetDefaultNamespaceURI(), "");
     EXPECT_EQ(c.GetInLineSchema(), "");
     EXPECT_TRUE(c.GetProcessingInstructions().empty());
+    EXPECT_FALSE(c.GetAllowTruncatedDocuments());
+    EXPECT_FALSE(c.GetAllowManyEntityDeclarations());
+    // Copies carry the reading options.
+    c.SetAllowTruncatedDocuments(true);
+    c.SetAllowManyEntityDeclarations(true);
+    const CXmlSerializationContext copy(c);
+    EXPECT_TRUE(copy.GetAllowTruncatedDocuments());
+    EXPECT_TRUE(copy.GetAllowManyEntityDeclarations());
 }
 
 TEST(XmlSerializationContext, UnknownAndMissingMandatoryExcludeEachOther)

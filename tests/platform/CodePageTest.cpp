@@ -72,3 +72,30 @@ TEST_F(LocalEncoding, UnknownCodePageFallsBackToAscii)
     EXPECT_EQ(Utf8ToLocal(std::string("a\xC3\xA9")), "a?");
     EXPECT_EQ(LocalToUtf8(std::string("a\xE9")), "a\xEF\xBF\xBD");
 }
+
+TEST_F(LocalEncoding, CombiningCodePagesKeepTheirLastLetter)
+{
+    // 1258 and 1255 decode a letter only once they know whether a combining mark
+    // follows it, so the end of the text has to release the last one.
+    struct Case
+    {
+        unsigned codePage;
+        std::string local;
+        std::u16string wide;
+    } cases[] = {
+        {1258, "ab\xE3", u"ab\u0103"},
+        {1258, "\xE3", u"\u0103"},
+        {1258, "\xE3\xAD", u"\u0103\u00AD"},
+        {1258, "a\xEC", u"\u00E1"},  // a letter and a combining acute compose
+        {1255, "\xE3", u"\u05D3"},
+        {1255, "\xE3\xAD", u"\u05D3\u00AD"},
+    };
+    for (const Case& c : cases) {
+        SetLocalCharEncoding(c.codePage);
+        EXPECT_EQ(LocalToUtf16(c.local), c.wide) << c.codePage << " " << c.local;
+        const std::u16string wide = LocalToUtf16(c.local);
+        const std::string local = Utf16ToLocal(wide.data(), wide.size());
+        EXPECT_EQ(LocalToUtf16(local), wide) << c.codePage << " " << c.local;
+        EXPECT_EQ(LocalToUtf8(c.local), Utf16ToUtf8(c.wide.data(), c.wide.size()));
+    }
+}

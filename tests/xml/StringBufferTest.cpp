@@ -27,6 +27,20 @@ TEST(StringBuffer, ChunkBoundaryAndJoin)
     EXPECT_EQ(0u, buffer.GetChunkCount());
 }
 
+TEST(StringBuffer, EmptyTextAppendsNothingEvenBeforeTheFirstChunk)
+{
+    CStringBuffer buffer(16);
+    buffer.Append(std::string());
+    buffer.Append("", 0);
+    EXPECT_EQ(0u, buffer.GetChunkCount());
+    EXPECT_EQ("", buffer.GetString());
+    buffer.Append("ab");
+    buffer.Reset();
+    buffer.Append(std::string());
+    buffer.Append("c", 1);
+    EXPECT_EQ("c", buffer.GetString());
+}
+
 TEST(StringBuffer, TextSplitsAnywhereAcrossChunks)
 {
     // Multi-byte characters, entities and CR LF fall across the boundary at every offset.

@@ -90,17 +90,104 @@ TEST(XmlDocument, FailuresGiveTheLibraryOrParserText)
     }
 }
 
-TEST(XmlDocument, CutShortDocumentsLoadWhatWasReadAndReloadStartsEmpty)
+TEST(XmlDocument, CutShortDocumentsFailWithTheParserTextAndReloadStartsEmpty)
 {
+    struct Case
+    {
+        const char *xml, *message;
+    } cases[] = {
+        {"<a xmlns:p='urn:p'><b></b><c x='1'/><d>te", "no element found at line 1"},
+        {"<a>\n<b>\n", "no element found at line 3"},
+        {"<a>\n<b/>\n<c x='1", "unclosed token at line 3"},
+        {"<a/><!-- unfinished", "unclosed token at line 1"},
+        {"<a>\xC3", "partial character at line 1"},
+        // With no element read, the message stays the library's own.
+        {"<a", "Invalid or empty XML document"},
+        {"<?xml version='1.0'?><!-- c", "Invalid or empty XML document"},
+    };
+    for (const Case& c : cases) {
+        CXmlDocument document;
+        EXPECT_THROW_MSG(document.LoadXml(c.xml), COrvexException, c.message) << c.xml;
+    }
+    CXmlDocument wide;
+    EXPECT_THROW_MSG(wide.LoadXml(Units(u"<a>\n<b/>")), COrvexException, "no element found at line 2");
+
+    // Allowed, a document cut short loads the part before the cut.
     CXmlDocument document;
+    EXPECT_FALSE(document.GetAllowTruncatedDocuments());
+    document.SetAllowTruncatedDocuments(true);
     document.LoadXml("<a xmlns:p='urn:p'><b></b><c x='1'/><d>te");
     EXPECT_EQ(Names(document.GetDocumentElement()), (std::vector<std::string>{"a", "b", "c", "d"}));
+    EXPECT_THROW_MSG(document.LoadXml("<a"), COrvexException, "Invalid or empty XML document");
     document.LoadXml("<e/>");
     EXPECT_EQ(Names(document.GetDocumentElement()), std::vector<std::string>{"e"});
     EXPECT_EQ(document.LookupNamespaceFromAlias("p"), "");
     // A parser failure keeps what was delivered before it.
     EXPECT_THROW_MSG(document.LoadXml("<a><b/></c>"), COrvexException, "mismatched tag at line 1");
     EXPECT_EQ(Names(document.GetDocumentElement()), (std::vector<std::string>{"a", "b"}));
+    document.SetAllowTruncatedDocuments(false);
+    EXPECT_THROW_MSG(document.LoadXml("<a><b/>"), COrvexException, "no element found at line 1");
+    EXPECT_EQ(Names(document.GetDocumentElement()), (std::vector<std::string>{"a", "b"}));
+
+    // The context's option reaches the document made from it.
+    CXmlSerializationContext context;
+    context.SetAllowTruncatedDocuments(true);
+    CXmlDocument fromContext(context);
+    EXPECT_TRUE(fromContext.GetAllowTruncatedDocuments());
+    fromContext.LoadXml("<a><b/>");
+    EXPECT_EQ(Names(fromContext.GetDocumentElement()), (std::vector<std::string>{"a", "b"}));
+}
+
+namespace {
+
+// A document type declaration of count internal entities, one a line, each one
+// referring to the one before; the root's text refers to the last.
+std::string EntityChain(int count, bool parameterEntities = false)
+{
+    std::string text = "<!DOCTYPE r [\n";
+    for (int i = 0; i < count; ++i) {
+        const std::string name = (parameterEntities ? "% p" : "e") + std::to_string(i);
+        text += "<!ENTITY " + name + (i ? " '&e" + std::to_string(i - 1) + ";'>\n" : " 'x'>\n");
+    }
+    return text + "]>\n<r>&e" + std::to_string(parameterEntities ? 0 : count - 1) + ";</r>";
+}
+
+}  // namespace
+
+TEST(XmlDocument, EntityDeclarationsBeyondTheLimitAreRefusedBeforeExpansion)
+{
+    const int limit = CXmlDocument::MaxEntityDeclarations;
+    const std::string refused = "The document declares more than 64 entities at line 66; the serialization context "
+                                "can allow more";
+    ASSERT_EQ(limit, 64);
+    CXmlDocument document;
+    document.LoadXml(EntityChain(limit).c_str());
+    EXPECT_EQ(document.GetDocumentElement()->GetText(), "x");
+    EXPECT_THROW_MSG(document.LoadXml(EntityChain(limit + 1).c_str()), COrvexException, refused);
+    // Parameter entities count too; here the first one has the value 'x' and the rest
+    // refer to general entities that are never declared.
+    EXPECT_THROW_MSG(document.LoadXml(EntityChain(limit + 1, true).c_str()), COrvexException, refused);
+    // External entities are never fetched, so they are not counted.
+    std::string external = "<!DOCTYPE r [\n";
+    for (int i = 0; i < 2 * limit; ++i) external += "<!ENTITY x" + std::to_string(i) + " SYSTEM 'x.xml'>\n";
+    document.LoadXml((external + "]><r/>").c_str());
+
+    // A chain long enough to exhaust the parser's stack in some versions is refused
+    // after a few dozen lines, under every build.
+    const std::string hostile = EntityChain(30000);
+    ASSERT_GT(hostile.size(), 600000u);
+    EXPECT_THROW_MSG(document.LoadXml(hostile.c_str()), COrvexException, refused);
+    std::u16string wide(hostile.begin(), hostile.end());
+    EXPECT_THROW_MSG(document.LoadXml(Units(wide)), COrvexException, refused);
+
+    // Allowed, a longer chain loads.
+    CXmlSerializationContext context;
+    EXPECT_FALSE(context.GetAllowManyEntityDeclarations());
+    context.SetAllowManyEntityDeclarations(true);
+    CXmlDocument allowed(context);
+    EXPECT_TRUE(allowed.GetAllowManyEntityDeclarations());
+    allowed.LoadXml(EntityChain(4 * limit).c_str());
+    EXPECT_EQ(allowed.GetDocumentElement()->GetText(), "x");
 }
 
 TEST(XmlDocument, Utf16TextAndDeclaredEncodings)
@@ -154,13 +241,27 @@ TEST(XmlDocument, LongNamesDeepNestingAndManySiblingsLoadAndRelease)
     for (; element->GetFirstElement(); element = element->GetFirstElement()) ++levels;
     EXPECT_EQ(levels, count);
     EXPECT_EQ(element->GetText(), "deep");
-    document.LoadXml(deep.substr(0, count * 3).c_str());  // cut short at full depth
-    document.LoadXml(wide.c_str());
+    EXPECT_THROW_MSG(document.LoadXml(deep.substr(0, count * 3).c_str()), COrvexException,
+                     "no element found at line 1");  // cut short at full depth
+    document.LoadXml((wide + "</r>").c_str());
     int seen = 0;
     for (element = document.GetDocumentElement()->GetFirstElement(); element;
          element = element->GetNextSiblingElement(), ++seen)
         if (element->GetAttribute("i", "") != std::to_string(seen)) break;
     EXPECT_EQ(seen, count);
+}
+
+TEST(XmlDocument, NamespaceUrisMayHoldAnyCharacter)
+{
+    CXmlDocument document;
+    document.LoadXml("<a xmlns='urn:a|b' xmlns:p='x|y&#9;&#x7F;' p:q='1'><p:c/></a>");
+    const CXmlElement* root = document.GetDocumentElement();
+    EXPECT_EQ(root->GetNamespaceURI(), "urn:a|b");
+    EXPECT_EQ(root->GetLocalName(), "a");
+    EXPECT_EQ(root->GetAttribute("q", "x|y\t\x7F"), "1");
+    EXPECT_EQ(root->GetFirstElement()->GetNamespaceURI(), "x|y\t\x7F");
+    EXPECT_EQ(root->GetFirstElement()->GetLocalName(), "c");
+    EXPECT_EQ(document.LookupNamespaceFromAlias("p"), "x|y\t\x7F");
 }
 
 TEST(XmlDocument, WithoutNamespaceProcessingPrefixesStayInNames)

@@ -1,0 +1,104 @@
+// Hostile and damaged documents through the generated classes: a purchase order cut
+// after its first item, entity declarations that would make the parser recurse, and
+// caller options at the edge of what the writer takes.
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "TestUtil.h"
+#include "examples/ExamplePaths.h"
+#include "examples/binding/Order.h"
+#include "examples/echo/EchoNode.h"
+#include "examples/purchase-order/PurchaseOrderTools.h"
+
+using namespace OrvexXmlLib5;
+using namespace OrvexExamples;
+
+TEST(HostileInput, AnOrderCutAfterItsFirstItemFailsUnlessTheContextAllowsIt)
+{
+    const std::string whole = ReadTextFile(ExamplePath("purchase-order/po.xml"));
+    const std::string cut = whole.substr(0, whole.find("</item>") + 7);
+    const std::u16string wideCut(cut.begin(), cut.end());
+    const auto* wide = reinterpret_cast<const unsigned short*>(wideCut.c_str());
+
+    CSmartPtr<CPurchaseOrder> order = CPurchaseOrder::CreateInstance();
+    EXPECT_THROW_MSG(order->FromXml(cut.c_str()), COrvexException, "no element found at line 24");
+    EXPECT_THROW_MSG(order->FromXml(wide), COrvexException, "no element found at line 24");
+    EXPECT_THROW_MSG(order->FromXml("<?xml version='1.0'?>\n<purchaseOrder"), COrvexException,
+                     "Invalid or empty XML document");
+
+    // The lenient reading loads the part before the cut: the missing items element
+    // end is no error to it, and one item comes back.
+    CXmlSerializationContext lenient;
+    lenient.SetAllowTruncatedDocuments(true);
+    order->FromXml(cut.c_str(), lenient);
+    ASSERT_FALSE(order->GetItems().IsNull());
+    EXPECT_EQ(order->GetItems()->GetItem()->GetCount(), 1);
+    order->FromXml(wide, lenient);
+    EXPECT_EQ(order->GetItems()->GetItem()->GetCount(), 1);
+
+    order->FromXml(whole.c_str());
+    EXPECT_EQ(order->GetItems()->GetItem()->GetCount(), 2);
+}
+
+TEST(HostileInput, EntityChainsAreRefusedUnlessTheContextAllowsThem)
+{
+    std::string chain = "<!DOCTYPE purchaseOrder [\n";
+    for (int i = 0; i < 20000; ++i)
+        chain += "<!ENTITY e" + std::to_string(i) + (i ? " '&e" + std::to_string(i - 1) + ";'>\n" : " 'x'>\n");
+    const std::string declarations = chain;
+    chain += "]>\n<purchaseOrder><comment>&e19999;</comment></purchaseOrder>";
+
+    CSmartPtr<CPurchaseOrder> order = CPurchaseOrder::CreateInstance();
+    EXPECT_THROW_MSG(order->FromXml(chain.c_str()), COrvexException,
+                     "The document declares more than 64 entities at line 66; the serialization context can allow "
+                     "more");
+
+    // Allowed, a short chain expands into the value.
+    std::string shortChain = declarations.substr(0, declarations.find("<!ENTITY e100 "));
+    shortChain += "]>\n<purchaseOrder orderDate='1999-10-20'><comment>&e99;</comment></purchaseOrder>";
+    CXmlSerializationContext trusting;
+    trusting.SetAllowManyEntityDeclarations(true);
+    trusting.SetIgnoreMissingMandatoryElements(true);
+    order->FromXml(shortChain.c_str(), trusting);
+    EXPECT_EQ(order->GetComment(), "x");
+}
+
+TEST(HostileInput, AnEmptyProcessingInstructionWritesAndReadsBack)
+{
+    CSmartPtr<CPurchaseOrder> order = CPurchaseOrder::CreateInstance();
+    order->FromXml(ReadTextFile(ExamplePath("purchase-order/po.xml")).c_str());
+    CXmlSerializationContext context;
+    context.GetProcessingInstructions().push_back("");
+    const std::string written = order->ToXml(false, false, EOL_LF, context);
+    EXPECT_EQ(written.substr(0, 17), "\n\n<purchaseOrder ");
+    CSmartPtr<CPurchaseOrder> again = CPurchaseOrder::CreateInstance();
+    again->FromXml(written.c_str());
+    EXPECT_EQ(again->ToXml(false, false, EOL_LF), order->ToXml(false, false, EOL_LF));
+}
+
+TEST(HostileInput, NamespaceUrisNeedingEscapesAndTheXmlNamespaceWriteAndReadBack)
+{
+    const std::string xml =
+        "<o:Order xmlns:o='urn:orvex:order' xmlns:x='urn:a&amp;b&lt;&quot;' id='42' status='held' x:flag='1' "
+        "xml:lang='en'><o:Customer><o:Name>Ada</o:Name><o:Address><o:Street>1 Way</o:Street><o:City>Leeds</o:City>"
+        "</o:Address></o:Customer><o:Line sku='A1'><o:Quantity>3</o:Quantity></o:Line></o:Order>";
+    CSmartPtr<COrder> order = COrder::CreateInstance();
+    order->FromXml(xml.c_str());
+    const std::string written = order->ToXml(false, false, EOL_LF);
+    EXPECT_NE(std::string::npos, written.find(" xmlns:AB=\"urn:a&amp;b&lt;&quot;\" AB:flag=\"1\"")) << written;
+    EXPECT_NE(std::string::npos, written.find(" xml:lang=\"en\"")) << written;
+    EXPECT_EQ(std::string::npos, written.find("XML/1998")) << written;
+    CSmartPtr<COrder> again = COrder::CreateInstance();
+    again->FromXml(written.c_str());
+    EXPECT_EQ(again->ToXml(false, false, EOL_LF), written);
+
+    // An element of the XML namespace keeps its reserved prefix too.
+    CEchoNode echo;
+    echo.FromXml("<r xmlns:p='urn:p&amp;q'><xml:note p:a='1'>t</xml:note></r>");
+    const std::string echoed = echo.ToXml(false, false, EOL_LF);
+    EXPECT_EQ(echoed, "<r><xml:note xmlns:AA=\"urn:p&amp;q\" AA:a=\"1\">t</xml:note></r>");
+    CEchoNode echoAgain;
+    echoAgain.FromXml(echoed.c_str());
+    EXPECT_EQ(echoAgain.ToXml(false, false, EOL_LF), echoed);
+}
