@@ -58,6 +58,30 @@ std::string CXmlTextWriter::GetString()
     return m_buffer->GetString();
 }
 
+CBinaryData CXmlTextWriter::GetBytes(XmlEncoding encoding)
+{
+    switch (encoding) {
+        case Encoding_UTF8:
+            return LocalToUtf8Bytes(m_buffer->GetString());
+        case Encoding_UTF16:
+        case Encoding_UTF16_NoDeclaration:
+            return LocalToUtf16Bytes(m_buffer->GetString());
+        default:
+            throw COrvexException("Unknown Encoding, select UTF-8");
+    }
+}
+
+// A deliberate difference from the other namespaces: the XML namespace is never
+// given a made-up prefix and a declaration (xmlns:AA="http://www.w3.org/XML/1998/namespace"
+// is forbidden, so such output could not be read back by any namespace-aware parser).
+bool CXmlTextWriter::AppendXmlPrefix(const std::string& namespaceUri)
+{
+    if (!IsXmlNamespace(namespaceUri)) return false;
+    m_buffer->Append(XmlPrefix, sizeof XmlPrefix - 1);
+    m_buffer->AppendChar(':');
+    return true;
+}
+
 void CXmlTextWriter::AppendIndent(std::int32_t depth)
 {
     static const char tabs[] = "\t\t\t\t\t\t\t\t\t\t\t\t\t\t\t\t";
@@ -130,7 +154,9 @@ void CXmlTextWriter::WriteStartElement(const std::string& localName, const std::
 
     if (m_formatted) AppendIndent(context->m_depth);
     m_buffer->AppendChar('<');
-    if (namespaceUri.empty() || namespaceUri == context->GetDefaultNamespace()) {
+    if (AppendXmlPrefix(namespaceUri)) {
+        m_buffer->Append(localName);
+    } else if (namespaceUri.empty() || namespaceUri == context->GetDefaultNamespace()) {
         m_buffer->Append(localName);
     } else {
         const NamespaceMap& namespaces = context->GetNamespaceMap();
@@ -155,7 +181,8 @@ void CXmlTextWriter::WriteStartElement(const std::string& localName, const std::
             m_buffer->Append(m_defaultNamespace);
             m_buffer->AppendChar('"');
         }
-        for (const auto& entry : m_namespaces) AppendDeclaration(entry.second, entry.first);
+        for (const auto& entry : m_namespaces)
+            if (!IsXmlNamespace(entry.first)) AppendDeclaration(entry.second, entry.first);
     }
 }
 
@@ -164,7 +191,7 @@ void CXmlTextWriter::WriteAttribute(const std::string& localName, const std::str
 {
     CheckAttributeAllowed();
     m_buffer->AppendChar(' ');
-    if (!namespaceUri.empty()) {
+    if (!namespaceUri.empty() && !AppendXmlPrefix(namespaceUri)) {
         const NamespaceMap& namespaces = m_currentContext->GetNamespaceMap();
         NamespaceMap::const_iterator found = namespaces.find(namespaceUri);
         if (found != namespaces.end()) {
@@ -191,7 +218,9 @@ void CXmlTextWriter::WriteXsiType(const std::string& namespaceUri, const std::st
 {
     CheckAttributeAllowed();
     std::string value;
-    if (!namespaceUri.empty() && namespaceUri != m_currentContext->GetDefaultNamespace()) {
+    if (IsXmlNamespace(namespaceUri)) {
+        value = std::string(XmlPrefix) + ':' + typeName;
+    } else if (!namespaceUri.empty() && namespaceUri != m_currentContext->GetDefaultNamespace()) {
         const NamespaceMap& namespaces = m_currentContext->GetNamespaceMap();
         NamespaceMap::const_iterator found = namespaces.find(namespaceUri);
         if (found != namespaces.end()) {
@@ -230,7 +259,8 @@ void CXmlTextWriter::WriteEndElement()
         if (m_formatted && context->m_childCount > 0) AppendIndent(context->m_depth);
         m_buffer->Append("</", 2);
         const std::string& namespaceUri = context->m_namespaceUri;
-        if (!namespaceUri.empty() && namespaceUri != context->GetDefaultNamespace()) {
+        if (!AppendXmlPrefix(namespaceUri) && !namespaceUri.empty() &&
+            namespaceUri != context->GetDefaultNamespace()) {
             const NamespaceMap& namespaces = context->GetNamespaceMap();
             NamespaceMap::const_iterator found = namespaces.find(namespaceUri);
             if (found != namespaces.end()) {
