@@ -43,9 +43,9 @@ CElement::CElement(CXmlObjectBase* object) : CInstanceMonitor("CElement")
     Init("", "", "##any", "");
     if (!object) throw COrvexInvalidParamException("The object to copy may not be NULL");
     CXmlSerializationContext context;
-    const std::string text = object->ToXml(false, false, EOL_LF, context);
+    CBinaryData bytes = object->ToXmlStream(false, false, Encoding_UTF8, EOL_LF, context, Compression_None);
     CXmlDocument document(context.GetSchemaType());
-    document.LoadXml(text.c_str());
+    document.LoadXmlStream(bytes.GetData(), bytes.GetLength());
     CopyXmlElement(document.GetDocumentElement());
 }
 

@@ -1,10 +1,13 @@
 #include "orvexxml/data/BinaryData.h"
 
+#include <atomic>
 #include <cerrno>
 #include <cstdint>
 #include <cstring>
 #include <fcntl.h>
 #include <new>
+#include <string>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include "orvexxml/frame/FormatString.h"
@@ -282,25 +285,73 @@ unsigned char* CBinaryData::ReleaseData()
     return m_holder->ReleaseData();
 }
 
+namespace {
+
+// A name beside fileName that no other writer uses: the process id and a counter,
+// so that two threads or processes writing the same file never share one.
+std::string TemporaryName(const char* fileName, unsigned attempt)
+{
+    static std::atomic<unsigned> counter{0};
+    return std::string(fileName) + ".~" + std::to_string(static_cast<long>(::getpid())) + "-" +
+           std::to_string(counter.fetch_add(1) + attempt);
+}
+
+// Creates a new file for writing: beside target when that works, so that target
+// can be replaced in one rename, otherwise target itself. A target that exists and
+// is no regular file (a device, a pipe) is always written in place. Gives the
+// descriptor and, in temporary, the name written to, which is empty in place.
+int CreateOutput(const char* target, std::string& temporary)
+{
+    temporary.clear();
+    struct stat existing;
+    const bool exists = ::stat(target, &existing) == 0;
+    if (!exists || S_ISREG(existing.st_mode)) {
+        for (unsigned attempt = 0; attempt < 8; ++attempt) {
+            std::string name = TemporaryName(target, attempt);
+            int fd = ::open(name.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
+            if (fd >= 0) {
+                // A file that is replaced keeps its permission bits.
+                if (exists) static_cast<void>(::fchmod(fd, existing.st_mode & 07777));
+                temporary = std::move(name);
+                return fd;
+            }
+            if (errno != EEXIST) break;
+        }
+    }
+    // No file could be made beside the target (a directory without write permission,
+    // a name at the length limit): write the target directly, as before.
+    return ::open(target, O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0666);
+}
+
+}  // namespace
+
 void CBinaryData::ToFile(const char* fileName, XmlEncoding encoding) const
 {
     if (fileName == nullptr) ThrowWriteFailure(fileName, EINVAL);
-    int fd = ::open(fileName, O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0666);
+    std::string temporary;
+    int fd = CreateOutput(fileName, temporary);
     if (fd < 0) ThrowWriteFailure(fileName, errno);
+    // On any failure the half-written temporary file goes; the target is then as it was.
+    auto fail = [&](int error) {
+        ::close(fd);
+        if (!temporary.empty()) ::unlink(temporary.c_str());
+        ThrowWriteFailure(fileName, error);
+    };
     if (encoding == Encoding_UTF16 || encoding == Encoding_UTF16_NoDeclaration) {
         static const unsigned char mark[2] = {0xFF, 0xFE};
-        if (!WriteAll(fd, mark, 2)) {
-            int error = errno;
-            ::close(fd);
-            ThrowWriteFailure(fileName, error);
-        }
+        if (!WriteAll(fd, mark, 2)) fail(errno);
     }
-    if (m_holder && m_holder->length > 0 && !WriteAll(fd, m_holder->data, m_holder->length)) {
-        int error = errno;
-        ::close(fd);
+    if (m_holder && m_holder->length > 0 && !WriteAll(fd, m_holder->data, m_holder->length)) fail(errno);
+    if (::close(fd) != 0 && errno != EINTR) {
+        const int error = errno;
+        if (!temporary.empty()) ::unlink(temporary.c_str());
         ThrowWriteFailure(fileName, error);
     }
-    if (::close(fd) != 0 && errno != EINTR) ThrowWriteFailure(fileName, errno);
+    if (!temporary.empty() && ::rename(temporary.c_str(), fileName) != 0) {
+        const int error = errno;
+        ::unlink(temporary.c_str());
+        ThrowWriteFailure(fileName, error);
+    }
 }
 
 CBinaryData WideToUtf8Bytes(const char16_t* text, std::size_t length)

@@ -67,6 +67,32 @@ void CXmlObjectBase::FromXml(const unsigned short* xml, const CXmlSerializationC
     FromXml_Int(root, root->GetFirstElement(), context, false);
 }
 
+void CXmlObjectBase::ReadDocument(CXmlDocument& document, const CXmlSerializationContext& context)
+{
+    CXmlElement* root = document.GetDocumentElement();
+    FromXml_Int(root, root->GetFirstElement(), context, false);
+}
+
+void CXmlObjectBase::FromXmlFile(const char* fileName, const CXmlSerializationContext& context)
+{
+    CXmlDocument document(context);
+    document.Load(fileName);
+    ReadDocument(document, context);
+}
+
+void CXmlObjectBase::FromXmlStream(unsigned char* const data, unsigned long length,
+                                   const CXmlSerializationContext& context)
+{
+    CXmlDocument document(context);
+    document.LoadXmlStream(data, length);
+    ReadDocument(document, context);
+}
+
+void CXmlObjectBase::FromXmlStream(const CBinaryData& data, const CXmlSerializationContext& context)
+{
+    FromXmlStream(data.GetData(), data.GetLength(), context);
+}
+
 void CXmlObjectBase::FromXmlElement(const CXmlElement* element, CXmlSerializationContext& context)
 {
     // No tree to read from is the same failure as a document without an element.
@@ -130,6 +156,29 @@ std::string CXmlObjectBase::ToXml(bool includeDocHeader, bool formatted, EOLType
     ToXml_Int(&writer, true, targetNamespace.c_str(), context, false);
     if (includeDocHeader) writer.WriteEndDocument();
     return writer.GetString();
+}
+
+CBinaryData CXmlObjectBase::ToXmlStream(bool includeDocHeader, bool formatted, XmlEncoding encoding, EOLType eol,
+                                        const CXmlSerializationContext& context, CompressionType compression) const
+{
+    CXmlTextWriter writer;
+    writer.SetFormatted(formatted);
+    writer.SetEOLType(eol);
+    if (includeDocHeader) writer.WriteStartDocument(encoding);
+    const std::string targetNamespace = GetTargetNamespace();
+    ToXml_Int(&writer, true, targetNamespace.c_str(), context, false);
+    if (includeDocHeader) writer.WriteEndDocument();
+    CBinaryData bytes = writer.GetBytes(encoding);
+    return bytes.CompressData(compression);
+}
+
+void CXmlObjectBase::ToXmlFile(const char* fileName, bool includeDocHeader, bool formatted, XmlEncoding encoding,
+                               EOLType eol, const CXmlSerializationContext& context,
+                               CompressionType compression) const
+{
+    if (compression == Compression_ZLIB)
+        throw COrvexException("ZLIB Compression only available for To Stream methods.");
+    ToXmlStream(includeDocHeader, formatted, encoding, eol, context, compression).ToFile(fileName, encoding);
 }
 
 CBinaryData CXmlObjectBase::ToFastInfosetStream(FInfoDecl declaration, const CXmlSerializationContext& context,

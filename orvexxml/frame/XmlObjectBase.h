@@ -17,6 +17,7 @@
 
 namespace OrvexXmlLib5 {
 
+class CXmlDocument;
 class CXmlElement;
 class CXmlWriter;
 class CXmlCollectionBase;
@@ -52,6 +53,16 @@ public:
     // The same for zero-terminated UTF-16 text.
     void FromXml(const unsigned short* xml,
                  const CXmlSerializationContext& context = CXmlSerializationContext::GetDefaultContext());
+    // Reads a whole file: XML text, Fast Infoset, or the gzip or zlib stream of
+    // either, told apart by the bytes. File failures name the file and errno; a
+    // compressed file that inflates beyond the context's limit fails as well.
+    void FromXmlFile(const char* fileName,
+                     const CXmlSerializationContext& context = CXmlSerializationContext::GetDefaultContext());
+    // The same for bytes in memory; length 0 fails with "XML Stream is empty!".
+    void FromXmlStream(unsigned char* const data, unsigned long length,
+                       const CXmlSerializationContext& context = CXmlSerializationContext::GetDefaultContext());
+    void FromXmlStream(const CBinaryData& data,
+                       const CXmlSerializationContext& context = CXmlSerializationContext::GetDefaultContext());
     // Reads from an element of a tree that stays alive for the call; nothing is copied.
     void FromXmlElement(const CXmlElement* element,
                         CXmlSerializationContext& context = CXmlSerializationContext::GetDefaultContext());
@@ -62,14 +73,31 @@ public:
     std::string ToXml(bool includeDocHeader = true, bool formatted = true, EOLType eol = EOL_CRLF,
                       const CXmlSerializationContext& context = CXmlSerializationContext::GetDefaultContext()) const;
 
-    // Writes this object as a Fast Infoset document, after the given declaration,
-    // compressed as asked. An element left open, a failing facet or a failing
-    // compression ("Failed to compress data. [Error Code: %d]") throws.
+    // This object as XML text in UTF-8 (Encoding_UTF8) or UTF-16 little-endian
+    // without byte order mark (the two UTF-16 values), then compressed. Any other
+    // encoding fails with "Unknown Encoding, select UTF-8", and compression fails
+    // when its output would be longer than the text.
+    CBinaryData ToXmlStream(bool includeDocHeader = true, bool formatted = true, XmlEncoding encoding = Encoding_UTF8,
+                            EOLType eol = EOL_CRLF,
+                            const CXmlSerializationContext& context = CXmlSerializationContext::GetDefaultContext(),
+                            CompressionType compression = Compression_None) const;
+    // ToXmlStream written to a file, behind FF FE for the UTF-16 encodings (also in
+    // front of compressed bytes). Compression_ZLIB fails with "ZLIB Compression only
+    // available for To Stream methods." before anything is done. The file appears
+    // complete or not at all: an existing one is replaced only once the new one is
+    // whole. Write failures give "Failed to write data to the file [%s] error
+    // [0x%08X]" and errno.
+    void ToXmlFile(const char* fileName, bool includeDocHeader = true, bool formatted = true,
+                   XmlEncoding encoding = Encoding_UTF8, EOLType eol = EOL_CRLF,
+                   const CXmlSerializationContext& context = CXmlSerializationContext::GetDefaultContext(),
+                   CompressionType compression = Compression_None) const;
+    // This object as a Fast Infoset document behind the given declaration, then compressed.
     CBinaryData ToFastInfosetStream(FInfoDecl declaration = FInfoDecl_None,
-                                    const CXmlSerializationContext& context = CXmlSerializationContext::GetDefaultContext(),
+                                    const CXmlSerializationContext& context =
+                                        CXmlSerializationContext::GetDefaultContext(),
                                     CompressionType compression = Compression_None) const;
-    // The same into a file that is created or replaced. Compression_ZLIB fails with
-    // "ZLIB Compression only available for To Stream methods." before anything is written.
+    // ToFastInfosetStream written to a file with no byte order mark; the rules of
+    // ToXmlFile for Compression_ZLIB and for failures.
     void ToFastInfosetFile(const char* fileName, FInfoDecl declaration = FInfoDecl_None,
                            const CXmlSerializationContext& context = CXmlSerializationContext::GetDefaultContext(),
                            CompressionType compression = Compression_None) const;
@@ -130,6 +158,9 @@ protected:
                                        std::int32_t& itemsRead, const CXmlSerializationContext& context);
 
 private:
+    // The walk from the root of a document that has just been loaded.
+    void ReadDocument(CXmlDocument& document, const CXmlSerializationContext& context);
+
     // The metadata descriptors reach the protected walks of any object through it.
     friend class Detail::CObjectAccess;
 

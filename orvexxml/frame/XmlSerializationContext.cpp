@@ -6,7 +6,8 @@
 namespace OrvexXmlLib5 {
 
 CXmlSerializationContext::CXmlSerializationContext()
-    : m_ignoreInvalidCollectionCounts(false),
+    : m_maxInflatedSize(DefaultMaxInflatedSize),
+      m_ignoreInvalidCollectionCounts(false),
       m_ignoreMissingChoice(false),
       m_ignoreMissingMandatoryElements(false),
       m_ignoreUnknownElements(false),

@@ -4,6 +4,7 @@
 
 #include "orvexxml/Export.h"
 
+#include <cstdint>
 #include <string>
 #include <vector>
 
@@ -56,6 +57,15 @@ public:
     SchemaType GetSchemaType() const { return m_schemaType; }
     void SetSchemaType(SchemaType value) { m_schemaType = value; }
 
+    // Reading a compressed stream or file fails with COrvexException once the
+    // inflated bytes would pass this many; 0 lifts the limit. The default,
+    // DefaultMaxInflatedSize (256 MiB), keeps a few hundred bytes of hostile gzip
+    // from taking gigabytes of memory while leaving room for any data document
+    // of a sensible size. Input that is not compressed is not limited here.
+    static constexpr std::uint64_t DefaultMaxInflatedSize = std::uint64_t(256) << 20;
+    std::uint64_t GetMaxInflatedSize() const { return m_maxInflatedSize; }
+    void SetMaxInflatedSize(std::uint64_t value) { m_maxInflatedSize = value; }
+
     std::string GetDefaultNamespaceURI() const { return m_defaultNamespaceUri; }
     void SetDefaultNamespaceURI(const char* value) { m_defaultNamespaceUri = value ? value : ""; }
 
@@ -96,6 +106,7 @@ private:
     mutable CSmartPtr<CAttributeCol> m_additionalRootAttributes;
     std::vector<std::string> m_processingInstructions;
     std::string m_inLineSchema;
+    std::uint64_t m_maxInflatedSize;
     bool m_ignoreInvalidCollectionCounts;
     bool m_ignoreMissingChoice;
     bool m_ignoreMissingMandatoryElements;

@@ -1,13 +1,20 @@
 #include "orvexxml/xml/XmlDocument.h"
 
 #include <algorithm>
-#include <cstring>
+#include <cerrno>
 #include <cstdint>
+#include <cstring>
+#include <fcntl.h>
+#include <new>
+#include <sys/stat.h>
+#include <unistd.h>
 #include <utility>
 
+#include "orvexxml/frame/FormatString.h"
 #include "orvexxml/frame/OrvexException.h"
 #include "orvexxml/fastinfoset/FastInfosetReader.h"
 #include "orvexxml/xml/ExpatReader.h"
+#include "orvexxml/xml/detail/InputInflater.h"
 
 namespace OrvexXmlLib5 {
 
@@ -15,6 +22,26 @@ namespace {
 
 const char kXsiNamespace[] = "http://www.w3.org/2001/XMLSchema-instance";
 const char kXmlnsNamespace[] = "http://www.w3.org/2000/xmlns/";
+
+[[noreturn]] void ThrowFileFailure(const char* format, const char* fileName, int error)
+{
+    throw COrvexException(FormatString(format, fileName, static_cast<unsigned>(error)));
+}
+
+// Closes the descriptor on every way out of a load.
+struct CFileCloser
+{
+    int fd;
+    ~CFileCloser()
+    {
+        if (fd >= 0) ::close(fd);
+    }
+    void Close()
+    {
+        if (fd >= 0) ::close(fd);
+        fd = -1;
+    }
+};
 
 const std::string& SharedEmptyString()
 {
@@ -115,6 +142,7 @@ CXmlDocument::CXmlDocument(SchemaType schemaType)
     : CInstanceMonitor("CXmlDocument"),
       m_documentElement(nullptr),
       m_inputLength(0),
+      m_maxInflatedSize(CXmlSerializationContext::DefaultMaxInflatedSize),
       m_schemaType(schemaType),
       m_allowTruncatedDocuments(false),
       m_allowManyEntityDeclarations(false)
@@ -125,6 +153,7 @@ CXmlDocument::CXmlDocument(const CXmlSerializationContext& context) : CXmlDocume
 {
     m_allowTruncatedDocuments = context.GetAllowTruncatedDocuments();
     m_allowManyEntityDeclarations = context.GetAllowManyEntityDeclarations();
+    m_maxInflatedSize = context.GetMaxInflatedSize();
 }
 
 CXmlDocument::~CXmlDocument()
@@ -168,12 +197,71 @@ void CXmlDocument::LoadXml(const unsigned short* text)
     Parse(true);
 }
 
+void CXmlDocument::Load(const char* fileName)
+{
+    Cleanup();
+    if (!fileName) ThrowFileFailure("Failed to open the file [%s] Error [0x%08x]", fileName, EINVAL);
+    CFileCloser file{::open(fileName, O_RDONLY | O_CLOEXEC)};
+    if (file.fd < 0) ThrowFileFailure("Failed to open the file [%s] Error [0x%08x]", fileName, errno);
+    struct stat info;
+    if (::fstat(file.fd, &info) != 0)
+        ThrowFileFailure("Failed to get the size of the file [%s] Error [0x%08x]", fileName, errno);
+    ::posix_fadvise(file.fd, 0, 0, POSIX_FADV_SEQUENTIAL);
+
+    // The whole size is kept, also beyond 4 GiB: a length cut to 32 bits would
+    // parse the front of the file as if it were all of it.
+    const auto size = static_cast<std::uint64_t>(info.st_size < 0 ? 0 : info.st_size);
+    if (size > static_cast<std::uint64_t>(SIZE_MAX) - 1)
+        ThrowFileFailure("Failed to read the contents of the file [%s] Error [0x%08x]", fileName, EFBIG);
+    unsigned char* buffer = nullptr;
+    try {
+        buffer = AllocateInput(static_cast<std::size_t>(size));
+    } catch (const std::bad_alloc&) {
+        file.Close();
+        ThrowFileFailure("Failed to read the contents of the file [%s] Error [0x%08x]", fileName, ENOMEM);
+    }
+    // One read call gives at most about 2 GiB here, so a large file takes several.
+    std::size_t done = 0;
+    while (done < size) {
+        const ssize_t got = ::read(file.fd, buffer + done, static_cast<std::size_t>(size) - done);
+        if (got < 0 && errno == EINTR) continue;
+        if (got <= 0) {
+            // A file that shrank since its size was taken sets no error number.
+            const int error = got < 0 ? errno : 0;
+            file.Close();
+            FreeInput();
+            ThrowFileFailure("Failed to read the contents of the file [%s] Error [0x%08x]", fileName, error);
+        }
+        done += static_cast<std::size_t>(got);
+    }
+    file.Close();
+    Parse(false);
+}
+
 void CXmlDocument::LoadXmlStream(unsigned char* const data, unsigned long length)
 {
     Cleanup();
-    if (!data || length == 0) throw COrvexException("XML Stream is empty!");
+    if (length == 0 || !data) throw COrvexException("XML Stream is empty!");
     std::memcpy(AllocateInput(length), data, length);
     Parse(false);
+}
+
+void CXmlDocument::InflateInput()
+{
+    CBinaryData inflated;
+    bool whole = Detail::InflateStream(m_input.get(), m_inputLength, m_maxInflatedSize, inflated);
+    // A file written as UTF-16 and compressed carries the byte order mark in front
+    // of the compressed bytes, not inside them. So that such a file reads back, a
+    // stream behind FF FE is inflated as well; the mark is dropped with it, and the
+    // parser finds UTF-16 from the inflated text itself.
+    if (!whole && m_inputLength > 2 && m_input[0] == 0xFF && m_input[1] == 0xFE)
+        whole = Detail::InflateStream(m_input.get() + 2, m_inputLength - 2, m_maxInflatedSize, inflated);
+    if (!whole) return;
+    const std::size_t length = inflated.GetLength();
+    std::unique_ptr<unsigned char[]> bytes(inflated.ReleaseData());
+    // An empty stream inflates to nothing and leaves no array; it still replaces the input.
+    if (!bytes) bytes.reset(new unsigned char[1]);
+    ReplaceInput(std::move(bytes), length);
 }
 
 void CXmlDocument::Parse(bool isText)
@@ -184,14 +272,15 @@ void CXmlDocument::Parse(bool isText)
         ~InputRelease() { document->FreeInput(); }
     } release{this};
 
-    // Text given as a string is always XML text; bytes may be a binary document,
-    // which its reader recognises by their first octets, touching nothing otherwise.
-    bool done = false;
+    // Text given as a string is always XML text; bytes from a stream or a file may
+    // be compressed, and may be Fast Infoset.
+    bool read = false;
     if (!isText) {
+        InflateInput();
         CFastInfosetReader binaryReader(this);
-        done = binaryReader.Parse();
+        read = binaryReader.Parse();
     }
-    if (!done) {
+    if (!read) {
         CExpatReader reader(this);
         reader.Parse();
     }

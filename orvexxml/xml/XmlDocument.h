@@ -141,11 +141,21 @@ public:
     // Parses zero-terminated UTF-16 text. Null or empty text reaches the parser and
     // fails with "Invalid or empty XML document".
     void LoadXml(const unsigned short* text);
-    // Parses a copy of length bytes: a binary (Fast Infoset) document, or XML text in
-    // any encoding the parser recognises. A length of 0 fails with "XML Stream is
-    // empty!"; a damaged binary document fails with a message that starts "Failed to
-    // parse FastInfoset.".
+    // Reads the whole file and parses it as a stream. Fails with "Failed to open the
+    // file [%s] Error [0x%08x]", "Failed to get the size of the file [%s] Error
+    // [0x%08x]" or "Failed to read the contents of the file [%s] Error [0x%08x]" and
+    // errno (0 when the file came back shorter than its size, ENOMEM when it does not
+    // fit in memory); the file is closed by then. Files beyond 4 GiB load whole.
+    void Load(const char* fileName);
+    // Parses a copy of the bytes: XML text in any encoding the parser recognises,
+    // Fast Infoset, or the gzip or zlib stream of either, told apart by the bytes.
+    // A length of 0 (or null data) fails with "XML Stream is empty!".
     void LoadXmlStream(unsigned char* const data, unsigned long length);
+
+    // Largest number of bytes a compressed input may inflate to (0: no limit);
+    // CXmlSerializationContext::DefaultMaxInflatedSize until set.
+    void SetMaxInflatedSize(std::uint64_t value) { m_maxInflatedSize = value; }
+    std::uint64_t GetMaxInflatedSize() const { return m_maxInflatedSize; }
 
     // Null before a successful load.
     CXmlElement* GetDocumentElement() const { return m_documentElement; }
@@ -172,8 +182,12 @@ private:
     friend class CFastInfosetReader;
 
     // Runs a reader over the input buffer, then frees it. isText is true for text
-    // given as a string, which is always XML text.
+    // given as a string, which is always XML text; other input is inflated first
+    // when it is compressed, and may be Fast Infoset.
     void Parse(bool isText);
+    // Replaces the input buffer by its inflated form when it holds a whole gzip or
+    // zlib stream; otherwise leaves it as it is.
+    void InflateInput();
 
     // Reader side. Each Add*Element creates the element, makes it the receiver of
     // text and children, and gives it back.
@@ -215,6 +229,7 @@ private:
     std::map<std::string, std::string> m_prefixTable;
     std::unique_ptr<unsigned char[]> m_input;
     std::size_t m_inputLength;
+    std::uint64_t m_maxInflatedSize;
     SchemaType m_schemaType;
     bool m_allowTruncatedDocuments;
     bool m_allowManyEntityDeclarations;

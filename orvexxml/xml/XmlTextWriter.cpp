@@ -61,6 +61,30 @@ std::string CXmlTextWriter::GetString()
     return m_buffer->GetString();
 }
 
+CBinaryData CXmlTextWriter::GetBytes(XmlEncoding encoding)
+{
+    switch (encoding) {
+        case Encoding_UTF8:
+            return LocalToUtf8Bytes(m_buffer->GetString());
+        case Encoding_UTF16:
+        case Encoding_UTF16_NoDeclaration:
+            return LocalToUtf16Bytes(m_buffer->GetString());
+        default:
+            throw COrvexException("Unknown Encoding, select UTF-8");
+    }
+}
+
+// A deliberate difference from the other namespaces: the XML namespace is never
+// given a made-up prefix and a declaration (xmlns:AA="http://www.w3.org/XML/1998/namespace"
+// is forbidden, so such output could not be read back by any namespace-aware parser).
+bool CXmlTextWriter::AppendXmlPrefix(const std::string& namespaceUri)
+{
+    if (!IsXmlNamespace(namespaceUri)) return false;
+    m_buffer->Append(XmlPrefix, sizeof XmlPrefix - 1);
+    m_buffer->AppendChar(':');
+    return true;
+}
+
 void CXmlTextWriter::AppendIndent(std::int32_t depth)
 {
     static const char tabs[] = "\t\t\t\t\t\t\t\t\t\t\t\t\t\t\t\t";
@@ -134,7 +158,9 @@ void CXmlTextWriter::WriteStartElement(const std::string& localName, const std::
 
     if (m_formatted) AppendIndent(context->m_depth);
     m_buffer->AppendChar('<');
-    if (namespaceUri.empty() || namespaceUri == context->GetDefaultNamespace()) {
+    if (AppendXmlPrefix(namespaceUri)) {
+        m_buffer->Append(localName);
+    } else if (namespaceUri.empty() || namespaceUri == context->GetDefaultNamespace()) {
         m_buffer->Append(localName);
     } else if (namespaceUri == XmlNamespace) {
         m_buffer->Append("xml:", 4);
@@ -162,7 +188,8 @@ void CXmlTextWriter::WriteStartElement(const std::string& localName, const std::
             m_buffer->AppendEscaped(m_defaultNamespace.c_str(), m_eolType);
             m_buffer->AppendChar('"');
         }
-        for (const auto& entry : m_namespaces) AppendDeclaration(entry.second, entry.first);
+        for (const auto& entry : m_namespaces)
+            if (!IsXmlNamespace(entry.first)) AppendDeclaration(entry.second, entry.first);
     }
 }
 
@@ -171,7 +198,7 @@ void CXmlTextWriter::WriteAttribute(const std::string& localName, const std::str
 {
     CheckAttributeAllowed();
     m_buffer->AppendChar(' ');
-    if (!namespaceUri.empty()) {
+    if (!namespaceUri.empty() && !AppendXmlPrefix(namespaceUri)) {
         const NamespaceMap& namespaces = m_currentContext->GetNamespaceMap();
         NamespaceMap::const_iterator found = namespaces.find(namespaceUri);
         if (namespaceUri == XmlNamespace) {
@@ -200,7 +227,9 @@ void CXmlTextWriter::WriteXsiType(const std::string& namespaceUri, const std::st
 {
     CheckAttributeAllowed();
     std::string value;
-    if (!namespaceUri.empty() && namespaceUri != m_currentContext->GetDefaultNamespace()) {
+    if (IsXmlNamespace(namespaceUri)) {
+        value = std::string(XmlPrefix) + ':' + typeName;
+    } else if (!namespaceUri.empty() && namespaceUri != m_currentContext->GetDefaultNamespace()) {
         const NamespaceMap& namespaces = m_currentContext->GetNamespaceMap();
         NamespaceMap::const_iterator found = namespaces.find(namespaceUri);
         if (found != namespaces.end()) {
@@ -239,7 +268,8 @@ void CXmlTextWriter::WriteEndElement()
         if (m_formatted && context->m_childCount > 0) AppendIndent(context->m_depth);
         m_buffer->Append("</", 2);
         const std::string& namespaceUri = context->m_namespaceUri;
-        if (!namespaceUri.empty() && namespaceUri != context->GetDefaultNamespace()) {
+        if (!AppendXmlPrefix(namespaceUri) && !namespaceUri.empty() &&
+            namespaceUri != context->GetDefaultNamespace()) {
             const NamespaceMap& namespaces = context->GetNamespaceMap();
             NamespaceMap::const_iterator found = namespaces.find(namespaceUri);
             if (namespaceUri == XmlNamespace) {

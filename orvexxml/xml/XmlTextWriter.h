@@ -6,12 +6,16 @@
 
 #include <string>
 
+#include "orvexxml/data/BinaryData.h"
 #include "orvexxml/xml/StringBuffer.h"
 #include "orvexxml/xml/XmlEnums.h"
 #include "orvexxml/xml/XmlWriter.h"
 
 namespace OrvexXmlLib5 {
 
+// Names in the XML namespace (xml:lang, xml:space) are written with the prefix xml
+// and no declaration, which differs from every other namespace: those get a
+// prefix made up by the writer and a declaration.
 class ORVEXXML_API CXmlTextWriter : public CXmlWriter
 {
 public:
@@ -30,6 +34,11 @@ public:
     XmlEncoding GetEncoding() const { return m_encoding; }
     // All text written so far, in the local character encoding.
     std::string GetString();
+    // All text written so far as UTF-8 (Encoding_UTF8) or as UTF-16 little-endian
+    // without byte order mark (Encoding_UTF16, Encoding_UTF16_NoDeclaration); any
+    // other value fails with "Unknown Encoding, select UTF-8". Independent of the
+    // encoding named in the declaration.
+    CBinaryData GetBytes(XmlEncoding encoding);
 
     // Comments and processing instructions close a start tag that is open, so that
     // they never land among its attributes.
@@ -54,6 +63,8 @@ private:
     void CloseStartTag();
     void CheckAttributeAllowed() const;
     void AppendDeclaration(const std::string& prefix, const std::string& namespaceUri);
+    // Writes "xml:" for the XML namespace and gives true; nothing otherwise.
+    bool AppendXmlPrefix(const std::string& namespaceUri);
 
     CStringBuffer* m_buffer;
     std::string m_lineEnd;

@@ -101,6 +101,13 @@ public:
     // Number of open elements.
     std::int32_t GetOpenElementCount() const;
 
+    // The namespace of xml:lang and xml:space. Its prefix xml is bound by definition:
+    // writers use it as it is and never declare it, since binding that namespace to
+    // any other prefix makes a document no namespace-aware parser accepts.
+    static constexpr char XmlNamespace[] = "http://www.w3.org/XML/1998/namespace";
+    static constexpr char XmlPrefix[] = "xml";
+    static bool IsXmlNamespace(const std::string& namespaceUri) { return namespaceUri == XmlNamespace; }
+
 protected:
     // 'A' + number / 26, then 'A' + number % 26: AA, AB, ..., ZZ. Numbers from 676
     // on take more letters, so that every number still gives its own prefix.

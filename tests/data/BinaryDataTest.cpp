@@ -4,7 +4,12 @@
 #include <cstdio>
 #include <cstring>
 #include <fstream>
+#include <csignal>
+#include <dirent.h>
 #include <iterator>
+#include <string>
+#include <vector>
+#include <sys/resource.h>
 #include <sys/stat.h>
 
 #include "TestUtil.h"
@@ -174,6 +179,62 @@ TEST(BinaryDataFile, WritesMarkAndBytesAndReportsErrno)
     for (const auto& f : failures)
         EXPECT_THROW_MSG(data.ToFile(f.first, Encoding_UTF8), COrvexException,
                          "Failed to write data to the file [" + f.second);
+}
+
+// Names in the folder of path that start with its file name, path itself included.
+std::vector<std::string> FilesLike(const std::string& path)
+{
+    const std::size_t slash = path.rfind('/');
+    const std::string folder = path.substr(0, slash), name = path.substr(slash + 1);
+    std::vector<std::string> found;
+    if (DIR* dir = opendir(folder.c_str())) {
+        while (const dirent* entry = readdir(dir))
+            if (std::string(entry->d_name).compare(0, name.size(), name) == 0) found.push_back(entry->d_name);
+        closedir(dir);
+    }
+    return found;
+}
+
+TEST(BinaryDataFile, AFailedWriteLeavesThePreviousFileAndNoPartOfTheNewOne)
+{
+    const std::string path = OrvexTest::TempPath("binary_data_replace.bin");
+    std::remove(path.c_str());
+    CBinaryData("old contents").ToFile(path.c_str(), Encoding_UTF8);
+    ASSERT_EQ(0, chmod(path.c_str(), 0640));
+
+    // A file size limit makes the write fail part way, with EFBIG instead of the signal.
+    const std::string big(100000, 'x');
+    struct rlimit saved;
+    getrlimit(RLIMIT_FSIZE, &saved);
+    struct rlimit limit = saved;
+    limit.rlim_cur = 4096;
+    auto previous = std::signal(SIGXFSZ, SIG_IGN);
+    setrlimit(RLIMIT_FSIZE, &limit);
+    bool threw = false;
+    try {
+        CBinaryData(big.c_str()).ToFile(path.c_str(), Encoding_UTF8);
+    } catch (const COrvexException& e) {
+        threw = true;
+        EXPECT_EQ("Failed to write data to the file [" + path + "] error [0x0000001B]", e.GetMessage());
+    }
+    setrlimit(RLIMIT_FSIZE, &saved);
+    std::signal(SIGXFSZ, previous);
+    EXPECT_TRUE(threw);
+    EXPECT_EQ("old contents", ReadFile(path));
+    EXPECT_EQ(std::vector<std::string>{"binary_data_replace.bin"}, FilesLike(path));
+
+    // A successful write replaces the file whole and keeps its permissions.
+    CBinaryData(big.c_str()).ToFile(path.c_str(), Encoding_UTF16);
+    EXPECT_EQ("\xFF\xFE" + big, ReadFile(path));
+    struct stat info;
+    ASSERT_EQ(0, stat(path.c_str(), &info));
+    EXPECT_EQ(0640u, info.st_mode & 07777);
+    EXPECT_EQ(std::vector<std::string>{"binary_data_replace.bin"}, FilesLike(path));
+
+    // A device is written in place, never replaced.
+    CBinaryData("gone").ToFile("/dev/null", Encoding_UTF8);
+    ASSERT_EQ(0, stat("/dev/null", &info));
+    EXPECT_TRUE(S_ISCHR(info.st_mode));
 }
 
 TEST(BinaryDataText, LocalAndWideToUtf8AndUtf16)

@@ -147,3 +147,49 @@ TEST(XmlObjectBaseToXml, OnlyTheHeaderedFormChecksClosing)
 }
 
 }  // namespace
+
+#define XMLNS "http://www.w3.org/XML/1998/namespace"
+
+TEST(XmlTextWriterNamespaces, XmlNamespaceKeepsItsOwnPrefixUndeclared)
+{
+    const std::pair<const char*, const char*> cases[] = {
+        {"<root|@lang " XMLNS "=en|@space " XMLNS "=preserve|>", "<root xml:lang=\"en\" xml:space=\"preserve\"/>"},
+        // An alias asked for the namespace is not declared and not used.
+        {"+x " XMLNS "|<root urn:r|@lang " XMLNS "=en|>", "<AA:root xmlns:AA=\"urn:r\" xml:lang=\"en\"/>"},
+        {"<root|<text " XMLNS "|#t|>|>", "<root><xml:text>t</xml:text></root>"},
+        {"<root|^" XMLNS " T|>", "<root xmlns:AA=\"" XSI "\" AA:type=\"xml:T\"/>"},
+    };
+    for (const auto& c : cases) {
+        const std::string written = WriteScript(c.first);
+        EXPECT_EQ(c.second, written) << c.first;
+        // A namespace-aware parser reads it back, with the attributes in the XML namespace.
+        CXmlDocument document;
+        document.LoadXml(written.c_str());
+        for (const CXmlAttribute* attribute : document.GetDocumentElement()->GetAttributes())
+            if (attribute->GetLocalName() == "lang") {
+                EXPECT_EQ(XMLNS, attribute->GetNamespaceURI());
+            }
+    }
+}
+
+TEST(XmlTextWriterBytes, EncodingsGiveUtf8OrUtf16WithoutMark)
+{
+    CXmlTextWriter writer;
+    writer.SetFormatted(false);
+    writer.WriteStartDocument(Encoding_UTF16);
+    writer.WriteStartElement("caf\xC3\xA9", "");
+    writer.WriteText("\xF0\x9F\x98\x80");
+    writer.WriteEndElement();
+    const std::string text = "<?xml version=\"1.0\" encoding=\"UTF-16\"?>\n<caf\xC3\xA9>\xF0\x9F\x98\x80</caf\xC3\xA9>";
+    std::string utf16;
+    for (char16_t unit : std::u16string(u"<?xml version=\"1.0\" encoding=\"UTF-16\"?>\n<caf\u00E9>\U0001F600</caf\u00E9>"))
+        utf16 += {static_cast<char>(unit & 0xFF), static_cast<char>(unit >> 8)};
+    // The declaration names UTF-16 but bytes follow the argument alone.
+    EXPECT_EQ(text, writer.GetBytes(Encoding_UTF8).GetString());
+    EXPECT_EQ(utf16, writer.GetBytes(Encoding_UTF16).GetString());
+    EXPECT_EQ(utf16, writer.GetBytes(Encoding_UTF16_NoDeclaration).GetString());
+    for (int bad : {0, 4, -1})
+        EXPECT_THROW_MSG(writer.GetBytes(static_cast<XmlEncoding>(bad)), COrvexException,
+                         "Unknown Encoding, select UTF-8");
+    EXPECT_EQ(text, writer.GetString());
+}
