@@ -75,7 +75,10 @@ void CXmlGeneratedClass::ToXmlBody(CXmlWriter* writer, bool isRoot, const char* 
             const CNamespaceAliasMap& aliases = context.GetNamespaceAliases();
             for (int index = 0; index < aliases.GetNamespaceCount(); ++index) {
                 const std::string namespaceUri = aliases.GetNamespaceAt(index);
-                writer->AddNamespace(aliases.GetAliasFromNamespace(namespaceUri.c_str()), namespaceUri);
+                const std::string alias = aliases.GetAliasFromNamespace(namespaceUri.c_str());
+                // The map refuses empty aliases; one made by looking up an unknown URI
+                // is not declared, since "xmlns:" is not XML.
+                if (!alias.empty()) writer->AddNamespace(alias, namespaceUri);
             }
             const std::string defaultNamespace = context.GetDefaultNamespaceURI();
             if (!defaultNamespace.empty()) writer->SetDefaultNamespace(defaultNamespace);

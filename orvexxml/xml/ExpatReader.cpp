@@ -85,7 +85,7 @@ struct CExpatReader::Callbacks
 };
 
 CExpatReader::CExpatReader(CXmlDocument* document)
-    : CInstanceMonitor("CExpatReader"), m_document(document), m_parser(nullptr), m_localIsUtf8(true)
+    : CInstanceMonitor("CExpatReader"), m_document(document), m_parser(nullptr), m_localIsUtf8(true), m_localKeepsAscii(true)
 {
 }
 
@@ -102,6 +102,7 @@ void CExpatReader::Parse()
     }
     m_failure = nullptr;
     m_localIsUtf8 = Platform::LocalIsUtf8();
+    m_localKeepsAscii = Platform::LocalKeepsAscii();
 
     // Without namespace processing, xmlns declarations arrive as plain attributes and
     // qualified names keep their prefix.
@@ -146,8 +147,8 @@ void CExpatReader::Parse()
 std::string_view CExpatReader::ToLocal(const char* text, std::size_t length, std::string& holder) const
 {
     // The parser gives valid UTF-8, so for a UTF-8 local encoding the bytes are the
-    // result, and ASCII is the same in every local code page.
-    if (m_localIsUtf8 || IsAscii(text, length)) return std::string_view(text, length);
+    // result, and ASCII is the same in the code pages that keep it (not in EBCDIC).
+    if (m_localIsUtf8 || (m_localKeepsAscii && IsAscii(text, length))) return std::string_view(text, length);
     holder = Platform::Utf8ToLocal(text, length);
     return holder;
 }

@@ -49,6 +49,7 @@ private:
     // once XML_Parse has returned.
     std::exception_ptr m_failure;
     bool m_localIsUtf8;
+    bool m_localKeepsAscii;
     // Conversion holders for the local code pages other than UTF-8, reused so that
     // their capacity carries from one callback to the next.
     std::string m_namespaceHolder;

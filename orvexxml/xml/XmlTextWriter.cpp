@@ -89,7 +89,14 @@ void CXmlTextWriter::AppendDeclaration(const std::string& prefix, const std::str
     m_buffer->Append(" xmlns:", 7);
     m_buffer->Append(prefix);
     m_buffer->Append("=\"", 2);
-    m_buffer->Append(namespaceUri);
+    m_buffer->AppendEscaped(namespaceUri.c_str(), m_eolType);
+    m_buffer->AppendChar('"');
+}
+
+void CXmlTextWriter::AppendDefaultDeclaration(const std::string& namespaceUri)
+{
+    m_buffer->Append(" xmlns=\"", 8);
+    m_buffer->AppendEscaped(namespaceUri.c_str(), m_eolType);
     m_buffer->AppendChar('"');
 }
 
@@ -127,6 +134,10 @@ void CXmlTextWriter::WriteStartElement(const std::string& localName, const std::
     CXmlWriterContext* context = NewContext(localName, namespaceUri);
     // Made current at once, so that the writer owns it whatever fails below.
     PushContext(context);
+    bool hasPendingDefault = false;
+    std::string pendingDefault;
+    NamespaceMap pending;
+    const bool hasPending = TakePendingDeclarations(context, hasPendingDefault, pendingDefault, pending);
 
     if (m_formatted) AppendIndent(context->m_depth);
     m_buffer->AppendChar('<');
@@ -150,12 +161,12 @@ void CXmlTextWriter::WriteStartElement(const std::string& localName, const std::
     }
 
     if (context->m_depth == 0) {
-        if (!m_defaultNamespace.empty()) {
-            m_buffer->Append(" xmlns=\"", 8);
-            m_buffer->Append(m_defaultNamespace);
-            m_buffer->AppendChar('"');
-        }
+        if (!m_defaultNamespace.empty()) AppendDefaultDeclaration(m_defaultNamespace);
         for (const auto& entry : m_namespaces) AppendDeclaration(entry.second, entry.first);
+    }
+    if (hasPending) {
+        if (hasPendingDefault) AppendDefaultDeclaration(pendingDefault);
+        for (const auto& entry : pending) AppendDeclaration(entry.second, entry.first);
     }
 }
 
@@ -175,7 +186,7 @@ void CXmlTextWriter::WriteAttribute(const std::string& localName, const std::str
             m_buffer->Append("xmlns:", 6);
             m_buffer->Append(prefix);
             m_buffer->Append("=\"", 2);
-            m_buffer->Append(namespaceUri);
+            m_buffer->AppendEscaped(namespaceUri.c_str(), m_eolType);
             m_buffer->Append("\" ", 2);
             m_buffer->Append(prefix);
         }

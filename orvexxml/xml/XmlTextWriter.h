@@ -52,6 +52,7 @@ private:
     void CloseStartTag();
     void CheckAttributeAllowed() const;
     void AppendDeclaration(const std::string& prefix, const std::string& namespaceUri);
+    void AppendDefaultDeclaration(const std::string& namespaceUri);
 
     CStringBuffer* m_buffer;
     std::string m_lineEnd;
