@@ -85,8 +85,9 @@ void CXmlGeneratedClass::ToXmlBody(CXmlWriter* writer, bool isRoot, const char* 
         }
         writer->WriteStartElement(ElementNameRef(), Text(namespaceUri));
         if (isRoot) {
-            CSmartPtr<CAttributeCol> additional = context.GetAdditionalRootAttributes();
-            CXmlObjectBase::ToXml_Int(additional.Get(), writer, false, namespaceUri, context, isOptional);
+            // Read without a reference: a shared context's counts are not touched.
+            if (const CAttributeCol* additional = context.PeekAdditionalRootAttributes())
+                CXmlObjectBase::ToXml_Int(additional, writer, false, namespaceUri, context, isOptional);
         }
         AttributesToXml_Int(writer, context);
         if (isRoot) {
