@@ -41,6 +41,18 @@ bool IsAscii(const char* text, std::size_t length)
     return any < 0x80;
 }
 
+// Expat reads Latin-1 and UTF-16 input through a byte table that takes U+00AA,
+// U+00B5 and U+00BA as name characters, while its UTF-8 reading (and XML itself)
+// does not. A name holding one would be written as UTF-8 that no reader takes back,
+// so such a name is refused whatever the input encoding, as UTF-8 input refuses it.
+bool HasLatin1OnlyNameChar(std::string_view name)
+{
+    for (std::size_t i = 0; i + 1 < name.size(); ++i)
+        if (name[i] == '\xC2' && (name[i + 1] == '\xAA' || name[i + 1] == '\xB5' || name[i + 1] == '\xBA'))
+            return true;
+    return false;
+}
+
 }  // namespace
 
 // Expat calls plain C functions. Each one forwards to the reader and keeps every
@@ -153,9 +165,17 @@ std::string_view CExpatReader::ToLocal(const char* text, std::size_t length, std
     return holder;
 }
 
+void CExpatReader::CheckName(std::string_view name) const
+{
+    if (HasLatin1OnlyNameChar(name))
+        throw COrvexException(FormatString("%s at line %d", XML_ErrorString(XML_ERROR_INVALID_TOKEN),
+                                           static_cast<int>(XML_GetCurrentLineNumber(m_parser))));
+}
+
 void CExpatReader::StartElement(const char* name, const char** attributes)
 {
     SplitName split = Split(name);
+    CheckName(split.localName);
     CXmlElement* element = m_document->AddElement(
         ToLocal(split.namespaceUri.data(), split.namespaceUri.size(), m_namespaceHolder),
         ToLocal(split.localName.data(), split.localName.size(), m_nameHolder));
@@ -166,6 +186,7 @@ void CExpatReader::StartElement(const char* name, const char** attributes)
     CXmlDocument::ReserveAttributes(element, count);
     for (std::size_t i = 0; i < count; ++i) {
         SplitName attributeName = Split(attributes[2 * i]);
+        CheckName(attributeName.localName);
         const char* value = attributes[2 * i + 1];
         CXmlDocument::AddElementAttributeView(
             element, ToLocal(attributeName.localName.data(), attributeName.localName.size(), m_nameHolder),
@@ -193,6 +214,7 @@ void CExpatReader::NamespaceDecl(const char* prefix, const char* uri)
     // A null prefix is the default namespace; a null URI undeclares the prefix.
     if (!prefix) prefix = "";
     if (!uri) uri = "";
+    CheckName(prefix);
     std::string_view localPrefix = ToLocal(prefix, std::strlen(prefix), m_nameHolder);
     std::string_view localUri = ToLocal(uri, std::strlen(uri), m_namespaceHolder);
     m_document->SetNamespaceAlias(localPrefix, localUri);

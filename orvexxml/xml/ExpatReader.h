@@ -34,6 +34,8 @@ private:
     struct Callbacks;
     friend struct Callbacks;
 
+    // Fails as UTF-8 input would for a name that only Latin-1 and UTF-16 input let through.
+    void CheckName(std::string_view name) const;
     void StartElement(const char* name, const char** attributes);
     void EndElement();
     void CharacterData(const char* text, int length);
