@@ -1,7 +1,8 @@
 #!/usr/bin/env bash
 # Installs the dependencies, builds, and runs every test: the suite in a release
 # build, the installed package from a consumer project, the suite again under
-# AddressSanitizer and UndefinedBehaviorSanitizer, and a short run of each fuzz target.
+# AddressSanitizer and UndefinedBehaviorSanitizer, the tests that share objects between
+# threads under ThreadSanitizer, and a short run of each fuzz target.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
@@ -13,6 +14,20 @@ summary="$(mktemp)"
 trap 'rm -f "$summary"' EXIT
 run_ctest() {
   ctest --test-dir "$1" --output-on-failure -j "$jobs" | tee -a "$summary"
+}
+# A GoogleTest program run directly; its count goes to the summary in ctest's words.
+run_gtest() {
+  local log status=0 passed failed
+  log="$(mktemp)"
+  "$@" >"$log" 2>&1 || status=$?
+  tail -n 15 "$log"
+  passed="$(grep -Eo '^\[  PASSED  \] [0-9]+' "$log" | awk '{s += $4} END {print s + 0}')"
+  failed="$(grep -Eo '^\[  FAILED  \] [0-9]+ tests?, listed below' "$log" | awk '{s += $4} END {print s + 0}')"
+  # A sanitizer report ends the program before GoogleTest counts: one failure.
+  if [ "$status" -ne 0 ] && [ "$failed" -eq 0 ]; then failed=1; fi
+  rm -f "$log"
+  echo "$failed tests failed out of $((passed + failed))" | tee -a "$summary"
+  return "$status"
 }
 
 echo "== release build and tests"
@@ -29,6 +44,10 @@ echo "== sanitizer build and tests"
 ./scripts/build.sh sanitize
 export ASAN_OPTIONS=detect_leaks=1:abort_on_error=1 UBSAN_OPTIONS=print_stacktrace=1:halt_on_error=1
 run_ctest build-sanitize
+
+echo "== thread sanitizer build and the threads tests"
+./scripts/build.sh tsan
+TSAN_OPTIONS=halt_on_error=1:second_deadlock_stack=1 run_gtest ./build-tsan/tests/orvex_tests --gtest_filter='Threads*'
 
 if command -v clang++ >/dev/null 2>&1; then
   echo "== fuzz targets (short runs)"

@@ -82,13 +82,14 @@ std::string FormatStringV(const char* format, va_list args)
     int needed = std::vsnprintf(small, sizeof small, format, copy);
     va_end(copy);
     if (needed < 0) return std::string();
-    if (static_cast<size_t>(needed) < sizeof small) return std::string(small, static_cast<size_t>(needed));
+    // The result ends at the first terminator, even one written by a %c of zero.
+    if (static_cast<size_t>(needed) < sizeof small) return std::string(small, strnlen(small, static_cast<size_t>(needed)));
 
     std::string result(static_cast<size_t>(needed) + 1, '\0');
     va_copy(copy, args);
     std::vsnprintf(&result[0], result.size(), format, copy);
     va_end(copy);
-    result.resize(static_cast<size_t>(needed));
+    result.resize(std::strlen(result.c_str()));
     return result;
 }
 

@@ -102,15 +102,19 @@ void CXmlGeneratedClass::ToXmlBody(CXmlWriter* writer, bool isRoot, const char* 
             const CNamespaceAliasMap& aliases = context.GetNamespaceAliases();
             for (int index = 0; index < aliases.GetNamespaceCount(); ++index) {
                 const std::string namespaceUri = aliases.GetNamespaceAt(index);
-                writer->AddNamespace(aliases.GetAliasFromNamespace(namespaceUri.c_str()), namespaceUri);
+                const std::string alias = aliases.GetAliasFromNamespace(namespaceUri.c_str());
+                // The map refuses empty aliases; one made by looking up an unknown URI
+                // is not declared, since "xmlns:" is not XML.
+                if (!alias.empty()) writer->AddNamespace(alias, namespaceUri);
             }
             const std::string defaultNamespace = context.GetDefaultNamespaceURI();
             if (!defaultNamespace.empty()) writer->SetDefaultNamespace(defaultNamespace);
         }
         writer->WriteStartElement(ElementNameRef(), Text(namespaceUri));
         if (isRoot) {
-            CSmartPtr<CAttributeCol> additional = context.GetAdditionalRootAttributes();
-            CXmlObjectBase::ToXml_Int(additional.Get(), writer, false, namespaceUri, context, isOptional);
+            // Read without a reference: a shared context's counts are not touched.
+            if (const CAttributeCol* additional = context.PeekAdditionalRootAttributes())
+                CXmlObjectBase::ToXml_Int(additional, writer, false, namespaceUri, context, isOptional);
         }
         AttributesToXml_Int(writer, context);
         if (isRoot) {

@@ -85,6 +85,10 @@ public:
     // made on the first call (default namespace "", restriction "##any") and the same
     // one comes back from then on; a context used on two threads must have it made first.
     CSmartPtr<CAttributeCol> GetAdditionalRootAttributes() const;
+    // The same collection without making it and without taking a reference: null
+    // until GetAdditionalRootAttributes made it. Writing reads it through here, so
+    // threads that share an unchanged context write nothing to it.
+    const CAttributeCol* PeekAdditionalRootAttributes() const { return m_additionalRootAttributes.Get(); }
 
     // Reading XML text, the parser is told where the input ends, so a document cut
     // short fails with the parser's message and line instead of loading the part

@@ -1,6 +1,7 @@
 #include "orvexxml/platform/CodePage.h"
 
 #include <cerrno>
+#include <cstring>
 #include <iconv.h>
 #include <string>
 
@@ -162,6 +163,10 @@ struct IconvPair
     unsigned int codePage = 0xFFFFFFFFu;
     iconv_t toLocal = reinterpret_cast<iconv_t>(-1);
     iconv_t fromLocal = reinterpret_cast<iconv_t>(-1);
+    // True when the code page writes each ASCII character as its own single byte
+    // both ways, so ASCII text can skip the conversion. EBCDIC and the UTF-16 and
+    // UTF-32 code pages do not.
+    bool keepsAscii = true;
 
     void Close()
     {
@@ -181,6 +186,39 @@ struct IconvPair
         fromLocal = iconv_open("UTF-32LE", name.c_str());
         if (toLocal == reinterpret_cast<iconv_t>(-1)) toLocal = iconv_open("ASCII", "UTF-32LE");
         if (fromLocal == reinterpret_cast<iconv_t>(-1)) fromLocal = iconv_open("UTF-32LE", "ASCII");
+        keepsAscii = ProbeAscii();
+    }
+
+    bool ProbeAscii() const
+    {
+        const iconv_t none = reinterpret_cast<iconv_t>(-1);
+        char32_t cps[128];
+        char bytes[128];
+        for (int c = 0; c < 128; ++c) {
+            cps[c] = static_cast<char32_t>(c);
+            bytes[c] = static_cast<char>(c);
+        }
+        if (toLocal != none) {
+            iconv(toLocal, nullptr, nullptr, nullptr, nullptr);
+            char out[1024];
+            char* in = reinterpret_cast<char*>(cps);
+            char* dst = out;
+            std::size_t inLeft = sizeof cps, outLeft = sizeof out;
+            if (iconv(toLocal, &in, &inLeft, &dst, &outLeft) == static_cast<std::size_t>(-1)) return false;
+            if (dst - out != 128 || std::memcmp(out, bytes, 128) != 0) return false;
+        }
+        if (fromLocal != none) {
+            iconv(fromLocal, nullptr, nullptr, nullptr, nullptr);
+            char32_t out[256];
+            char* in = bytes;
+            char* dst = reinterpret_cast<char*>(out);
+            std::size_t inLeft = sizeof bytes, outLeft = sizeof out;
+            if (iconv(fromLocal, &in, &inLeft, &dst, &outLeft) == static_cast<std::size_t>(-1)) return false;
+            if (dst - reinterpret_cast<char*>(out) != static_cast<std::ptrdiff_t>(sizeof cps) ||
+                std::memcmp(out, cps, sizeof cps) != 0)
+                return false;
+        }
+        return true;
     }
 };
 
@@ -304,6 +342,11 @@ bool LocalIsUtf8()
     return IsUtf8CodePage(g_localCodePage);
 }
 
+bool LocalKeepsAscii()
+{
+    return LocalIsUtf8() || Converters().keepsAscii;
+}
+
 std::size_t Utf16Length(const char16_t* text)
 {
     std::size_t n = 0;
@@ -340,7 +383,7 @@ std::string Utf16ToUtf8(const char16_t* text, std::size_t length)
 std::string Utf8ToLocal(const char* text, std::size_t length)
 {
     if (length == 0) return std::string();
-    if (IsAscii(text, length)) return std::string(text, length);
+    if (IsAscii(text, length) && LocalKeepsAscii()) return std::string(text, length);
     if (LocalIsUtf8()) {
         if (IsValidUtf8(text, length)) return std::string(text, length);
         std::string out;
@@ -371,7 +414,7 @@ std::string Utf16ToLocal(const char16_t* text, std::size_t length)
 std::u16string LocalToUtf16(const char* text, std::size_t length)
 {
     if (length == 0) return std::u16string();
-    if (IsAscii(text, length)) return std::u16string(text, text + length);
+    if (IsAscii(text, length) && LocalKeepsAscii()) return std::u16string(text, text + length);
     if (LocalIsUtf8()) return Utf8ToUtf16(text, length);
     std::u32string cps = LocalToCodePoints(text, length);
     std::u16string out;
@@ -383,7 +426,7 @@ std::u16string LocalToUtf16(const char* text, std::size_t length)
 std::string LocalToUtf8(const char* text, std::size_t length)
 {
     if (length == 0) return std::string();
-    if (IsAscii(text, length)) return std::string(text, length);
+    if (IsAscii(text, length) && LocalKeepsAscii()) return std::string(text, length);
     if (LocalIsUtf8()) return Utf8ToLocal(text, length);
     std::u32string cps = LocalToCodePoints(text, length);
     std::string out;

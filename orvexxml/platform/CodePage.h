@@ -27,6 +27,9 @@ constexpr unsigned int CodePageUtf8 = 65001;
 
 // True when the local character encoding is UTF-8 (0, 3 or 65001).
 ORVEXXML_API bool LocalIsUtf8();
+// True when ASCII text is the same bytes in the local encoding as in UTF-8, so it
+// needs no conversion (false for EBCDIC and the wide code pages).
+ORVEXXML_API bool LocalKeepsAscii();
 
 // UTF-8 bytes to UTF-16 units; invalid sequences become U+FFFD.
 ORVEXXML_API std::u16string Utf8ToUtf16(const char* text, std::size_t length);

@@ -710,15 +710,18 @@ bool CBigInteger::operator==(const CBigInteger& other) const
     return Compare(m_digits, other.m_digits) == 0 && (IsZero() || m_sign == other.m_sign);
 }
 
+// A zero may carry either sign (a negated or divided zero keeps it), and equality
+// ignores it; so does the order, which must agree with equality for sorted keys.
 bool CBigInteger::operator<(const CBigInteger& other) const
 {
-    if (m_sign < 0 && other.m_sign > 0)
-        return true;
-    if (m_sign > 0 && other.m_sign < 0)
+    const int sign = IsZero() ? 0 : m_sign;
+    const int otherSign = other.IsZero() ? 0 : other.m_sign;
+    if (sign != otherSign)
+        return sign < otherSign;
+    if (sign == 0)
         return false;
-    if (m_sign < 0)
-        return Compare(m_digits, other.m_digits) > 0;
-    return Compare(m_digits, other.m_digits) < 0;
+    const int c = Compare(m_digits, other.m_digits);
+    return sign < 0 ? c > 0 : c < 0;
 }
 
 CBigInteger::operator int() const

@@ -43,6 +43,18 @@ bool IsAscii(const char* text, std::size_t length)
     return any < 0x80;
 }
 
+// Expat reads Latin-1 and UTF-16 input through a byte table that takes U+00AA,
+// U+00B5 and U+00BA as name characters, while its UTF-8 reading (and XML itself)
+// does not. A name holding one would be written as UTF-8 that no reader takes back,
+// so such a name is refused whatever the input encoding, as UTF-8 input refuses it.
+bool HasLatin1OnlyNameChar(std::string_view name)
+{
+    for (std::size_t i = 0; i + 1 < name.size(); ++i)
+        if (name[i] == '\xC2' && (name[i + 1] == '\xAA' || name[i + 1] == '\xB5' || name[i + 1] == '\xBA'))
+            return true;
+    return false;
+}
+
 }  // namespace
 
 // Expat calls plain C functions. Each one forwards to the reader and keeps every
@@ -99,7 +111,8 @@ CExpatReader::CExpatReader(CXmlDocument* document)
       m_document(document),
       m_parser(nullptr),
       m_localIsUtf8(true),
-      m_entityDeclarations(0)
+      m_entityDeclarations(0),
+      m_localKeepsAscii(true)
 {
 }
 
@@ -117,6 +130,7 @@ void CExpatReader::Parse()
     m_failure = nullptr;
     m_entityDeclarations = 0;
     m_localIsUtf8 = Platform::LocalIsUtf8();
+    m_localKeepsAscii = Platform::LocalKeepsAscii();
 
     // Without namespace processing, xmlns declarations arrive as plain attributes and
     // qualified names keep their prefix.
@@ -176,15 +190,23 @@ void CExpatReader::Parse()
 std::string_view CExpatReader::ToLocal(const char* text, std::size_t length, std::string& holder) const
 {
     // The parser gives valid UTF-8, so for a UTF-8 local encoding the bytes are the
-    // result, and ASCII is the same in every local code page.
-    if (m_localIsUtf8 || IsAscii(text, length)) return std::string_view(text, length);
+    // result, and ASCII is the same in the code pages that keep it (not in EBCDIC).
+    if (m_localIsUtf8 || (m_localKeepsAscii && IsAscii(text, length))) return std::string_view(text, length);
     holder = Platform::Utf8ToLocal(text, length);
     return holder;
+}
+
+void CExpatReader::CheckName(std::string_view name) const
+{
+    if (HasLatin1OnlyNameChar(name))
+        throw COrvexException(FormatString("%s at line %d", XML_ErrorString(XML_ERROR_INVALID_TOKEN),
+                                           static_cast<int>(XML_GetCurrentLineNumber(m_parser))));
 }
 
 void CExpatReader::StartElement(const char* name, const char** attributes)
 {
     SplitName split = Split(name);
+    CheckName(split.localName);
     CXmlElement* element = m_document->AddElement(
         ToLocal(split.namespaceUri.data(), split.namespaceUri.size(), m_namespaceHolder),
         ToLocal(split.localName.data(), split.localName.size(), m_nameHolder));
@@ -198,6 +220,7 @@ void CExpatReader::StartElement(const char* name, const char** attributes)
     CXmlDocument::ReserveAttributes(element, count);
     for (std::size_t i = 0; i < count; ++i) {
         SplitName attributeName = Split(attributes[2 * i]);
+        CheckName(attributeName.localName);
         const char* value = attributes[2 * i + 1];
         CXmlDocument::AddElementAttributeView(
             element, ToLocal(attributeName.localName.data(), attributeName.localName.size(), m_nameHolder),
@@ -235,6 +258,7 @@ void CExpatReader::NamespaceDecl(const char* prefix, const char* uri)
     // A null prefix is the default namespace; a null URI undeclares the prefix.
     if (!prefix) prefix = "";
     if (!uri) uri = "";
+    CheckName(prefix);
     std::string_view localPrefix = ToLocal(prefix, std::strlen(prefix), m_nameHolder);
     std::string_view localUri = ToLocal(uri, std::strlen(uri), m_namespaceHolder);
     m_document->SetNamespaceAlias(localPrefix, localUri);

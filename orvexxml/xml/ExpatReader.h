@@ -39,6 +39,8 @@ private:
     struct Callbacks;
     friend struct Callbacks;
 
+    // Fails as UTF-8 input would for a name that only Latin-1 and UTF-16 input let through.
+    void CheckName(std::string_view name) const;
     void StartElement(const char* name, const char** attributes);
     void EndElement();
     void CharacterData(const char* text, int length);
@@ -57,6 +59,7 @@ private:
     bool m_localIsUtf8;
     // Internal entities declared so far in this parse.
     int m_entityDeclarations;
+    bool m_localKeepsAscii;
     // Conversion holders for the local code pages other than UTF-8, reused so that
     // their capacity carries from one callback to the next.
     std::string m_namespaceHolder;

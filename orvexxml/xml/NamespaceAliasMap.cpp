@@ -11,7 +11,19 @@ std::string Text(const char* s) { return s ? s : ""; }
 
 void CNamespaceAliasMap::Add(const char* alias, const char* namespaceUri)
 {
-    m_aliases[Text(namespaceUri)] = Text(alias);
+    // The root declares every entry as xmlns:alias, so an empty alias would write
+    // "xmlns:" and an alias held by two URIs would be declared twice on one element:
+    // neither is XML. Both are refused here, where the caller can see which entry.
+    const std::string wanted = Text(alias);
+    const std::string uri = Text(namespaceUri);
+    if (wanted.empty())
+        throw COrvexInvalidParamException(
+            FormatString("The namespace alias for [%s] must not be empty", uri.c_str()));
+    for (const auto& entry : m_aliases)
+        if (entry.second == wanted && entry.first != uri)
+            throw COrvexInvalidParamException(FormatString(
+                "The namespace alias [%s] is already used for [%s]", wanted.c_str(), entry.first.c_str()));
+    m_aliases[uri] = wanted;
 }
 
 void CNamespaceAliasMap::RemoveNamespace(const char* namespaceUri) { m_aliases.erase(Text(namespaceUri)); }
@@ -31,7 +43,11 @@ bool CNamespaceAliasMap::DoesAliasExist(const char* alias) const
 
 std::string CNamespaceAliasMap::GetAliasFromNamespace(const char* namespaceUri) const
 {
-    return m_aliases[Text(namespaceUri)];
+    // A known URI is only read, so that a map shared by threads is never written.
+    const std::string uri = Text(namespaceUri);
+    auto found = m_aliases.find(uri);
+    if (found != m_aliases.end()) return found->second;
+    return m_aliases[uri];
 }
 
 std::string CNamespaceAliasMap::GetNamespaceFromAlias(const char* alias) const

@@ -17,7 +17,8 @@ public:
     CNamespaceAliasMap& operator=(const CNamespaceAliasMap& other) = default;
     ~CNamespaceAliasMap() = default;
 
-    // Sets the alias of namespaceUri, replacing an existing one. Alias first.
+    // Sets the alias of namespaceUri, replacing an existing one. Alias first. An
+    // empty alias, or one that another URI holds, fails with COrvexInvalidParamException.
     void Add(const char* alias, const char* namespaceUri);
     // An unknown URI changes nothing.
     void RemoveNamespace(const char* namespaceUri);

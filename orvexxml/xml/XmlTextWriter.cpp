@@ -7,9 +7,6 @@ namespace OrvexXmlLib5 {
 namespace {
 
 const char* const XsiNamespace = "http://www.w3.org/2001/XMLSchema-instance";
-// Bound to the prefix xml in every document; binding any other prefix to it, or
-// declaring it at all under another prefix, makes the output unreadable.
-const char* const XmlNamespace = "http://www.w3.org/XML/1998/namespace";
 
 }  // namespace
 
@@ -121,6 +118,13 @@ void CXmlTextWriter::AppendDeclaration(const std::string& prefix, const std::str
     m_buffer->AppendChar('"');
 }
 
+void CXmlTextWriter::AppendDefaultDeclaration(const std::string& namespaceUri)
+{
+    m_buffer->Append(" xmlns=\"", 8);
+    m_buffer->AppendEscaped(namespaceUri.c_str(), m_eolType);
+    m_buffer->AppendChar('"');
+}
+
 void CXmlTextWriter::WriteComment(const std::string& text)
 {
     CloseStartTag();
@@ -155,15 +159,16 @@ void CXmlTextWriter::WriteStartElement(const std::string& localName, const std::
     CXmlWriterContext* context = NewContext(localName, namespaceUri);
     // Made current at once, so that the writer owns it whatever fails below.
     PushContext(context);
+    bool hasPendingDefault = false;
+    std::string pendingDefault;
+    NamespaceMap pending;
+    const bool hasPending = TakePendingDeclarations(context, hasPendingDefault, pendingDefault, pending);
 
     if (m_formatted) AppendIndent(context->m_depth);
     m_buffer->AppendChar('<');
     if (AppendXmlPrefix(namespaceUri)) {
         m_buffer->Append(localName);
     } else if (namespaceUri.empty() || namespaceUri == context->GetDefaultNamespace()) {
-        m_buffer->Append(localName);
-    } else if (namespaceUri == XmlNamespace) {
-        m_buffer->Append("xml:", 4);
         m_buffer->Append(localName);
     } else {
         const NamespaceMap& namespaces = context->GetNamespaceMap();
@@ -183,13 +188,13 @@ void CXmlTextWriter::WriteStartElement(const std::string& localName, const std::
     }
 
     if (context->m_depth == 0) {
-        if (!m_defaultNamespace.empty()) {
-            m_buffer->Append(" xmlns=\"", 8);
-            m_buffer->AppendEscaped(m_defaultNamespace.c_str(), m_eolType);
-            m_buffer->AppendChar('"');
-        }
+        if (!m_defaultNamespace.empty()) AppendDefaultDeclaration(m_defaultNamespace);
         for (const auto& entry : m_namespaces)
             if (!IsXmlNamespace(entry.first)) AppendDeclaration(entry.second, entry.first);
+    }
+    if (hasPending) {
+        if (hasPendingDefault) AppendDefaultDeclaration(pendingDefault);
+        for (const auto& entry : pending) AppendDeclaration(entry.second, entry.first);
     }
 }
 
@@ -201,9 +206,7 @@ void CXmlTextWriter::WriteAttribute(const std::string& localName, const std::str
     if (!namespaceUri.empty() && !AppendXmlPrefix(namespaceUri)) {
         const NamespaceMap& namespaces = m_currentContext->GetNamespaceMap();
         NamespaceMap::const_iterator found = namespaces.find(namespaceUri);
-        if (namespaceUri == XmlNamespace) {
-            m_buffer->Append("xml", 3);
-        } else if (found != namespaces.end()) {
+        if (found != namespaces.end()) {
             m_buffer->Append(found->second);
         } else {
             const std::string prefix = GetUniquePrefix(namespaces);
@@ -272,9 +275,7 @@ void CXmlTextWriter::WriteEndElement()
             namespaceUri != context->GetDefaultNamespace()) {
             const NamespaceMap& namespaces = context->GetNamespaceMap();
             NamespaceMap::const_iterator found = namespaces.find(namespaceUri);
-            if (namespaceUri == XmlNamespace) {
-                m_buffer->Append("xml:", 4);
-            } else if (found != namespaces.end()) {
+            if (found != namespaces.end()) {
                 m_buffer->Append(found->second);
                 m_buffer->AppendChar(':');
             }

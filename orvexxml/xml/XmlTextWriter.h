@@ -65,6 +65,7 @@ private:
     void AppendDeclaration(const std::string& prefix, const std::string& namespaceUri);
     // Writes "xml:" for the XML namespace and gives true; nothing otherwise.
     bool AppendXmlPrefix(const std::string& namespaceUri);
+    void AppendDefaultDeclaration(const std::string& namespaceUri);
 
     CStringBuffer* m_buffer;
     std::string m_lineEnd;

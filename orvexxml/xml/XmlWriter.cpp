@@ -1,6 +1,7 @@
 #include "orvexxml/xml/XmlWriter.h"
 
 #include <algorithm>
+#include <iterator>
 #include <vector>
 
 #include "orvexxml/frame/OrvexException.h"
@@ -102,6 +103,10 @@ void CXmlWriter::CXmlWriterContext::MakeScopePrivate()
 void CXmlWriter::CXmlWriterContext::AddNamespace(const std::string& namespaceUri, const std::string& prefix)
 {
     MakeScopePrivate();
+    // A prefix declared here hides the same prefix of an outer URI, which must then
+    // get a prefix of its own when it is used below.
+    for (auto it = m_namespaces->begin(); it != m_namespaces->end();)
+        it = it->second == prefix && it->first != namespaceUri ? m_namespaces->erase(it) : std::next(it);
     (*m_namespaces)[namespaceUri] = prefix;
 }
 
@@ -128,20 +133,39 @@ CXmlWriter::~CXmlWriter()
     delete m_currentContext;
 }
 
+// Changing the open element's scope would let later names use a prefix that no
+// start tag declares; the declaration goes on the next element started instead.
 void CXmlWriter::SetDefaultNamespace(const std::string& namespaceUri)
 {
-    if (m_currentContext)
-        m_currentContext->SetDefaultNamespace(namespaceUri);
-    else
+    if (m_currentContext) {
+        m_pendingDefaultNamespace = namespaceUri;
+        m_hasPendingDefault = true;
+    } else {
         m_defaultNamespace = namespaceUri;
+    }
 }
 
 void CXmlWriter::AddNamespace(const std::string& alias, const std::string& namespaceUri)
 {
     if (m_currentContext)
-        m_currentContext->AddNamespace(namespaceUri, alias);
+        m_pendingNamespaces[namespaceUri] = alias;
     else
         m_namespaces[namespaceUri] = alias;
+}
+
+bool CXmlWriter::TakePendingDeclarations(CXmlWriterContext* context, bool& hasDefault, std::string& defaultNamespace,
+                                         NamespaceMap& namespaces)
+{
+    hasDefault = m_hasPendingDefault;
+    if (!hasDefault && m_pendingNamespaces.empty()) return false;
+    defaultNamespace.swap(m_pendingDefaultNamespace);
+    namespaces.swap(m_pendingNamespaces);
+    m_pendingDefaultNamespace.clear();
+    m_pendingNamespaces.clear();
+    m_hasPendingDefault = false;
+    if (hasDefault) context->SetDefaultNamespace(defaultNamespace);
+    for (const auto& entry : namespaces) context->AddNamespace(entry.first, entry.second);
+    return true;
 }
 
 void CXmlWriter::WriteEndDocument()

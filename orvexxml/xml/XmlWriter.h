@@ -78,11 +78,11 @@ public:
     CXmlWriter(const CXmlWriter&) = delete;
     CXmlWriter& operator=(const CXmlWriter&) = delete;
 
-    // With an open element: changes that element's scope; otherwise the default
-    // namespace declared on the root.
+    // With an open element: declared on the next element started, whose scope it
+    // joins; otherwise the default namespace declared on the root.
     virtual void SetDefaultNamespace(const std::string& namespaceUri);
-    // With an open element: adds the prefix to that element's scope; otherwise to
-    // the namespaces declared on the root. Writes nothing itself.
+    // With an open element: declared on the next element started, whose scope it
+    // joins; otherwise added to the namespaces declared on the root. Writes nothing itself.
     virtual void AddNamespace(const std::string& alias, const std::string& namespaceUri);
     // Fails with "An Element has not been closed." while an element is open.
     virtual void WriteEndDocument();
@@ -122,10 +122,20 @@ protected:
     void PushContext(CXmlWriterContext* context) { m_currentContext = context; }
     // Replaces the current context with its parent and deletes it.
     void PopContext();
+    // Moves the declarations asked for while an element was open into the scope of
+    // context, the element starting now. Returns true when there were any; the
+    // concrete writer then declares defaultNamespace (when hasDefault) and namespaces.
+    bool TakePendingDeclarations(CXmlWriterContext* context, bool& hasDefault, std::string& defaultNamespace,
+                                 NamespaceMap& namespaces);
 
     std::string m_defaultNamespace;
     CXmlWriterContext* m_currentContext;
     NamespaceMap m_namespaces;
+    // Declarations asked for while an element was open. An element's start tag may
+    // already be written, so they wait for the next element started.
+    NamespaceMap m_pendingNamespaces;
+    std::string m_pendingDefaultNamespace;
+    bool m_hasPendingDefault = false;
 };
 
 }  // namespace OrvexXmlLib5

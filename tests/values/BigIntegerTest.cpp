@@ -157,14 +157,16 @@ TEST(BigInteger, DivisionByZeroFails)
     EXPECT_EQ(a.ToString(), "5");
 }
 
-TEST(BigInteger, NegativeZeroEqualsZeroButOrdersBelowIt)
+// The order agrees with equality, which ignores the sign of a zero.
+TEST(BigInteger, NegativeZeroEqualsZeroAndOrdersWithIt)
 {
     CBigInteger z;
     z.Negate();
     const CBigInteger zero;
     EXPECT_EQ(z.ToString(), "0");
-    EXPECT_TRUE(z == zero && z < zero && zero > z && z <= zero && CBigInteger("-") == zero && (zero + z) == zero);
-    EXPECT_FALSE(zero < z || z >= zero);
+    EXPECT_TRUE(z == zero && z <= zero && z >= zero && CBigInteger("-") == zero && (zero + z) == zero);
+    EXPECT_FALSE(zero < z || z < zero || z > zero || zero > z);
+    EXPECT_TRUE(CBigInteger(-1) < z && z < CBigInteger(1) && CBigInteger(1) > z && z > CBigInteger(-1));
 
     CBigInteger x(3);
     CBigInteger& same = -x;

@@ -5,8 +5,11 @@
 #include <chrono>
 #include <cstdint>
 #include <limits>
+#include <map>
 #include <random>
 #include <string>
+#include <utility>
+#include <vector>
 
 using namespace OrvexXmlLib5;
 
@@ -243,6 +246,34 @@ TEST(Decimal, ComparisonsAcrossDividers)
                   c.eq + 2 * !c.eq + 4 * c.lt + 8 * c.gt + 16 * (c.lt || c.eq) + 32 * (c.gt || c.eq))
             << c.a << " " << c.b;
     }
+}
+
+// Every pair of values, zeros and zero fractions of either sign included, orders the
+// way their numbers do and agrees with equality, so sorting and map keys work.
+TEST(Decimal, OrderIsAStrictWeakOrderThatAgreesWithEquality)
+{
+    CBigInteger negativeZero;
+    negativeZero.Negate();
+    const std::vector<std::pair<CDecimal, double>> values = {
+        {CDecimal("-59.0"), -59}, {CDecimal("-59.00"), -59}, {CDecimal("-59"), -59}, {CDecimal("-0"), 0},
+        {CDecimal("0.000"), 0}, {CDecimal("-0.0"), 0}, {CDecimal("-"), 0}, {CDecimal(negativeZero), 0},
+        {CDecimal("0.5") - CDecimal("0.5"), 0}, {CDecimal("-.5"), -0.5}, {CDecimal("-0.50"), -0.5},
+        {CDecimal("0.5"), 0.5}, {CDecimal("-59.5") + CDecimal("0.5"), -59}, {CDecimal("1.25"), 1.25},
+        {CDecimal("-1.25"), -1.25}, {CDecimal("59.00"), 59}, {CDecimal("-58.99"), -58.99}};
+    for (const auto& a : values)
+        for (const auto& b : values) {
+            const CDecimal &x = a.first, &y = b.first;
+            const int expected = (a.second > b.second) - (a.second < b.second);
+            EXPECT_EQ((x < y) + 2 * (x == y) + 4 * (x > y) + 8 * (x <= y) + 16 * (x >= y) + 32 * (x != y),
+                      (expected < 0) + 2 * (expected == 0) + 4 * (expected > 0) + 8 * (expected <= 0) +
+                          16 * (expected >= 0) + 32 * (expected != 0))
+                << x.ToString() << " against " << y.ToString();
+        }
+    std::map<CDecimal, int> keys;
+    for (const auto& v : values) ++keys[v.first];
+    EXPECT_EQ(keys.size(), 8u);
+    EXPECT_EQ(keys[CDecimal(0)], 6);
+    EXPECT_EQ(keys[CDecimal(-59)], 4);
 }
 
 TEST(Decimal, RandomOperationsAgreeWithInt128)

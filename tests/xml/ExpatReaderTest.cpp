@@ -119,6 +119,27 @@ TEST_F(ExpatReader, LongNonAsciiNamesAndUtf16UnderALatinCodePage)
     EXPECT_EQ(document.GetDocumentElement()->GetText(), "\x80??");
 }
 
+// EBCDIC moves ASCII too: names, values, prefixes and all-ASCII text are converted
+// like the rest, not passed through as they are for code pages that keep ASCII.
+TEST_F(ExpatReader, EbcdicConvertsAsciiNamesAndTextToo)
+{
+    SetLocalCharEncoding(1140);
+    CXmlDocument document;
+    document.LoadXml("<a xmlns:p='urn:x' p:b='c'>\xC3\xA9\xE2\x82\xAC<p:a>abc</p:a></a>");
+    const CXmlElement* root = document.GetDocumentElement();
+    EXPECT_EQ(root->GetLocalName(), "\x81");
+    EXPECT_EQ(root->GetText(), "\x51\x9F");
+    EXPECT_EQ(root->GetAttribute("\x82", "\xA4\x99\x95\x7A\xA7"), "\x83");
+    EXPECT_EQ(root->GetFirstElement()->GetText(), "\x81\x82\x83");
+    EXPECT_EQ(root->GetFirstElement()->GetNamespaceURI(), "\xA4\x99\x95\x7A\xA7");
+    EXPECT_EQ(document.LookupNamespaceFromAlias("\x97"), "\xA4\x99\x95\x7A\xA7");
+    EXPECT_EQ(Platform::LocalToUtf8(std::string("\x81\x51")), "a\xC3\xA9");
+    EXPECT_EQ(Platform::LocalToUtf16(std::string("\x81")), u"a");
+    SetLocalCharEncoding(1252);
+    document.LoadXml("<a>abc</a>");
+    EXPECT_EQ(document.GetDocumentElement()->GetText(), "abc");
+}
+
 // Each allocation in turn fails while the tree is built: the failure must come out of
 // the load as std::bad_alloc, never cross the parser's C frames, and leave a
 // document that releases cleanly (the leak checker of the sanitizer build watches).

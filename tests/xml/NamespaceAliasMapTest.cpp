@@ -18,11 +18,20 @@ TEST(NamespaceAliasMap, OneAliasPerNamespaceLastAddWins)
     EXPECT_TRUE(map.DoesAliasExist("b"));
 }
 
-TEST(NamespaceAliasMap, SharedAliasResolvesToFirstUriInOrder)
+TEST(NamespaceAliasMap, EmptyOrSharedAliasIsRefusedWhereItIsSet)
 {
     CNamespaceAliasMap map;
     map.Add("a", "urn:2");
+    EXPECT_THROW_MSG(map.Add("a", "urn:1"), COrvexInvalidParamException,
+                     "The namespace alias [a] is already used for [urn:2]");
+    EXPECT_THROW_MSG(map.Add("", "urn:1"), COrvexInvalidParamException,
+                     "The namespace alias for [urn:1] must not be empty");
+    EXPECT_THROW_MSG(map.Add(nullptr, "urn:1"), COrvexInvalidParamException,
+                     "The namespace alias for [urn:1] must not be empty");
+    map.Add("a", "urn:2");
+    map.Add("b", "urn:2");
     map.Add("a", "urn:1");
+    EXPECT_EQ(2, map.GetNamespaceCount());
     EXPECT_EQ("urn:1", map.GetNamespaceFromAlias("a"));
     EXPECT_THROW_MSG(map.GetNamespaceFromAlias("zz"), COrvexException, "Namespace alias [zz] not found");
 }

@@ -64,9 +64,18 @@ TEST(XmlWriterScopes, DeclarationsLiveAndDieWithTheirElement)
         {"<root|<a urn:n|<b urn:n|@at urn:n=1|<c urn:m|>|>|<d urn:m|>|>|>",
          "<root><AA:a xmlns:AA=\"urn:n\"><AA:b AA:at=\"1\"><AB:c xmlns:AB=\"urn:m\"/></AA:b>"
          "<AB:d xmlns:AB=\"urn:m\"/></AA:a></root>"},
-        // AddNamespace and SetDefaultNamespace on an open element change its scope only.
-        {"+r urn:r|<root urn:r|<a|+q urn:q|=urn:d|<b urn:q|<c urn:d|>|>|>|<e urn:q|>|>",
-         "<r:root xmlns:r=\"urn:r\"><a><q:b><c/></q:b></a><AA:e xmlns:AA=\"urn:q\"/></r:root>"},
+        // AddNamespace and SetDefaultNamespace on an open element are declared on the
+        // next element started and hold in its scope only.
+        {"+r urn:r|<root urn:r|<a|+q urn:q|=urn:d|@at urn:q=1|<b urn:q|<c urn:d|>|>|<e urn:q|>|>|>",
+         "<r:root xmlns:r=\"urn:r\"><a xmlns:AA=\"urn:q\" AA:at=\"1\"><q:b xmlns=\"urn:d\" xmlns:q=\"urn:q\"><c/>"
+         "</q:b><AA:e/></a></r:root>"},
+        // A prefix declared again for another URI hides the outer one below it.
+        {"+p urn:a|<root urn:a|+p urn:b|<x urn:b|<y urn:a|>|>|>",
+         "<p:root xmlns:p=\"urn:a\"><p:x xmlns:p=\"urn:b\"><AA:y xmlns:AA=\"urn:a\"/></p:x></p:root>"},
+        // Namespace URIs are escaped like attribute values wherever they are declared.
+        {"+p u&<\"|=d&<\"|<root u&<\"|@a x\">=1|<c|=z<|<d|>|>|>",
+         "<p:root xmlns=\"d&amp;&lt;&quot;\" xmlns:p=\"u&amp;&lt;&quot;\" xmlns:AA=\"x&quot;&gt;\" AA:a=\"1\"><c>"
+         "<d xmlns=\"z&lt;\"/></c></p:root>"},
     };
     for (const auto& c : cases) EXPECT_EQ(c.second, WriteScript(c.first)) << c.first;
 }
