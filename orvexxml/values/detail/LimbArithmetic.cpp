@@ -13,17 +13,14 @@ using Wide = std::uint64_t;
 
 void Trim(Limbs& v)
 {
-    while (!v.empty() && v.back() == 0)
-        v.pop_back();
+    while (!v.empty() && v.back() == 0) v.pop_back();
 }
 
 int Compare(const Limbs& a, const Limbs& b)
 {
-    if (a.size() != b.size())
-        return a.size() < b.size() ? -1 : 1;
+    if (a.size() != b.size()) return a.size() < b.size() ? -1 : 1;
     for (std::size_t i = a.size(); i-- > 0;)
-        if (a[i] != b[i])
-            return a[i] < b[i] ? -1 : 1;
+        if (a[i] != b[i]) return a[i] < b[i] ? -1 : 1;
     return 0;
 }
 
@@ -84,8 +81,7 @@ Limbs Subtract(const Limbs& a, const Limbs& b)
 // a * B^k.
 Limbs ShiftUp(const Limbs& a, std::size_t k)
 {
-    if (a.empty())
-        return a;
+    if (a.empty()) return a;
     Limbs r(k, 0);
     r.insert(r.end(), a.begin(), a.end());
     return r;
@@ -94,8 +90,7 @@ Limbs ShiftUp(const Limbs& a, std::size_t k)
 // floor(a / B^k).
 Limbs ShiftDown(const Limbs& a, std::size_t k)
 {
-    if (k >= a.size())
-        return Limbs();
+    if (k >= a.size()) return Limbs();
     return Limbs(a.begin() + static_cast<std::ptrdiff_t>(k), a.end());
 }
 
@@ -118,8 +113,7 @@ void MultiplySchoolbook(const Limb* a, std::size_t na, const Limb* b, std::size_
     std::fill(out, out + na + nb, 0);
     for (std::size_t i = 0; i < na; ++i) {
         const Wide ai = a[i];
-        if (ai == 0)
-            continue;
+        if (ai == 0) continue;
         Wide carry = 0;
         Limb* row = out + i;
         for (std::size_t j = 0; j < nb; ++j) {
@@ -151,8 +145,7 @@ struct Transform
         Wide result = 1;
         base %= P;
         for (; exponent > 0; exponent >>= 1) {
-            if (exponent & 1)
-                result = result * base % P;
+            if (exponent & 1) result = result * base % P;
             base = base * base % P;
         }
         return static_cast<std::uint32_t>(result);
@@ -163,21 +156,17 @@ struct Transform
         const std::size_t n = a.size();
         for (std::size_t i = 1, j = 0; i < n; ++i) {
             std::size_t bit = n >> 1;
-            for (; j & bit; bit >>= 1)
-                j ^= bit;
+            for (; j & bit; bit >>= 1) j ^= bit;
             j ^= bit;
-            if (i < j)
-                std::swap(a[i], a[j]);
+            if (i < j) std::swap(a[i], a[j]);
         }
         std::vector<std::uint32_t> roots(n / 2);
         for (std::size_t len = 2; len <= n; len <<= 1) {
             std::uint32_t w = Power(3, (P - 1) / len);
-            if (inverse)
-                w = Power(w, P - 2);
+            if (inverse) w = Power(w, P - 2);
             const std::size_t half = len / 2;
             roots[0] = 1;
-            for (std::size_t k = 1; k < half; ++k)
-                roots[k] = static_cast<std::uint32_t>(Wide(roots[k - 1]) * w % P);
+            for (std::size_t k = 1; k < half; ++k) roots[k] = static_cast<std::uint32_t>(Wide(roots[k - 1]) * w % P);
             for (std::size_t i = 0; i < n; i += len) {
                 std::uint32_t* lo = a.data() + i;
                 std::uint32_t* hi = lo + half;
@@ -191,8 +180,7 @@ struct Transform
         }
         if (inverse) {
             const Wide scale = Power(n, P - 2);
-            for (std::uint32_t& x : a)
-                x = static_cast<std::uint32_t>(x * scale % P);
+            for (std::uint32_t& x : a) x = static_cast<std::uint32_t>(x * scale % P);
         }
     }
 
@@ -202,14 +190,11 @@ struct Transform
     {
         std::vector<std::uint32_t> fa(n, 0);
         std::vector<std::uint32_t> fb(n, 0);
-        for (std::size_t i = 0; i < na; ++i)
-            fa[i] = a[i] % P;
-        for (std::size_t i = 0; i < nb; ++i)
-            fb[i] = b[i] % P;
+        for (std::size_t i = 0; i < na; ++i) fa[i] = a[i] % P;
+        for (std::size_t i = 0; i < nb; ++i) fb[i] = b[i] % P;
         Run(fa, false);
         Run(fb, false);
-        for (std::size_t i = 0; i < n; ++i)
-            fa[i] = static_cast<std::uint32_t>(Wide(fa[i]) * fb[i] % P);
+        for (std::size_t i = 0; i < n; ++i) fa[i] = static_cast<std::uint32_t>(Wide(fa[i]) * fb[i] % P);
         Run(fa, true);
         return fa;
     }
@@ -222,8 +207,7 @@ constexpr std::uint32_t kPrime3 = 469762049;  // 7 * 2^26 + 1
 void MultiplyTransform(const Limb* a, std::size_t na, const Limb* b, std::size_t nb, Limb* out)
 {
     std::size_t n = 1;
-    while (n < na + nb)
-        n <<= 1;
+    while (n < na + nb) n <<= 1;
     const std::vector<std::uint32_t> r1 = Transform<kPrime1>::Convolve(a, na, b, nb, n);
     const std::vector<std::uint32_t> r2 = Transform<kPrime2>::Convolve(a, na, b, nb, n);
     const std::vector<std::uint32_t> r3 = Transform<kPrime3>::Convolve(a, na, b, nb, n);
@@ -249,8 +233,7 @@ void MultiplyInto(const Limb* a, std::size_t na, const Limb* b, std::size_t nb, 
 // The length without the zero limbs at the top.
 std::size_t Significant(const Limb* v, std::size_t n)
 {
-    while (n > 0 && v[n - 1] == 0)
-        --n;
+    while (n > 0 && v[n - 1] == 0) --n;
     return n;
 }
 
@@ -268,8 +251,8 @@ void MultiplyKaratsuba(const Limb* a, std::size_t na, const Limb* b, std::size_t
     const std::size_t nb1 = nb - m;
 
     std::fill(out, out + na + nb, 0);
-    MultiplyInto(a0, m, b0, m, out);               // a0 b0 at 0, 2m limbs
-    MultiplyInto(a1, na1, b1, nb1, out + 2 * m);   // a1 b1 at 2m, na1 + nb1 limbs
+    MultiplyInto(a0, m, b0, m, out);              // a0 b0 at 0, 2m limbs
+    MultiplyInto(a1, na1, b1, nb1, out + 2 * m);  // a1 b1 at 2m, na1 + nb1 limbs
 
     Limbs sa(std::max(m, na1) + 1, 0);
     std::copy(a0, a0 + m, sa.begin());
@@ -281,8 +264,7 @@ void MultiplyKaratsuba(const Limb* a, std::size_t na, const Limb* b, std::size_t
     const std::size_t nsb = Significant(sb.data(), sb.size());
 
     Limbs mid(nsa + nsb + 1, 0);
-    if (nsa > 0 && nsb > 0)
-        MultiplyInto(sa.data(), nsa, sb.data(), nsb, mid.data());
+    if (nsa > 0 && nsb > 0) MultiplyInto(sa.data(), nsa, sb.data(), nsb, mid.data());
     // The parts may carry zero limbs at the top (pieces of a longer number), so the
     // products are subtracted at their real lengths, which mid's value bounds.
     SubtractFrom(mid.data(), mid.size(), out, Significant(out, 2 * m));
@@ -359,8 +341,7 @@ void DivideLong(const Limbs& a, const Limbs& b, Limbs& quotient, Limbs& remainde
         while (qhat >= base || qhat * v[n - 2] > rhat * base + u[j + n - 2]) {
             --qhat;
             rhat += v[n - 1];
-            if (rhat >= base)
-                break;
+            if (rhat >= base) break;
         }
         std::int64_t borrow = 0;
         for (std::size_t i = 0; i < n; ++i) {
@@ -499,16 +480,13 @@ void DigitsFromLimbs(const Limbs& limbs, std::vector<char>& digits)
             l /= 10;
         }
     }
-    while (digits.size() > 1 && digits.back() == 0)
-        digits.pop_back();
-    if (digits.empty())
-        digits.push_back(0);
+    while (digits.size() > 1 && digits.back() == 0) digits.pop_back();
+    if (digits.empty()) digits.push_back(0);
 }
 
 Limbs Multiply(const Limbs& a, const Limbs& b)
 {
-    if (a.empty() || b.empty())
-        return Limbs();
+    if (a.empty() || b.empty()) return Limbs();
     Limbs r(a.size() + b.size());
     MultiplyInto(a.data(), a.size(), b.data(), b.size(), r.data());
     Trim(r);
@@ -541,10 +519,8 @@ Limbs SquareRoot(const Limbs& n)
     if (n.size() <= 2) {
         const Wide v = n.empty() ? 0 : n.size() == 1 ? n[0] : Wide(n[1]) * kLimbBase + n[0];
         Wide x = static_cast<Wide>(std::sqrt(static_cast<double>(v)));
-        while (x > 0 && x * x > v)
-            --x;
-        while ((x + 1) * (x + 1) <= v)
-            ++x;
+        while (x > 0 && x * x > v) --x;
+        while ((x + 1) * (x + 1) <= v) ++x;
         return FromWide(x);
     }
     // The root of the top half, one limb wider than needed, starts Newton's iteration
@@ -559,16 +535,14 @@ Limbs SquareRoot(const Limbs& n)
         Divide(n, x, q, r);
         Limbs next = Add(x, q);
         DivideBySmall(next, 2);
-        if (Compare(next, x) < 0)
-            x = std::move(next);
+        if (Compare(next, x) < 0) x = std::move(next);
         Limbs square = Multiply(x, x);
         for (int i = 0; i < 4 && Compare(square, n) > 0; ++i) {
             // (x - 1)^2 = x^2 - 2x + 1
             square = Add(Subtract(square, Add(x, x)), Limbs{1});
             x = Subtract(x, Limbs{1});
         }
-        if (Compare(square, n) <= 0)
-            return x;
+        if (Compare(square, n) <= 0) return x;
     }
 }
 
