@@ -6,6 +6,7 @@
 #include "orvexxml/metadata/detail/XsdPattern.h"
 #include "orvexxml/platform/CodePage.h"
 #include "orvexxml/values/Conversions.h"
+#include "orvexxml/values/detail/QuotedValue.h"
 
 namespace OrvexXmlLib5 {
 
@@ -35,8 +36,10 @@ void CheckSmallNumber(const char* name, T value, const CPrimitiveRestrictions& r
 template <typename T, typename Parse, typename Print>
 void CheckWideNumber(const char* name, const T& value, const CPrimitiveRestrictions& r, Parse parse, Print print)
 {
-    CheckBounds(value, r, parse,
-                [&] { throw COrvexException(FormatString("Invalid Value for %s [%s]", name, print(value).c_str())); });
+    CheckBounds(value, r, parse, [&] {
+        throw COrvexException(
+            FormatString("Invalid Value for %s [%s]", name, detail::QuotedValue(print(value)).c_str()));
+    });
 }
 
 template <typename T, typename Parse>
@@ -64,7 +67,9 @@ void CheckOrdered(const char* name, const T& value, const CPrimitiveRestrictions
         const CDateTime::DTCompareResult result = compare(r.GetMaxExclusive());
         valid = result == CDateTime::LessThan || result == CDateTime::Indeterminate;
     }
-    if (!valid) throw COrvexException(FormatString("Invalid Value for %s [%s]", name, value.ToString().c_str()));
+    if (!valid)
+        throw COrvexException(
+            FormatString("Invalid Value for %s [%s]", name, detail::QuotedValue(value.ToString()).c_str()));
 }
 
 // Lengths in bytes; a binary value has no bounds and no pattern. The value shows in
@@ -76,7 +81,9 @@ void CheckBinary(const char* name, const CBinaryData& value, const CPrimitiveRes
     if (r.GetMinLength() > -1 && length < r.GetMinLength()) valid = false;
     if (valid && r.GetMaxLength() > -1 && length > r.GetMaxLength()) valid = false;
     if (valid && r.GetLength() > -1 && length != r.GetLength()) valid = false;
-    if (!valid) throw COrvexException(FormatString("Invalid Value for %s [%s]", name, value.GetAsHexString().c_str()));
+    if (!valid)
+        throw COrvexException(
+            FormatString("Invalid Value for %s [%s]", name, detail::QuotedValue(value.GetAsHexString()).c_str()));
 }
 
 bool IsAscii(const std::string& text)
@@ -99,7 +106,8 @@ void CheckString(const char* name, const std::string& value, const CPrimitiveRes
         else
             valid = Detail::MatchXsdPattern(r.GetPattern(), LocalToUtf8Bytes(value).GetString(), name);
     }
-    if (!valid) throw COrvexException(FormatString("Invalid Value for %s [%s]", name, value.c_str()));
+    if (!valid)
+        throw COrvexException(FormatString("Invalid Value for %s [%s]", name, detail::QuotedValue(value).c_str()));
 }
 
 std::string TextOrEmpty(const char* text)

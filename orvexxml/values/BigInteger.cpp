@@ -2,6 +2,7 @@
 
 #include "orvexxml/frame/OrvexException.h"
 #include "orvexxml/values/Decimal.h"
+#include "orvexxml/values/detail/LimbArithmetic.h"
 
 #include <algorithm>
 #include <cmath>
@@ -112,154 +113,21 @@ void ShiftUp(const std::vector<char>& a, std::size_t k, std::vector<char>& out)
     out.insert(out.begin(), k, 0);
 }
 
-// Multiplication and division run on limbs of several digits: the results are the
-// same numbers that digit-by-digit schoolbook work gives, in far fewer steps.
-// Products of four-digit limbs sum up without carries; division takes nine-digit
-// limbs, whose products and two-limb estimates still fit in 63 bits.
-constexpr std::size_t kProductLimbDigits = 4;
-constexpr std::int64_t kProductLimbBase = 10000;
-constexpr std::size_t kQuotientLimbDigits = 9;
-constexpr std::int64_t kLimbBase = 1000000000;
-
-// Limbs of k digits, least significant first, with no zero limbs at the top.
-std::vector<std::int64_t> ToLimbs(const std::vector<char>& v, std::size_t k)
-{
-    std::vector<std::int64_t> limbs((v.size() + k - 1) / k, 0);
-    for (std::size_t i = limbs.size(); i-- > 0;) {
-        std::int64_t limb = 0;
-        const std::size_t low = i * k;
-        for (std::size_t j = std::min(low + k, v.size()); j-- > low;)
-            limb = limb * 10 + v[j];
-        limbs[i] = limb;
-    }
-    while (limbs.size() > 1 && limbs.back() == 0)
-        limbs.pop_back();
-    if (limbs.empty())
-        limbs.push_back(0);
-    return limbs;
-}
-
-void FromLimbs(const std::int64_t* limbs, std::size_t count, std::size_t k, std::vector<char>& out)
-{
-    out.resize(count * k);
-    for (std::size_t i = 0; i < count; ++i) {
-        std::int64_t l = limbs[i];
-        for (std::size_t j = 0; j < k; ++j) {
-            out[i * k + j] = static_cast<char>(l % 10);
-            l /= 10;
-        }
-    }
-    while (out.size() > 1 && out.back() == 0)
-        out.pop_back();
-    if (out.empty())
-        out.push_back(0);
-}
-
+// Products and quotients beyond machine words run on limbs of nine digits (see
+// detail/LimbArithmetic.h); the digits convert to limbs and back in linear time.
 void MultiplyLimbs(const std::vector<char>& a, const std::vector<char>& b, std::vector<char>& out)
 {
-    const std::vector<std::int64_t> la = ToLimbs(a, kProductLimbDigits);
-    const std::vector<std::int64_t> lb = ToLimbs(b, kProductLimbDigits);
-    // Products stay below 10^8, so column sums fit in 64 bits for any length that
-    // fits in memory; carries wait until the end.
-    std::vector<std::uint64_t> acc(la.size() + lb.size() + 1, 0);
-    for (std::size_t i = 0; i < lb.size(); ++i) {
-        const std::uint64_t bl = static_cast<std::uint64_t>(lb[i]);
-        if (bl == 0)
-            continue;
-        std::uint64_t* row = acc.data() + i;
-        for (std::size_t j = 0; j < la.size(); ++j)
-            row[j] += bl * static_cast<std::uint64_t>(la[j]);
-    }
-    std::vector<std::int64_t> limbs(acc.size());
-    std::uint64_t carry = 0;
-    for (std::size_t i = 0; i < acc.size(); ++i) {
-        const std::uint64_t v = acc[i] + carry;
-        limbs[i] = static_cast<std::int64_t>(v % kProductLimbBase);
-        carry = v / kProductLimbBase;
-    }
-    FromLimbs(limbs.data(), limbs.size(), kProductLimbDigits, out);
+    detail::DigitsFromLimbs(detail::Multiply(detail::LimbsFromDigits(a), detail::LimbsFromDigits(b)), out);
 }
 
-void ScaleLimbs(std::vector<std::int64_t>& limbs, std::int64_t factor, bool keepCarry)
-{
-    std::int64_t carry = 0;
-    for (std::int64_t& l : limbs) {
-        const std::int64_t t = l * factor + carry;
-        l = t % kLimbBase;
-        carry = t / kLimbBase;
-    }
-    if (keepCarry)
-        limbs.push_back(carry);
-}
-
-// Long division on limbs. The divisor is normalised so that each quotient limb
-// estimated from the top two limbs is at most one too large, which one adding back
-// corrects. Requires a >= b > 0.
 void DivideLimbs(const std::vector<char>& a, const std::vector<char>& b, std::vector<char>& quotient,
                  std::vector<char>& remainder)
 {
-    std::vector<std::int64_t> v = ToLimbs(b, kQuotientLimbDigits);
-    std::vector<std::int64_t> u = ToLimbs(a, kQuotientLimbDigits);
-    const std::size_t n = v.size();
-    const std::size_t m = u.size() - n;
-    std::vector<std::int64_t> q(m + 1, 0);
-    if (n == 1) {
-        std::int64_t r = 0;
-        for (std::size_t j = u.size(); j-- > 0;) {
-            const std::int64_t cur = r * kLimbBase + u[j];
-            q[j] = cur / v[0];
-            r = cur % v[0];
-        }
-        FromLimbs(q.data(), q.size(), kQuotientLimbDigits, quotient);
-        FromLimbs(&r, 1, kQuotientLimbDigits, remainder);
-        return;
-    }
-    const std::int64_t d = kLimbBase / (v[n - 1] + 1);
-    ScaleLimbs(v, d, false);
-    ScaleLimbs(u, d, true);
-    for (std::size_t j = m + 1; j-- > 0;) {
-        const std::int64_t num = u[j + n] * kLimbBase + u[j + n - 1];
-        std::int64_t qhat = num / v[n - 1];
-        std::int64_t rhat = num % v[n - 1];
-        while (qhat >= kLimbBase || qhat * v[n - 2] > rhat * kLimbBase + u[j + n - 2]) {
-            --qhat;
-            rhat += v[n - 1];
-            if (rhat >= kLimbBase)
-                break;
-        }
-        std::int64_t borrow = 0;
-        for (std::size_t i = 0; i < n; ++i) {
-            const std::int64_t p = qhat * v[i] + borrow;
-            borrow = p / kLimbBase;
-            std::int64_t t = u[i + j] - p % kLimbBase;
-            if (t < 0) {
-                t += kLimbBase;
-                ++borrow;
-            }
-            u[i + j] = t;
-        }
-        u[j + n] -= borrow;
-        if (u[j + n] < 0) {
-            --qhat;
-            std::int64_t c = 0;
-            for (std::size_t i = 0; i < n; ++i) {
-                const std::int64_t t = u[i + j] + v[i] + c;
-                u[i + j] = t % kLimbBase;
-                c = t / kLimbBase;
-            }
-            u[j + n] += c;
-        }
-        q[j] = qhat;
-    }
-    // The remainder is the low n limbs, scaled back.
-    std::int64_t r = 0;
-    for (std::size_t i = n; i-- > 0;) {
-        const std::int64_t cur = r * kLimbBase + u[i];
-        u[i] = cur / d;
-        r = cur % d;
-    }
-    FromLimbs(q.data(), q.size(), kQuotientLimbDigits, quotient);
-    FromLimbs(u.data(), n, kQuotientLimbDigits, remainder);
+    detail::Limbs q;
+    detail::Limbs r;
+    detail::Divide(detail::LimbsFromDigits(a), detail::LimbsFromDigits(b), q, r);
+    detail::DigitsFromLimbs(q, quotient);
+    detail::DigitsFromLimbs(r, remainder);
 }
 
 }  // namespace
@@ -751,25 +619,12 @@ CBigInteger CBigInteger::SquareRoot() const
 {
     if (*this < CBigInteger(0))
         throw COrvexInvalidValueException("ERROR: Negative Number in function SquareRoot()!");
-    // Newton's iteration from a start above the root; for zero the last round
-    // divides by zero and fails as the division does.
-    const CBigInteger hundred(100);
-    const CBigInteger ten(10);
-    const CBigInteger two(2);
-    CBigInteger r(10);
-    CBigInteger x(*this);
-    for (;;) {
-        x /= hundred;
-        if (!x.IsPositive())
-            break;
-        r *= ten;
-    }
-    CBigInteger p;
-    do {
-        p = r;
-        r = (r + *this / p) / two;
-    } while (r < p);
-    return p;
+    // Zero fails as the division by zero that the root's iteration would meet.
+    if (IsZero())
+        throw COrvexInvalidValueException("ERROR: Overflow in operator/!");
+    Digits root;
+    detail::DigitsFromLimbs(detail::SquareRoot(detail::LimbsFromDigits(m_digits)), root);
+    return CBigInteger(1, std::move(root));
 }
 
 CBigInteger CBigInteger::Pow10(unsigned int n)

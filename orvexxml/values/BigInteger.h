@@ -1,5 +1,8 @@
 // CBigInteger: the value of xs:integer, a sign and decimal digits of any length.
 // Text converts digit for digit; the arithmetic is exact and never goes through binary.
+// Products, quotients and square roots of long values run on limbs of nine digits
+// in less than quadratic time (detail/LimbArithmetic.h): a million digits by a
+// million take well under a second.
 #pragma once
 
 #include "orvexxml/Export.h"

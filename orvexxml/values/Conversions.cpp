@@ -10,6 +10,7 @@
 
 #include "orvexxml/frame/FormatString.h"
 #include "orvexxml/frame/OrvexException.h"
+#include "orvexxml/values/detail/QuotedValue.h"
 
 namespace OrvexXmlLib5 {
 
@@ -286,10 +287,11 @@ std::int32_t CConversions::i4FromString(const std::string& text, WhitespaceRule 
     std::string processed = CWhitespaceUtils::ApplyRule(rule, text);
     DecimalScan scan = ScanDecimal32(processed.c_str());
     if (scan.converted && scan.magnitude > (scan.negative ? 2147483648ull : 2147483647ull))
-        throw COrvexInvalidValueException(FormatString("The value [%s] is to large to fit in a i4", processed.c_str()));
+        throw COrvexInvalidValueException(
+            FormatString("The value [%s] is to large to fit in a i4", detail::QuotedValue(processed).c_str()));
     if (!scan.complete)
         throw COrvexInvalidValueException(
-            FormatString("The value [%s] can not be converted to a i4", processed.c_str()));
+            FormatString("The value [%s] can not be converted to a i4", detail::QuotedValue(processed).c_str()));
     std::int64_t value = static_cast<std::int64_t>(scan.magnitude);
     return static_cast<std::int32_t>(scan.negative ? -value : value);
 }
@@ -300,10 +302,10 @@ std::uint32_t CConversions::ui4FromString(const std::string& text, WhitespaceRul
     DecimalScan scan = ScanDecimal32(processed.c_str());
     if (scan.converted && scan.magnitude > 4294967295ull)
         throw COrvexInvalidValueException(
-            FormatString("The value [%s] is to large to fit in a ui4", processed.c_str()));
+            FormatString("The value [%s] is to large to fit in a ui4", detail::QuotedValue(processed).c_str()));
     if (!scan.complete)
         throw COrvexInvalidValueException(
-            FormatString("The value [%s] can not be converted to a ui4", processed.c_str()));
+            FormatString("The value [%s] can not be converted to a ui4", detail::QuotedValue(processed).c_str()));
     std::uint32_t value = static_cast<std::uint32_t>(scan.magnitude);
     return scan.negative ? static_cast<std::uint32_t>(0u - value) : value;
 }
@@ -312,7 +314,8 @@ char CConversions::i1FromString(const std::string& text, WhitespaceRule rule)
 {
     std::int32_t value = i4FromString(text, rule);
     if (value < -128 || value > 127)
-        throw COrvexInvalidValueException(FormatString("The value [%s] is to large to fit in a i1", text.c_str()));
+        throw COrvexInvalidValueException(
+            FormatString("The value [%s] is to large to fit in a i1", detail::QuotedValue(text).c_str()));
     return static_cast<char>(value);
 }
 
@@ -320,7 +323,8 @@ short CConversions::i2FromString(const std::string& text, WhitespaceRule rule)
 {
     std::int32_t value = i4FromString(text, rule);
     if (value < -32768 || value > 32767)
-        throw COrvexInvalidValueException(FormatString("The value [%s] is to large to fit in a i2", text.c_str()));
+        throw COrvexInvalidValueException(
+            FormatString("The value [%s] is to large to fit in a i2", detail::QuotedValue(text).c_str()));
     return static_cast<short>(value);
 }
 
@@ -328,7 +332,8 @@ unsigned char CConversions::ui1FromString(const std::string& text, WhitespaceRul
 {
     std::uint32_t value = ui4FromString(text, rule);
     if (value > 255)
-        throw COrvexInvalidValueException(FormatString("The value [%s] is to large to fit in a ui1", text.c_str()));
+        throw COrvexInvalidValueException(
+            FormatString("The value [%s] is to large to fit in a ui1", detail::QuotedValue(text).c_str()));
     return static_cast<unsigned char>(value);
 }
 
@@ -336,7 +341,8 @@ unsigned short CConversions::ui2FromString(const std::string& text, WhitespaceRu
 {
     std::uint32_t value = ui4FromString(text, rule);
     if (value > 65535)
-        throw COrvexInvalidValueException(FormatString("The value [%s] is to large to fit in a ui2", text.c_str()));
+        throw COrvexInvalidValueException(
+            FormatString("The value [%s] is to large to fit in a ui2", detail::QuotedValue(text).c_str()));
     return static_cast<unsigned short>(value);
 }
 
@@ -367,7 +373,7 @@ double CConversions::r8FromString(const std::string& text, WhitespaceRule rule)
     double value = ParseDouble(processed.c_str(), complete);
     if (!complete)
         throw COrvexInvalidValueException(
-            FormatString("The value [%s] can not be converted to a r8", processed.c_str()));
+            FormatString("The value [%s] can not be converted to a r8", detail::QuotedValue(processed).c_str()));
     return value;
 }
 
@@ -386,15 +392,16 @@ bool CConversions::booleanFromString(const std::string& text, WhitespaceRule rul
     if (EqualsIgnoreCase(p, "0")) return false;
     throw COrvexInvalidValueException(FormatString(
         "A Boolean Value read from an XML document was invalid [%s]. Valid values are 'true', 'false', '1', or '0'",
-        text.c_str()));
+        detail::QuotedValue(text).c_str()));
 }
 
 char CConversions::charFromString(const std::string& text, WhitespaceRule rule)
 {
     std::string processed = CWhitespaceUtils::ApplyRule(rule, text);
     if (processed.size() != 1)
-        throw COrvexInvalidValueException(FormatString(
-            "The value [%s] can not be a char as it is either empty of greater than 1 char long", processed.c_str()));
+        throw COrvexInvalidValueException(
+            FormatString("The value [%s] can not be a char as it is either empty of greater than 1 char long",
+                         detail::QuotedValue(processed).c_str()));
     return processed[0];
 }
 

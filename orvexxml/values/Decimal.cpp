@@ -3,6 +3,7 @@
 #include "orvexxml/frame/FormatString.h"
 #include "orvexxml/frame/OrvexException.h"
 #include "orvexxml/values/WhitespaceUtils.h"
+#include "orvexxml/values/detail/QuotedValue.h"
 
 #include <algorithm>
 #include <charconv>
@@ -28,7 +29,8 @@ const char* const kParseFailure = "The string representing a Decimal, contained 
 
 [[noreturn]] void FailAt(std::size_t position, const char* text)
 {
-    throw COrvexInvalidValueException(FormatString(kParseFailure, static_cast<int>(position), text));
+    throw COrvexInvalidValueException(
+        FormatString(kParseFailure, static_cast<int>(position), detail::QuotedValue(text).c_str()));
 }
 
 inline bool IsDigitChar(char c)

@@ -34,7 +34,8 @@ public:
     // COrvexInvalidValueException for an infinity or NaN, as their text does.
     CDecimal(double value);
     // Fails with COrvexInvalidValueException naming the position of the first bad
-    // character; a null text fails at position 0.
+    // character; a null text fails at position 0. The message quotes the text, cut
+    // after 256 bytes with "..." (see detail/QuotedValue.h).
     CDecimal(const char* text);
     CDecimal(const CDecimal& other) = default;
     CDecimal(CDecimal&& other) noexcept = default;
