@@ -90,7 +90,7 @@ TEST(Extension, UnknownContentSurvivesAReadAndAWrite)
 }
 
 // Every XML file below a few folders that Debian packages fill, read into a
-// CElement without a schema and written back. Folders that are not there are
+// CElement without a schema and written back as XML and as Fast Infoset. Folders that are not there are
 // passed over; the test needs at least one document to mean anything.
 TEST(Extension, RealFilesRoundTripWithoutASchema)
 {
@@ -119,6 +119,11 @@ TEST(Extension, RealFilesRoundTripWithoutASchema)
             CSmartPtr<CElement> element(new CElement(""));
             element->FromXml(original.c_str());
             EXPECT_EQ(expected, CanonicalOf(element->ToXml(true, false, EOL_LF)));
+            // And as Fast Infoset, through the reader that recognises it from its bytes.
+            CBinaryData binary = element->ToFastInfosetStream();
+            CXmlDocument document;
+            document.LoadXmlStream(binary.GetData(), binary.GetLength());
+            EXPECT_EQ(expected, Canonical(document.GetDocumentElement(), false));
             ++documents;
         }
     }
