@@ -222,8 +222,29 @@ void CXmlTextWriter::WriteAttribute(const std::string& localName, const std::str
     }
     m_buffer->Append(localName);
     m_buffer->Append("=\"", 2);
-    m_buffer->AppendEscaped(value.c_str(), m_eolType);
+    AppendAttributeValue(value);
     m_buffer->AppendChar('"');
+}
+
+void CXmlTextWriter::AppendAttributeValue(const std::string& value)
+{
+    // A reader turns a raw tab, line feed or carriage return in an attribute value
+    // into a blank, so a value read from "&#10;" would not come back. Those three are
+    // written as character references; everything else takes the one escaping rule.
+    std::size_t at = value.find_first_of("\t\n\r");
+    if (at == std::string::npos) {
+        m_buffer->AppendEscaped(value.c_str(), m_eolType);
+        return;
+    }
+    std::size_t start = 0;
+    for (;;) {
+        const std::string run = value.substr(start, at == std::string::npos ? std::string::npos : at - start);
+        m_buffer->AppendEscaped(run.c_str(), m_eolType);
+        if (at == std::string::npos) return;
+        m_buffer->Append(value[at] == '\t' ? "&#9;" : value[at] == '\n' ? "&#10;" : "&#13;");
+        start = at + 1;
+        at = value.find_first_of("\t\n\r", start);
+    }
 }
 
 void CXmlTextWriter::WriteXsiType(const std::string& namespaceUri, const std::string& typeName)

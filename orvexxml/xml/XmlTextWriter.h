@@ -66,6 +66,7 @@ private:
     // Writes "xml:" for the XML namespace and gives true; nothing otherwise.
     bool AppendXmlPrefix(const std::string& namespaceUri);
     void AppendDefaultDeclaration(const std::string& namespaceUri);
+    void AppendAttributeValue(const std::string& value);
 
     CStringBuffer* m_buffer;
     std::string m_lineEnd;

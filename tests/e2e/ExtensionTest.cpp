@@ -79,7 +79,7 @@ TEST(Extension, UnknownContentSurvivesAReadAndAWrite)
     built->SetId("N-1");
     built->SetTitle("t");
     built->SetBody("b");
-    built->GetAnyAttributes()->Add("flag", "yes", "urn:x");
+    built->GetAnyAttributes()->Add("flag", "yes\tno\nmaybe", "urn:x");
     CSmartPtr<CElement> extra = built->GetExtensions()->Add("Extra", "urn:x");
     extra->SetText("payload");
     extra->GetChildElements()->Add("Inner", "urn:y")->GetAttributes()->Add("k", "v");
@@ -87,6 +87,7 @@ TEST(Extension, UnknownContentSurvivesAReadAndAWrite)
     CSmartPtr<CNote> back = CNote::CreateInstance();
     back->FromXml(text.c_str());
     EXPECT_EQ(text, back->ToXml(true, false, EOL_LF));
+    EXPECT_EQ("yes\tno\nmaybe", back->GetAnyAttributes()->Item(0)->GetValue());
 }
 
 // Every XML file below a few folders that Debian packages fill, read into a

@@ -37,7 +37,8 @@ TEST(XmlTextWriterLayout, FormattedUnformattedAndDeclaration)
         {"?<?pi a&b?>|!x < y\n'z'|<root|$<xs:schema/>|@a=1|!in|>", false, EOL_CRLF,
          "<?pi a&b?>\r\n\r\n<!--x &lt; y\r\n'z'-->\r\n<root \r\n<xs:schema/>\r\n a=\"1\"><!--in-->\r\n</root>"},
         {"<a|@v=a<b&\"c\">'\t\r\nx|#a<b&\"c\">'|#1\r\n2\r3\n|#caf\xC3\xA9|>", false, EOL_CRLF,
-         "<a v=\"a&lt;b&amp;&quot;c&quot;&gt;'\t\r\nx\">a&lt;b&amp;&quot;c&quot;&gt;'1\r\n23\r\ncaf\xC3\xA9</a>"},
+         // Tab, carriage return and line feed of an attribute value as references, so a reader keeps them.
+         "<a v=\"a&lt;b&amp;&quot;c&quot;&gt;'&#9;&#13;&#10;x\">a&lt;b&amp;&quot;c&quot;&gt;'1\r\n23\r\ncaf\xC3\xA9</a>"},
     };
     for (const auto& c : cases) EXPECT_EQ(c.expected, WriteScript(c.script, c.formatted, c.eol)) << c.script;
 }
