@@ -21,8 +21,9 @@ run_gtest() {
   log="$(mktemp)"
   "$@" >"$log" 2>&1 || status=$?
   tail -n 15 "$log"
-  passed="$(grep -Eo '^\[  PASSED  \] [0-9]+' "$log" | awk '{s += $4} END {print s + 0}')"
-  failed="$(grep -Eo '^\[  FAILED  \] [0-9]+ tests?, listed below' "$log" | awk '{s += $4} END {print s + 0}')"
+  # grep finds nothing on a clean run; under pipefail that must not end the script.
+  passed="$( { grep -Eo '^\[  PASSED  \] [0-9]+' "$log" || true; } | awk '{s += $4} END {print s + 0}')"
+  failed="$( { grep -Eo '^\[  FAILED  \] [0-9]+ tests?, listed below' "$log" || true; } | awk '{s += $4} END {print s + 0}')"
   # A sanitizer report ends the program before GoogleTest counts: one failure.
   if [ "$status" -ne 0 ] && [ "$failed" -eq 0 ]; then failed=1; fi
   rm -f "$log"
