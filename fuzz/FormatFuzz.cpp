@@ -51,6 +51,9 @@ std::string Reference(const std::string& format, Args... args)
     std::string out(static_cast<std::size_t>(needed) + 1, '\0');
     std::snprintf(&out[0], out.size(), format.c_str(), args...);
     out.resize(static_cast<std::size_t>(needed));
+    // FormatString's result ends at the first terminator, as a C string would (%c of 0).
+    const std::size_t end = out.find('\0');
+    if (end != std::string::npos) out.resize(end);
     return out;
 }
 #pragma clang diagnostic pop
