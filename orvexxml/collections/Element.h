@@ -57,8 +57,9 @@ public:
 
     // Parses text and makes its document element this element; a document element
     // outside the restriction leaves the element as it was.
+    // It hides the inherited overloads, which would take the document element's first
+    // child as this element; they stay reachable through CXmlObjectBase.
     void FromXml(const char* text);
-    using CXmlObjectBase::FromXml;
     // Tests the whole tree against another restriction, depth first, and stores
     // nothing. The first namespace outside it fails with COrvexInvalidNamespaceException.
     void SetNamespaceRestrictions(const char* namespaceRestriction, const char* targetNamespace);
