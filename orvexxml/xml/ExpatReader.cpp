@@ -1,6 +1,5 @@
 #include "orvexxml/xml/ExpatReader.h"
 
-#include <climits>
 #include <cstring>
 #include <new>
 
@@ -20,6 +19,9 @@ namespace {
 // as a reference, so no document is refused for its URIs, and the last one in a
 // joined name is the boundary.
 constexpr char kNamespaceSeparator = '\x01';
+
+// The bytes handed to the parser per call.
+constexpr std::size_t kPieceSize = std::size_t(4) << 20;
 
 struct SplitName
 {
@@ -155,12 +157,14 @@ void CExpatReader::Parse()
     if (!m_document->GetAllowManyEntityDeclarations())
         XML_SetEntityDeclHandler(m_parser, &Callbacks::OnEntityDecl);
 
-    // XML_Parse takes an int length, so a buffer beyond that is fed in pieces.
+    // The parser copies what it is given into a buffer of its own, so the input goes
+    // in pieces of a few MiB: a whole document at once would double the memory it
+    // takes, and one beyond about 1 GiB would not fit the parser's buffer at all.
     const char* data = reinterpret_cast<const char*>(m_document->GetInput());
     std::size_t left = m_document->GetInputLength();
     XML_Status status;
     do {
-        const int piece = left > static_cast<std::size_t>(INT_MAX) ? INT_MAX : static_cast<int>(left);
+        const int piece = left > kPieceSize ? static_cast<int>(kPieceSize) : static_cast<int>(left);
         status = XML_Parse(m_parser, data, piece, 0);
         data += piece;
         left -= static_cast<std::size_t>(piece);

@@ -175,8 +175,7 @@ void CXmlDocument::LoadXml(const char* text)
 {
     Cleanup();
     if (!text || !*text) throw COrvexException("XML String is empty!");
-    const std::size_t length = std::strlen(text);
-    std::memcpy(AllocateInput(length), text, length);
+    BorrowInput(text, std::strlen(text));
     Parse(true);
 }
 
@@ -382,6 +381,7 @@ unsigned char* CXmlDocument::AllocateInput(std::size_t length)
 {
     // Never zero bytes, so that an empty input still has an address to hand over.
     m_input.reset(new unsigned char[length ? length : 1]);
+    m_inputData = m_input.get();
     m_inputLength = length;
     return m_input.get();
 }
@@ -389,12 +389,21 @@ unsigned char* CXmlDocument::AllocateInput(std::size_t length)
 void CXmlDocument::ReplaceInput(std::unique_ptr<unsigned char[]> data, std::size_t length)
 {
     m_input = std::move(data);
+    m_inputData = m_input.get();
     m_inputLength = m_input ? length : 0;
+}
+
+void CXmlDocument::BorrowInput(const char* text, std::size_t length)
+{
+    m_input.reset();
+    m_inputData = reinterpret_cast<const unsigned char*>(text);
+    m_inputLength = length;
 }
 
 void CXmlDocument::FreeInput()
 {
     m_input.reset();
+    m_inputData = nullptr;
     m_inputLength = 0;
 }
 

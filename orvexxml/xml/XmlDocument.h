@@ -218,7 +218,9 @@ private:
     // Takes over bytes prepared elsewhere (inflated input, for one) in place of the buffer.
     void ReplaceInput(std::unique_ptr<unsigned char[]> data, std::size_t length);
     void FreeInput();
-    const unsigned char* GetInput() const { return m_input.get(); }
+    // Reads the caller's bytes in place, for text that is parsed as it is.
+    void BorrowInput(const char* text, std::size_t length);
+    const unsigned char* GetInput() const { return m_inputData; }
     std::size_t GetInputLength() const { return m_inputLength; }
 
     CXmlElement* NewElement();
@@ -228,6 +230,7 @@ private:
     std::vector<CXmlElement*> m_openElements;
     std::map<std::string, std::string> m_prefixTable;
     std::unique_ptr<unsigned char[]> m_input;
+    const unsigned char* m_inputData = nullptr;  // m_input or borrowed bytes
     std::size_t m_inputLength;
     std::uint64_t m_maxInflatedSize;
     SchemaType m_schemaType;

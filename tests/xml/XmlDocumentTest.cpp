@@ -275,3 +275,39 @@ TEST(XmlDocument, WithoutNamespaceProcessingPrefixesStayInNames)
     EXPECT_EQ(root->GetAttribute("q:x", ""), "1");  // an undeclared prefix is no error
     EXPECT_EQ(document.LookupNamespaceFromAlias("a"), "");
 }
+
+TEST(XmlDocument, DocumentsLongerThanOneParserPieceReadAsOne)
+{
+    // The parser takes the input in pieces of 4 MiB. Text, a multi-byte character,
+    // a name, a value and an error that straddle the boundary come out as from one
+    // piece, from the caller's text and from a copied stream alike.
+    const std::size_t piece = std::size_t(4) << 20;
+    for (std::size_t shift = 0; shift < 6; ++shift) {
+        std::string head = "<r>\n<t>";
+        head.append(piece - head.size() - shift, 'x');
+        const std::string xml = head + "\xE2\x82\xAC<element attribute='\xC3\xA9'>tail</element></t>\n</r>";
+        for (bool stream : {false, true}) {
+            CXmlDocument document;
+            if (stream)
+                document.LoadXmlStream(reinterpret_cast<unsigned char*>(const_cast<char*>(xml.data())),
+                                       static_cast<unsigned long>(xml.size()));
+            else
+                document.LoadXml(xml.c_str());
+            const CXmlElement* t = document.GetDocumentElement()->GetFirstElement();
+            ASSERT_NE(t, nullptr);
+            EXPECT_EQ(t->GetText(), std::string(piece - 7 - shift, 'x') + "\xE2\x82\xAC") << shift;
+            const CXmlElement* element = t->GetFirstElement();
+            ASSERT_NE(element, nullptr);
+            EXPECT_EQ(element->GetLocalName(), "element");
+            EXPECT_EQ(element->GetAttribute("attribute", ""), "\xC3\xA9");
+            EXPECT_EQ(element->GetText(), "tail");
+        }
+        CXmlDocument document;
+        EXPECT_THROW_MSG(document.LoadXml((head + "</t>\n\n<1/></r>").c_str()), COrvexException,
+                         "not well-formed (invalid token) at line 4");
+        EXPECT_THROW_MSG(document.LoadXml((head + "</t><e a='1").c_str()), COrvexException,
+                         "unclosed token at line 2");
+        EXPECT_THROW_MSG(document.LoadXml((head + "\xE2\x82").c_str()), COrvexException,
+                         "partial character at line 2");
+    }
+}
