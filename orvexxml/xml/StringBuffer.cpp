@@ -59,8 +59,8 @@ void CStringBuffer::NewChunk()
 {
     if (m_chunks.size() == m_chunks.capacity()) m_chunks.reserve(m_chunks.size() * 2 + 8);
     if (m_chunkSizes.size() == m_chunkSizes.capacity()) m_chunkSizes.reserve(m_chunkSizes.size() * 2 + 8);
-    // Zero-filled, so the last chunk is always terminated behind its text.
-    char* chunk = static_cast<char*>(std::calloc(m_chunkCapacity + 1, 1));
+    // Not zero-filled: every reader of a chunk takes its length, never a terminator.
+    char* chunk = static_cast<char*>(std::malloc(m_chunkCapacity + 1));
     if (!chunk) throw std::bad_alloc();
     m_chunks.push_back(chunk);
     m_chunkSizes.push_back(m_chunkCapacity);
