@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <new>
 #include <vector>
 
 #include "orvexxml/frame/OrvexException.h"
@@ -116,6 +117,23 @@ void CXmlWriter::CXmlWriterContext::SetDefaultNamespace(const std::string& names
     m_defaultNamespace = namespaceUri;
 }
 
+void CXmlWriter::CXmlWriterContext::Reuse(const std::string& localName, const std::string& namespaceUri,
+                                          CXmlWriterContext* parent)
+{
+    m_namespaceUri = namespaceUri;
+    m_localName = localName;
+    if (m_ownsMap) delete m_namespaces;
+    m_ownsMap = false;
+    m_namespaces = &parent->GetNamespaceMap();
+    m_inheritsScope = true;
+    m_defaultNamespace.clear();
+    m_childCount = 0;
+    m_startTagOpen = true;
+    m_depth = parent->m_depth + 1;
+    m_parent = parent;
+    m_hasAttributes = false;
+}
+
 CXmlWriter::CXmlWriterContext* CXmlWriter::CXmlWriterContext::DetachParent()
 {
     CXmlWriterContext* parent = m_parent;
@@ -131,6 +149,7 @@ CXmlWriter::CXmlWriter(const char* className)
 CXmlWriter::~CXmlWriter()
 {
     delete m_currentContext;
+    for (CXmlWriterContext* spare : m_spareContexts) delete spare;
 }
 
 // Changing the open element's scope would let later names use a prefix that no
@@ -216,11 +235,16 @@ std::string CXmlWriter::GetUniquePrefix(const NamespaceMap& namespaces)
     }
 }
 
-CXmlWriter::CXmlWriterContext* CXmlWriter::NewContext(const std::string& localName,
-                                                      const std::string& namespaceUri) const
+CXmlWriter::CXmlWriterContext* CXmlWriter::NewContext(const std::string& localName, const std::string& namespaceUri)
 {
-    if (m_currentContext) return new CXmlWriterContext(localName, namespaceUri, m_currentContext);
-    return new CXmlWriterContext(localName, namespaceUri, m_defaultNamespace, m_namespaces, nullptr);
+    if (!m_currentContext)
+        return new CXmlWriterContext(localName, namespaceUri, m_defaultNamespace, m_namespaces, nullptr);
+    if (m_spareContexts.empty()) return new CXmlWriterContext(localName, namespaceUri, m_currentContext);
+    CXmlWriterContext* context = m_spareContexts.back();
+    // Taken off the list only once renamed: a failing copy of a name leaves it there.
+    context->Reuse(localName, namespaceUri, m_currentContext);
+    m_spareContexts.pop_back();
+    return context;
 }
 
 void CXmlWriter::PopContext()
@@ -228,6 +252,15 @@ void CXmlWriter::PopContext()
     CXmlWriterContext* old = m_currentContext;
     if (!old) return;
     m_currentContext = old->DetachParent();
+    // A child is kept for the next element; the root, made otherwise, is not.
+    if (m_currentContext) {
+        try {
+            m_spareContexts.push_back(old);
+            return;
+        } catch (const std::bad_alloc&) {
+            // No room to keep it: it goes as before.
+        }
+    }
     delete old;
 }
 

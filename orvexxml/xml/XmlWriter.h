@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <map>
 #include <string>
+#include <vector>
 
 #include "orvexxml/frame/InstanceMonitor.h"
 
@@ -51,6 +52,8 @@ public:
         // Gives up ownership of the parent and gives it back.
         CXmlWriterContext* DetachParent();
         bool InheritsScope() const { return m_inheritsScope; }
+        // Makes a closed child context, detached from its parent, a fresh child of parent.
+        void Reuse(const std::string& localName, const std::string& namespaceUri, CXmlWriterContext* parent);
 
         std::int32_t m_childCount;
         bool m_startTagOpen;
@@ -117,10 +120,11 @@ protected:
 
     // A new context for an element that starts now: a child of the current context,
     // or the root with the writer's default namespace and map. It is not made current.
-    CXmlWriterContext* NewContext(const std::string& localName, const std::string& namespaceUri) const;
+    CXmlWriterContext* NewContext(const std::string& localName, const std::string& namespaceUri);
     // Makes context current; it must be a child of the current context or the root.
     void PushContext(CXmlWriterContext* context) { m_currentContext = context; }
-    // Replaces the current context with its parent and deletes it.
+    // Replaces the current context with its parent and deletes it (or keeps it for
+    // the next NewContext).
     void PopContext();
     // Moves the declarations asked for while an element was open into the scope of
     // context, the element starting now. Returns true when there were any; the
@@ -136,6 +140,8 @@ protected:
     NamespaceMap m_pendingNamespaces;
     std::string m_pendingDefaultNamespace;
     bool m_hasPendingDefault = false;
+    // Closed child contexts, kept so that an element costs no allocation.
+    std::vector<CXmlWriterContext*> m_spareContexts;
 };
 
 }  // namespace OrvexXmlLib5

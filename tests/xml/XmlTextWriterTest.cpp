@@ -66,6 +66,11 @@ TEST(XmlTextWriterNamespaces, PrefixesAndDeclarations)
         {"+xsi " XSI "|<r urn:r|^urn:t T|>",
          "<AA:r xmlns:AA=\"urn:r\" xmlns:xsi=\"" XSI "\" xmlns:AB=\"urn:t\"  xsi:type=\"AB:T\"/>"},
         {"=urn:d|<r urn:d|^urn:d T|>", "<r xmlns=\"urn:d\" xmlns:AA=\"" XSI "\" AA:type=\"T\"/>"},
+        // A declaration ends with its element: later siblings and their children declare again.
+        {"<root|<a urn:o|>|<b urn:o|>|>", "<root><AA:a xmlns:AA=\"urn:o\"/><AA:b xmlns:AA=\"urn:o\"/></root>"},
+        {"<root|<a urn:o|<c|>|>|<b|<d urn:o|>|<e urn:o|>|>|>",
+         "<root><AA:a xmlns:AA=\"urn:o\"><c/></AA:a><b><AA:d xmlns:AA=\"urn:o\"/><AA:e xmlns:AA=\"urn:o\"/></b>"
+         "</root>"},
     };
     for (const auto& c : cases) EXPECT_EQ(c.second, WriteScript(c.first)) << c.first;
 }
