@@ -8,6 +8,12 @@
 #include "orvexxml/values/Conversions.h"
 #include "orvexxml/values/detail/QuotedValue.h"
 
+#include <any>
+#include <memory>
+#include <optional>
+#include <type_traits>
+#include <utility>
+
 namespace OrvexXmlLib5 {
 
 namespace {
@@ -117,6 +123,87 @@ std::string TextOrEmpty(const char* text)
 
 }  // namespace
 
+// The four bounds, in the order of the getters, as parsed for values of one type;
+// empty where a bound is unset or its text does not parse (its check then parses
+// it again and fails as before).
+struct CPrimitiveRestrictions::BoundCache
+{
+    ItemType type;
+    std::any bounds[4];
+};
+
+namespace {
+
+// A parse function for the bounds of r that gives each bound from the cache, made
+// once per descriptor and type, instead of from its text for every value. Other
+// texts, and bounds that do not parse, still go through parse.
+// Cache is CPrimitiveRestrictions::BoundCache, named by deduction from the friend.
+template <typename Parse, typename Cache>
+class CachedParse
+{
+public:
+    using Parsed = std::decay_t<decltype(std::declval<Parse&>()(std::string(), Rule::Collapse))>;
+
+    CachedParse(const CPrimitiveRestrictions& r, std::shared_ptr<Cache>& slot, ItemType type, Parse parse)
+        : m_r(r), m_parse(parse), m_cache(std::atomic_load(&slot))
+    {
+        if (m_cache && m_cache->type == type) return;
+        if (m_cache) {  // made for another type: this one parses as before
+            m_cache.reset();
+            return;
+        }
+        auto made = std::make_shared<Cache>();
+        made->type = type;
+        const std::string* texts[4] = {&r.GetMinInclusive(), &r.GetMaxInclusive(), &r.GetMinExclusive(),
+                                       &r.GetMaxExclusive()};
+        for (int i = 0; i < 4; ++i) {
+            if (texts[i]->empty()) continue;
+            try {
+                made->bounds[i] = m_parse(*texts[i], Rule::Collapse);
+            } catch (...) {
+                // Left empty: the check that needs it fails with the parser's exception.
+            }
+        }
+        std::shared_ptr<Cache> expected;
+        if (std::atomic_compare_exchange_strong(&slot, &expected, made))
+            m_cache = std::move(made);
+        else if (expected && expected->type == type)
+            m_cache = std::move(expected);
+        else
+            m_cache = std::move(made);
+    }
+
+    const Parsed& operator()(const std::string& text, Rule rule) const
+    {
+        if (m_cache) {
+            int i = -1;
+            if (&text == &m_r.GetMinInclusive()) i = 0;
+            else if (&text == &m_r.GetMaxInclusive()) i = 1;
+            else if (&text == &m_r.GetMinExclusive()) i = 2;
+            else if (&text == &m_r.GetMaxExclusive()) i = 3;
+            if (i >= 0 && rule == Rule::Collapse)
+                if (const Parsed* parsed = std::any_cast<Parsed>(&m_cache->bounds[i])) return *parsed;
+        }
+        m_scratch.emplace(m_parse(text, rule));
+        return *m_scratch;
+    }
+
+private:
+    const CPrimitiveRestrictions& m_r;
+    Parse m_parse;
+    std::shared_ptr<Cache> m_cache;
+    mutable std::optional<Parsed> m_scratch;
+};
+
+template <typename Parse, typename Cache>
+CachedParse<Parse, Cache> Cached(const CPrimitiveRestrictions& r, std::shared_ptr<Cache>& slot, ItemType type,
+                                 Parse parse)
+{
+    return CachedParse<Parse, Cache>(r, slot, type, parse);
+}
+
+}  // namespace
+
 CPrimitiveRestrictions::CPrimitiveRestrictions() : m_minLength(-1), m_maxLength(-1), m_length(-1) {}
 
 CPrimitiveRestrictions::CPrimitiveRestrictions(const char* pattern, int minLength, int maxLength,
@@ -141,35 +228,35 @@ void CheckPrimitiveRestriction(const char* name, const OrvexVariant& value, Item
     const CPrimitiveRestrictions& r = restrictions;
     switch (type) {
         case ItemType_i1:
-            CheckSmallNumber(name, value.GetI1(), r, CConversions::i1FromString);
+            CheckSmallNumber(name, value.GetI1(), r, Cached(r, r.m_boundCache, type, CConversions::i1FromString));
             return;
         case ItemType_i2:
-            CheckSmallNumber(name, value.GetI2(), r, CConversions::i2FromString);
+            CheckSmallNumber(name, value.GetI2(), r, Cached(r, r.m_boundCache, type, CConversions::i2FromString));
             return;
         case ItemType_i4:
-            CheckSmallNumber(name, value.GetI4(), r, CConversions::i4FromString);
+            CheckSmallNumber(name, value.GetI4(), r, Cached(r, r.m_boundCache, type, CConversions::i4FromString));
             return;
         case ItemType_i8:
-            CheckWideNumber(name, value.GetI8(), r, CConversions::i8FromString, CConversions::i8ToString);
+            CheckWideNumber(name, value.GetI8(), r, Cached(r, r.m_boundCache, type, CConversions::i8FromString), CConversions::i8ToString);
             return;
         case ItemType_ui1:
-            CheckSmallNumber(name, value.GetUI1(), r, CConversions::ui1FromString);
+            CheckSmallNumber(name, value.GetUI1(), r, Cached(r, r.m_boundCache, type, CConversions::ui1FromString));
             return;
         case ItemType_ui2:
-            CheckSmallNumber(name, value.GetUI2(), r, CConversions::ui2FromString);
+            CheckSmallNumber(name, value.GetUI2(), r, Cached(r, r.m_boundCache, type, CConversions::ui2FromString));
             return;
         // A value above the signed range shows as the negative number of its bits.
         case ItemType_ui4:
-            CheckSmallNumber(name, value.GetUI4(), r, CConversions::ui4FromString);
+            CheckSmallNumber(name, value.GetUI4(), r, Cached(r, r.m_boundCache, type, CConversions::ui4FromString));
             return;
         case ItemType_ui8:
-            CheckWideNumber(name, value.GetUI8(), r, CConversions::ui8FromString, CConversions::ui8ToString);
+            CheckWideNumber(name, value.GetUI8(), r, Cached(r, r.m_boundCache, type, CConversions::ui8FromString), CConversions::ui8ToString);
             return;
         case ItemType_r4:
-            CheckFloating(name, value.GetR4(), r, CConversions::r4FromString);
+            CheckFloating(name, value.GetR4(), r, Cached(r, r.m_boundCache, type, CConversions::r4FromString));
             return;
         case ItemType_r8:
-            CheckFloating(name, value.GetR8(), r, CConversions::r8FromString);
+            CheckFloating(name, value.GetR8(), r, Cached(r, r.m_boundCache, type, CConversions::r8FromString));
             return;
         case ItemType_string:
             CheckString(name, value.GetStringRef(), r);
@@ -183,40 +270,40 @@ void CheckPrimitiveRestriction(const char* name, const OrvexVariant& value, Item
             CheckBinary(name, value.GetBase64Binary(), r);
             return;
         case ItemType_duration:
-            CheckOrdered(name, value.GetDuration(), r, CConversions::durationFromString);
+            CheckOrdered(name, value.GetDuration(), r, Cached(r, r.m_boundCache, type, CConversions::durationFromString));
             return;
         case ItemType_yearMonth:
-            CheckOrdered(name, value.GetYearMonth(), r, CConversions::yearMonthFromString);
+            CheckOrdered(name, value.GetYearMonth(), r, Cached(r, r.m_boundCache, type, CConversions::yearMonthFromString));
             return;
         case ItemType_monthDay:
-            CheckOrdered(name, value.GetMonthDay(), r, CConversions::monthDayFromString);
+            CheckOrdered(name, value.GetMonthDay(), r, Cached(r, r.m_boundCache, type, CConversions::monthDayFromString));
             return;
         case ItemType_date:
-            CheckOrdered(name, value.GetDate(), r, CConversions::dateFromString);
+            CheckOrdered(name, value.GetDate(), r, Cached(r, r.m_boundCache, type, CConversions::dateFromString));
             return;
         case ItemType_datetime:
-            CheckOrdered(name, value.GetDateTime(), r, CConversions::datetimeFromString);
+            CheckOrdered(name, value.GetDateTime(), r, Cached(r, r.m_boundCache, type, CConversions::datetimeFromString));
             return;
         case ItemType_time:
-            CheckOrdered(name, value.GetTime(), r, CConversions::timeFromString);
+            CheckOrdered(name, value.GetTime(), r, Cached(r, r.m_boundCache, type, CConversions::timeFromString));
             return;
         // The date parts compare as unsigned numbers: a negative year is above every
         // positive one.
         case ItemType_year:
-            CheckSmallNumber(name, value.GetYear(), r, CConversions::yearFromString);
+            CheckSmallNumber(name, value.GetYear(), r, Cached(r, r.m_boundCache, type, CConversions::yearFromString));
             return;
         case ItemType_month:
-            CheckSmallNumber(name, value.GetMonth(), r, CConversions::monthFromString);
+            CheckSmallNumber(name, value.GetMonth(), r, Cached(r, r.m_boundCache, type, CConversions::monthFromString));
             return;
         case ItemType_day:
-            CheckSmallNumber(name, value.GetDay(), r, CConversions::dayFromString);
+            CheckSmallNumber(name, value.GetDay(), r, Cached(r, r.m_boundCache, type, CConversions::dayFromString));
             return;
         case ItemType_decimal:
-            CheckWideNumber(name, value.GetDecimal(), r, CConversions::decimalFromString,
+            CheckWideNumber(name, value.GetDecimal(), r, Cached(r, r.m_boundCache, type, CConversions::decimalFromString),
                             [](const CDecimal& d) { return d.ToString(); });
             return;
         case ItemType_integer:
-            CheckWideNumber(name, value.GetInteger(), r, CConversions::integerFromString,
+            CheckWideNumber(name, value.GetInteger(), r, Cached(r, r.m_boundCache, type, CConversions::integerFromString),
                             CConversions::integerToString);
             return;
         default:

@@ -4,6 +4,7 @@
 
 #include "orvexxml/Export.h"
 
+#include <memory>
 #include <string>
 
 #include "orvexxml/data/OrvexVariant.h"
@@ -34,6 +35,12 @@ public:
     int GetLength() const { return m_length; }
 
 private:
+    friend ORVEXXML_API void CheckPrimitiveRestriction(const char* name, const OrvexVariant& value, ItemType type,
+                                                       const CPrimitiveRestrictions& restrictions);
+    // The bounds parsed for the checks, made at the first check and shared by copies.
+    struct BoundCache;
+    mutable std::shared_ptr<BoundCache> m_boundCache;
+
     std::string m_pattern;
     int m_minLength;
     int m_maxLength;

@@ -88,6 +88,44 @@ TEST(PrimitiveRestrictionsNumbers, BoundThatDoesNotParseFailsAsItsConversion)
                      COrvexInvalidValueException, "The value [1,5] can not be converted to a r8");
 }
 
+TEST(PrimitiveRestrictionsNumbers, OneDescriptorGivesTheSameAnswersAtEveryCheckAndForEveryType)
+{
+    // The bounds are parsed once per descriptor; a bound that does not parse still
+    // fails at every check that reaches it, and only after the bounds before it.
+    const CPrimitiveRestrictions facets = Bounds("10", "x", "", "");
+    const CPrimitiveRestrictions copy = facets;
+    for (int round = 0; round < 3; ++round) {
+        for (const CPrimitiveRestrictions* r : {&facets, &copy}) {
+            OrvexVariant v;
+            v.SetI4(9);
+            EXPECT_THROW_MSG(CheckPrimitiveRestriction("n", v, ItemType_i4, *r), COrvexException,
+                             "Invalid Value for n [9]");
+            v.SetI4(11);
+            EXPECT_THROW_MSG(CheckPrimitiveRestriction("n", v, ItemType_i4, *r), COrvexInvalidValueException,
+                             "The value [x] can not be converted to a i4");
+            // The same texts read as other types give those types' answers.
+            v.SetI1(char(9));
+            EXPECT_THROW_MSG(CheckPrimitiveRestriction("n", v, ItemType_i1, *r), COrvexException,
+                             "Invalid Value for n [9]");
+            v.SetR8(10.5);
+            EXPECT_THROW_MSG(CheckPrimitiveRestriction("n", v, ItemType_r8, *r), COrvexInvalidValueException,
+                             "The value [x] can not be converted to a r8");
+        }
+    }
+    const CPrimitiveRestrictions wide = Bounds("-1", "99999999999999999999", "", "");
+    for (int round = 0; round < 2; ++round) {
+        OrvexVariant v;
+        v.SetInteger(CBigInteger("99999999999999999999"));
+        EXPECT_NO_THROW(CheckPrimitiveRestriction("n", v, ItemType_integer, wide));
+        v.SetInteger(CBigInteger("100000000000000000000"));
+        EXPECT_THROW_MSG(CheckPrimitiveRestriction("n", v, ItemType_integer, wide), COrvexException,
+                         "Invalid Value for n [100000000000000000000]");
+        v.SetDecimal(CDecimal("-1.5"));
+        EXPECT_THROW_MSG(CheckPrimitiveRestriction("n", v, ItemType_decimal, wide), COrvexException,
+                         "Invalid Value for n [-1.5]");
+    }
+}
+
 TEST(PrimitiveRestrictionsTypes, CharAndUnknownTypesAreRefused)
 {
     OrvexVariant v;
