@@ -328,7 +328,21 @@ void CBigInteger::Divide(const Digits& a, const Digits& b, Digits& quotient, Dig
 
 // ---------------------------------------------------------------- construction and text
 
-CBigInteger::CBigInteger() : m_sign(1), m_digits(1, 0) {}
+// Zero without a digit, so that a default value costs no allocation; every reader
+// of the digits goes through Magnitude().
+CBigInteger::CBigInteger() : m_sign(1) {}
+
+const CBigInteger::Digits& CBigInteger::Magnitude() const
+{
+    static const Digits zero(1, 0);
+    return m_digits.empty() ? zero : m_digits;
+}
+
+CBigInteger::Digits& CBigInteger::MutableMagnitude()
+{
+    if (m_digits.empty()) m_digits.push_back(0);
+    return m_digits;
+}
 
 CBigInteger::CBigInteger(int value) : CBigInteger(static_cast<long long>(value)) {}
 
@@ -429,11 +443,11 @@ std::string CBigInteger::ToString() const
     if (IsZero())
         return "0";
     std::string s;
-    s.reserve(m_digits.size() + 1);
+    s.reserve(Magnitude().size() + 1);
     if (m_sign < 0)
         s.push_back('-');
-    for (std::size_t i = m_digits.size(); i-- > 0;)
-        s.push_back(static_cast<char>('0' + m_digits[i]));
+    for (std::size_t i = Magnitude().size(); i-- > 0;)
+        s.push_back(static_cast<char>('0' + Magnitude()[i]));
     return s;
 }
 
@@ -459,18 +473,18 @@ CBigInteger CBigInteger::Sum(const CBigInteger& other, int otherSign) const
 {
     CBigInteger result;
     if (m_sign == otherSign) {
-        Add(m_digits, other.m_digits, result.m_digits);
+        Add(Magnitude(), other.Magnitude(), result.m_digits);
         result.m_sign = m_sign;
         return result;
     }
-    const int c = Compare(m_digits, other.m_digits);
+    const int c = Compare(Magnitude(), other.Magnitude());
     if (c == 0)
         return result;
     if (c > 0) {
-        Subtract(m_digits, other.m_digits, result.m_digits);
+        Subtract(Magnitude(), other.Magnitude(), result.m_digits);
         result.m_sign = m_sign;
     } else {
-        Subtract(other.m_digits, m_digits, result.m_digits);
+        Subtract(other.Magnitude(), Magnitude(), result.m_digits);
         result.m_sign = otherSign;
     }
     return result;
@@ -489,7 +503,7 @@ CBigInteger CBigInteger::operator-(const CBigInteger& other) const
 CBigInteger CBigInteger::operator*(const CBigInteger& other) const
 {
     CBigInteger result;
-    Multiply(m_digits, other.m_digits, result.m_digits);
+    Multiply(Magnitude(), other.Magnitude(), result.m_digits);
     result.m_sign = m_sign * other.m_sign;
     return result;
 }
@@ -508,7 +522,7 @@ void CBigInteger::DivideBy(const CBigInteger& other, CBigInteger* quotient, CBig
     }
     Digits q;
     Digits r;
-    Divide(m_digits, other.m_digits, q, r);
+    Divide(Magnitude(), other.Magnitude(), q, r);
     const int quotientSign = m_sign == other.m_sign ? 1 : -1;
     const int remainderSign = m_sign;
     if (quotient)
@@ -534,7 +548,7 @@ CBigInteger CBigInteger::operator%(const CBigInteger& other) const
 CBigInteger& CBigInteger::operator+=(const CBigInteger& other)
 {
     if (m_sign == other.m_sign) {
-        Add(m_digits, other.m_digits, m_digits);
+        Add(MutableMagnitude(), other.Magnitude(), m_digits);
         return *this;
     }
     return *this = Sum(other, other.m_sign);
@@ -543,7 +557,7 @@ CBigInteger& CBigInteger::operator+=(const CBigInteger& other)
 CBigInteger& CBigInteger::operator-=(const CBigInteger& other)
 {
     if (m_sign == -other.m_sign && this != &other) {
-        Add(m_digits, other.m_digits, m_digits);
+        Add(MutableMagnitude(), other.Magnitude(), m_digits);
         return *this;
     }
     return *this = Sum(other, -other.m_sign);
@@ -552,7 +566,7 @@ CBigInteger& CBigInteger::operator-=(const CBigInteger& other)
 CBigInteger& CBigInteger::operator*=(const CBigInteger& other)
 {
     const int sign = m_sign * other.m_sign;
-    Multiply(m_digits, other.m_digits, m_digits);
+    Multiply(MutableMagnitude(), other.Magnitude(), m_digits);
     m_sign = sign;
     return *this;
 }
@@ -575,7 +589,7 @@ CBigInteger& CBigInteger::operator%=(const CBigInteger& other)
 
 bool CBigInteger::operator==(const CBigInteger& other) const
 {
-    return Compare(m_digits, other.m_digits) == 0 && (IsZero() || m_sign == other.m_sign);
+    return Compare(Magnitude(), other.Magnitude()) == 0 && (IsZero() || m_sign == other.m_sign);
 }
 
 // A zero may carry either sign (a negated or divided zero keeps it), and equality
@@ -588,7 +602,7 @@ bool CBigInteger::operator<(const CBigInteger& other) const
         return sign < otherSign;
     if (sign == 0)
         return false;
-    const int c = Compare(m_digits, other.m_digits);
+    const int c = Compare(Magnitude(), other.Magnitude());
     return sign < 0 ? c > 0 : c < 0;
 }
 
@@ -623,7 +637,7 @@ CBigInteger CBigInteger::SquareRoot() const
     if (IsZero())
         throw COrvexInvalidValueException("ERROR: Overflow in operator/!");
     Digits root;
-    detail::DigitsFromLimbs(detail::SquareRoot(detail::LimbsFromDigits(m_digits)), root);
+    detail::DigitsFromLimbs(detail::SquareRoot(detail::LimbsFromDigits(Magnitude())), root);
     return CBigInteger(1, std::move(root));
 }
 

@@ -137,6 +137,11 @@ private:
     // Digits given as characters '0' to '9', most significant first.
     void AssignDigitText(const char* begin, const char* end);
 
+    // The digits, with zero's single digit for a value made empty (a default one).
+    const Digits& Magnitude() const;
+    // The digits to change in place, zero's digit made real first.
+    Digits& MutableMagnitude();
+
     int m_sign;
     Digits m_digits;
 };

@@ -197,7 +197,7 @@ void CDecimal::Parse(const char* text)
     if (exponentDigits > 0) {
         if (exponentSign == '-') {
             // Any divisor above the dividend of the division gives the same zero.
-            const std::int64_t beyond = static_cast<std::int64_t>(MagnitudeLength(m_whole.m_digits)) + m_divider +
+            const std::int64_t beyond = static_cast<std::int64_t>(MagnitudeLength(m_whole.Magnitude())) + m_divider +
                                         static_cast<std::int64_t>(m_maxDivider) + 3;
             const unsigned int e = static_cast<unsigned int>(std::min(exponent, beyond));
             *this = *this / CDecimal(CBigInteger::Pow10(e));
@@ -216,13 +216,13 @@ void CDecimal::Rationalise()
     // The fraction's text, right-aligned in a field of divider zeros, loses its
     // trailing zeros down to the second character: the divider stays at least 1.
     const bool zero = m_fraction.IsZero();
-    const std::size_t textLength = zero ? 1 : m_fraction.m_digits.size();
+    const std::size_t textLength = zero ? 1 : m_fraction.Magnitude().size();
     const std::size_t field = std::max<std::size_t>(textLength, m_divider > 0 ? m_divider : 0);
     std::size_t trailing = 0;
     if (zero) {
         trailing = field - 1;
     } else {
-        while (trailing < m_fraction.m_digits.size() && m_fraction.m_digits[trailing] == 0)
+        while (trailing < m_fraction.Magnitude().size() && m_fraction.Magnitude()[trailing] == 0)
             ++trailing;
         trailing = std::min(trailing, field - 1);
     }
@@ -231,7 +231,7 @@ void CDecimal::Rationalise()
     if (zero)
         m_fraction = CBigInteger();  // a divided zero loses its sign
     else
-        m_fraction.m_digits.erase(m_fraction.m_digits.begin(),
+        m_fraction.m_digits.erase(m_fraction.m_digits.begin(),  // not zero, so it has its digits
                                   m_fraction.m_digits.begin() + static_cast<std::ptrdiff_t>(trailing));
     m_divider -= static_cast<int>(trailing);
 }
@@ -250,7 +250,7 @@ CBigInteger CDecimal::FractionAt(int divider) const
 {
     CBigInteger f(m_fraction);
     if (divider > m_divider && !f.IsZero())
-        CBigInteger::ShiftLeft(f.m_digits, divider - m_divider);
+        CBigInteger::ShiftLeft(f.MutableMagnitude(), divider - m_divider);
     return f;
 }
 
@@ -258,7 +258,7 @@ void CDecimal::ChangeFractionalDivider(int divider)
 {
     if (divider >= m_divider) {
         if (!m_fraction.IsZero())
-            CBigInteger::ShiftLeft(m_fraction.m_digits, divider - m_divider);
+            CBigInteger::ShiftLeft(m_fraction.MutableMagnitude(), divider - m_divider);
         m_divider = divider;
         return;
     }
@@ -280,7 +280,7 @@ void CDecimal::ChangeFractionalDivider(int divider)
     }
     m_fraction += CBigInteger(carry);
     const CBigInteger q = CBigInteger::Pow10(static_cast<unsigned int>(m_divider));
-    if (CBigInteger::Compare(m_fraction.m_digits, q.m_digits) >= 0) {
+    if (CBigInteger::Compare(m_fraction.Magnitude(), q.Magnitude()) >= 0) {
         if (m_fraction.m_sign > 0) {
             m_fraction -= q;
             m_whole += CBigInteger(1);
@@ -315,15 +315,15 @@ std::string CDecimal::ToString() const
     if (m_fraction.IsZero())
         return m_whole.ToString();
     std::string s;
-    const std::size_t fractionLength = m_fraction.m_digits.size();
+    const std::size_t fractionLength = m_fraction.Magnitude().size();
     const std::size_t pad =
         static_cast<std::size_t>(m_divider) > fractionLength ? static_cast<std::size_t>(m_divider) - fractionLength : 0;
-    s.reserve(2 + MagnitudeLength(m_whole.m_digits) + pad + fractionLength);
+    s.reserve(2 + MagnitudeLength(m_whole.Magnitude()) + pad + fractionLength);
     s += SignText();
-    AppendMagnitude(s, m_whole.m_digits);
+    AppendMagnitude(s, m_whole.Magnitude());
     s.push_back('.');
     s.append(pad, '0');
-    AppendMagnitude(s, m_fraction.m_digits);
+    AppendMagnitude(s, m_fraction.Magnitude());
     return s;
 }
 
@@ -341,15 +341,15 @@ std::string CDecimal::ToString(int places) const
     r += *this;
 
     std::string fraction;
-    const std::size_t fractionLength = MagnitudeLength(r.m_fraction.m_digits);
+    const std::size_t fractionLength = MagnitudeLength(r.m_fraction.Magnitude());
     if (static_cast<std::size_t>(r.m_divider) > fractionLength)
         fraction.append(static_cast<std::size_t>(r.m_divider) - fractionLength, '0');
-    AppendMagnitude(fraction, r.m_fraction.m_digits);
+    AppendMagnitude(fraction, r.m_fraction.Magnitude());
     if (fraction.size() > static_cast<std::size_t>(places))
         fraction.resize(static_cast<std::size_t>(places));
 
     std::string s = r.SignText();
-    AppendMagnitude(s, r.m_whole.m_digits);
+    AppendMagnitude(s, r.m_whole.Magnitude());
     s.push_back('.');
     s += fraction;
     return s;
@@ -414,11 +414,11 @@ CDecimal CDecimal::operator+(const CDecimal& other) const
     const CBigInteger one(1);
     CBigInteger fraction = a.m_fraction + b.m_fraction;
     CBigInteger whole = a.m_whole + b.m_whole;
-    while (fraction.m_sign > 0 && CBigInteger::Compare(fraction.m_digits, q.m_digits) >= 0) {
+    while (fraction.m_sign > 0 && CBigInteger::Compare(fraction.Magnitude(), q.Magnitude()) >= 0) {
         fraction -= q;
         whole += one;
     }
-    while (fraction.m_sign < 0 && CBigInteger::Compare(fraction.m_digits, q.m_digits) >= 0) {
+    while (fraction.m_sign < 0 && CBigInteger::Compare(fraction.Magnitude(), q.Magnitude()) >= 0) {
         fraction += q;
         whole -= one;
     }

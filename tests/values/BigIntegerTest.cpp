@@ -3,6 +3,10 @@
 #include "TestUtil.h"
 
 #include <cstdint>
+#include <utility>
+#include <vector>
+
+#include "orvexxml/values/Decimal.h"
 #include <limits>
 #include <random>
 #include <string>
@@ -312,5 +316,46 @@ TEST(BigInteger, FastKernelsAgreeWithDigitByDigitWork)
         DigitLayer::Divide(built, b, q, r);
         ASSERT_EQ(q, a);
         ASSERT_EQ(r, bMinusOne);
+    }
+}
+
+TEST(BigInteger, DefaultAndMovedFromValuesActAsZeroEverywhere)
+{
+    // A default value holds no digit until it needs one; every operation must see
+    // the zero that a parsed "0" is.
+    const CBigInteger seven(7), minusThree(-3);
+    auto zeros = [] {
+        std::vector<CBigInteger> values(3);
+        values[1] = CBigInteger("0");
+        CBigInteger source(5);
+        CBigInteger moved(std::move(source));
+        values[2] = source;  // moved from: still a value
+        return values;
+    };
+    for (CBigInteger zero : zeros()) {
+        EXPECT_EQ(zero.ToString(), "0");
+        EXPECT_EQ((zero + seven).ToString(), "7");
+        EXPECT_EQ((seven - zero).ToString(), "7");
+        EXPECT_EQ((zero - seven).ToString(), "-7");
+        EXPECT_EQ((zero * minusThree).ToString(), "0");
+        EXPECT_EQ((zero / seven).ToString(), "0");
+        EXPECT_EQ((zero % seven).ToString(), "0");
+        EXPECT_THROW(seven / zero, COrvexException);
+        EXPECT_TRUE(zero == CBigInteger(0));
+        EXPECT_TRUE(zero < seven && minusThree < zero);
+        EXPECT_EQ(static_cast<int>(zero), 0);
+        EXPECT_EQ(static_cast<std::int64_t>(zero), 0);
+        EXPECT_THROW_MSG(zero.SquareRoot(), COrvexInvalidValueException, "ERROR: Overflow in operator/!");
+        EXPECT_EQ(zero.GetNegative().ToString(), "0");
+        CBigInteger sum = zero;
+        sum += minusThree;
+        EXPECT_EQ(sum.ToString(), "-3");
+        CBigInteger product = zero;
+        product *= seven;
+        EXPECT_EQ(product.ToString(), "0");
+        CBigInteger difference = zero;
+        difference -= minusThree;
+        EXPECT_EQ(difference.ToString(), "3");
+        EXPECT_EQ(CDecimal(zero).ToString(), CDecimal(CBigInteger(0)).ToString());
     }
 }

@@ -305,3 +305,17 @@ TEST(Decimal, RandomOperationsAgreeWithInt128)
         }
     }
 }
+
+TEST(Decimal, DefaultValueActsAsZeroEverywhere)
+{
+    const CDecimal zero, parsed("0"), half("0.5"), minusTwo("-2");
+    EXPECT_EQ(zero.ToString(), parsed.ToString());
+    EXPECT_EQ((zero + half).ToString(), (parsed + half).ToString());
+    EXPECT_EQ((zero - half).ToString(), (parsed - half).ToString());
+    EXPECT_EQ((half - zero).ToString(), (half - parsed).ToString());
+    EXPECT_EQ((zero * minusTwo).ToString(), (parsed * minusTwo).ToString());
+    EXPECT_EQ((zero / minusTwo).ToString(), (parsed / minusTwo).ToString());
+    EXPECT_TRUE(zero == parsed);
+    EXPECT_TRUE(minusTwo < zero && zero < half);
+    EXPECT_EQ(zero.ToBigInteger().ToString(), "0");
+}
