@@ -347,6 +347,17 @@ void CXmlDocument::ReserveAttributes(CXmlElement* element, std::size_t count)
 void CXmlDocument::AppendTextExcludingCR(CXmlElement* element, const char* text, unsigned long length)
 {
     if (!element || !text || length == 0) return;
+    // Most text comes in short runs (the indentation between tags): one pass over the
+    // bytes tells whether the run needs anything but appending.
+    if (length <= 32) {
+        bool plain = true;
+        for (unsigned long i = 0; i < length; ++i)
+            if (text[i] == '\0' || text[i] == '\r') plain = false;
+        if (plain) {
+            element->AppendBytes(text, length);
+            return;
+        }
+    }
     if (const void* nul = std::memchr(text, 0, length))
         length = static_cast<unsigned long>(static_cast<const char*>(nul) - text);
     const char* end = text + length;
