@@ -53,7 +53,7 @@ const std::string& SharedEmptyString()
 
 // ---- CXmlAttribute ----
 
-CXmlAttribute::CXmlAttribute(std::string_view localName, std::string_view value, std::string_view namespaceUri)
+CXmlAttribute::CXmlAttribute(const std::string* localName, std::string_view value, const std::string* namespaceUri)
     : CInstanceMonitor("CXmlAttribute"), m_localName(localName), m_value(value), m_namespaceUri(namespaceUri)
 {
 }
@@ -62,9 +62,11 @@ CXmlAttribute::~CXmlAttribute() = default;
 
 bool CXmlAttribute::IsNamespaceAttribute() const
 {
-    if (m_namespaceUri != kXsiNamespace && m_namespaceUri != kXmlnsNamespace) return false;
-    return m_localName == "xmlns" || m_localName == "type" || m_localName == "schemaLocation" ||
-           m_localName == "noNamespaceSchemaLocation";
+    const std::string& namespaceUri = *m_namespaceUri;
+    const std::string& localName = *m_localName;
+    if (namespaceUri != kXsiNamespace && namespaceUri != kXmlnsNamespace) return false;
+    return localName == "xmlns" || localName == "type" || localName == "schemaLocation" ||
+           localName == "noNamespaceSchemaLocation";
 }
 
 // ---- CXmlElement ----
@@ -74,8 +76,20 @@ CXmlElement::CXmlElement(CXmlDocument* document)
       m_document(document),
       m_nextSibling(nullptr),
       m_firstChild(nullptr),
-      m_lastChild(nullptr)
+      m_lastChild(nullptr),
+      m_localName(&SharedEmptyString()),
+      m_namespaceUri(&SharedEmptyString())
 {
+}
+
+void CXmlElement::SetElementName(const std::string& localName)
+{
+    m_localName = m_document->Intern(localName);
+}
+
+void CXmlElement::SetNamespace(const std::string& namespaceUri)
+{
+    m_namespaceUri = m_document->Intern(namespaceUri);
 }
 
 // Children and attributes belong to the document's node storage, which destroys
@@ -85,7 +99,7 @@ CXmlElement::~CXmlElement() = default;
 const std::string& CXmlElement::GetAttribute(const std::string& localName, const std::string& namespaceUri) const
 {
     for (const CXmlAttribute* attribute : m_attributes)
-        if (attribute->m_localName == localName && attribute->m_namespaceUri == namespaceUri)
+        if (*attribute->m_localName == localName && *attribute->m_namespaceUri == namespaceUri)
             return attribute->m_value;
     return SharedEmptyString();
 }
@@ -168,6 +182,8 @@ void CXmlDocument::Cleanup()
     m_prefixTable.clear();
     m_elements.Clear();
     m_attributes.Clear();
+    m_nameIndex.clear();
+    m_names.Clear();
     FreeInput();
 }
 
@@ -299,8 +315,8 @@ CXmlElement* CXmlDocument::AddDocElement(const char* namespaceUri, const char* l
 {
     CXmlElement* element = NewElement();
     m_documentElement = element;
-    element->m_namespaceUri = namespaceUri ? namespaceUri : "";
-    element->m_localName = localName ? localName : "";
+    element->m_namespaceUri = Intern(namespaceUri ? namespaceUri : "");
+    element->m_localName = Intern(localName ? localName : "");
     m_openElements.push_back(element);
     return element;
 }
@@ -321,8 +337,8 @@ CXmlElement* CXmlDocument::AddElement(std::string_view namespaceUri, std::string
         if (m_openElements.empty()) throw COrvexException("Invalid or empty XML document");
         element = m_openElements.back()->CreateNewChildElement();
     }
-    element->m_namespaceUri.assign(namespaceUri.data(), namespaceUri.size());
-    element->m_localName.assign(localName.data(), localName.size());
+    element->m_namespaceUri = Intern(namespaceUri);
+    element->m_localName = Intern(localName);
     m_openElements.push_back(element);
     return element;
 }
@@ -451,7 +467,17 @@ CXmlElement* CXmlDocument::NewElement()
 CXmlAttribute* CXmlDocument::NewAttribute(std::string_view localName, std::string_view value,
                                           std::string_view namespaceUri)
 {
-    return m_attributes.Create(localName, value, namespaceUri);
+    return m_attributes.Create(Intern(localName), value, Intern(namespaceUri));
+}
+
+const std::string* CXmlDocument::Intern(std::string_view text)
+{
+    auto found = m_nameIndex.find(text);
+    if (found != m_nameIndex.end()) return found->second;
+    // Should the index fail to grow, the stored copy just stays unused until the tree goes.
+    const std::string* name = m_names.Create(text);
+    m_nameIndex.emplace(std::string_view(*name), name);
+    return name;
 }
 
 }  // namespace OrvexXmlLib5

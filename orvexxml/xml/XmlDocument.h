@@ -11,6 +11,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <vector>
 
 #include "orvexxml/frame/InstanceMonitor.h"
@@ -32,25 +33,26 @@ public:
     CXmlAttribute(const CXmlAttribute&) = delete;
     CXmlAttribute& operator=(const CXmlAttribute&) = delete;
 
-    const std::string& GetLocalName() const { return m_localName; }
+    const std::string& GetLocalName() const { return *m_localName; }
     const std::string& GetValue() const { return m_value; }
     // Empty when the attribute is in no namespace.
-    const std::string& GetNamespaceURI() const { return m_namespaceUri; }
+    const std::string& GetNamespaceURI() const { return *m_namespaceUri; }
     // True for xmlns, xsi:type, xsi:schemaLocation and xsi:noNamespaceSchemaLocation,
     // which the data-binding walk passes over.
     bool IsNamespaceAttribute() const;
 
 protected:
-    CXmlAttribute(std::string_view localName, std::string_view value, std::string_view namespaceUri);
+    // The names are the document's shared copies.
+    CXmlAttribute(const std::string* localName, std::string_view value, const std::string* namespaceUri);
     virtual ~CXmlAttribute();
 
 private:
     friend class CXmlElement;
     friend class Detail::CNodePool<CXmlAttribute>;
 
-    std::string m_localName;
+    const std::string* m_localName;
     std::string m_value;
-    std::string m_namespaceUri;
+    const std::string* m_namespaceUri;
 };
 
 // An element: names, attributes in document order, and its direct character data
@@ -68,8 +70,8 @@ public:
     // Null for the last child of its parent, and for the document element.
     CXmlElement* GetNextSiblingElement() const { return m_nextSibling; }
     // Empty when the element is in no namespace.
-    const std::string& GetNamespaceURI() const { return m_namespaceUri; }
-    const std::string& GetLocalName() const { return m_localName; }
+    const std::string& GetNamespaceURI() const { return *m_namespaceUri; }
+    const std::string& GetLocalName() const { return *m_localName; }
     const std::string& GetText() const { return m_text; }
     const std::vector<CXmlAttribute*>& GetAttributes() const { return m_attributes; }
     // Value of the first attribute with this local name and namespace URI; an empty
@@ -82,8 +84,8 @@ protected:
     explicit CXmlElement(CXmlDocument* document);
     virtual ~CXmlElement();
 
-    void SetElementName(const std::string& localName) { m_localName = localName; }
-    void SetNamespace(const std::string& namespaceUri) { m_namespaceUri = namespaceUri; }
+    void SetElementName(const std::string& localName);
+    void SetNamespace(const std::string& namespaceUri);
     // Appends up to the terminator.
     void AppendText(const char* text);
     // Appends length bytes; a negative length appends nothing.
@@ -107,8 +109,9 @@ private:
     CXmlElement* m_lastChild;
     std::vector<CXmlAttribute*> m_attributes;
     std::string m_text;
-    std::string m_localName;
-    std::string m_namespaceUri;
+    // The document's shared copies: a name costs one pointer per element.
+    const std::string* m_localName;
+    const std::string* m_namespaceUri;
     // The start tag's place, kept small: line (or octet offset) and column.
     std::uint64_t m_sourceLine = 0;
     std::uint32_t m_sourceColumn = 0;
@@ -224,6 +227,8 @@ private:
     std::size_t GetInputLength() const { return m_inputLength; }
 
     CXmlElement* NewElement();
+    // The document's one copy of a name or namespace URI, made at its first use.
+    const std::string* Intern(std::string_view text);
     CXmlAttribute* NewAttribute(std::string_view localName, std::string_view value, std::string_view namespaceUri);
 
     CXmlElement* m_documentElement;
@@ -240,6 +245,9 @@ private:
     // is torn down without any walk.
     Detail::CNodePool<CXmlElement> m_elements;
     Detail::CNodePool<CXmlAttribute> m_attributes;
+    // The names of the tree, each once; the keys view the stored strings.
+    Detail::CNodePool<std::string> m_names;
+    std::unordered_map<std::string_view, const std::string*> m_nameIndex;
 };
 
 }  // namespace OrvexXmlLib5

@@ -311,3 +311,28 @@ TEST(XmlDocument, DocumentsLongerThanOneParserPieceReadAsOne)
                          "partial character at line 2");
     }
 }
+
+TEST(XmlDocument, NamesAreStoredOncePerDocument)
+{
+    // Every element and attribute of one name holds the document's one copy of it,
+    // the namespace URIs likewise; a reload starts from the new document's names.
+    CXmlDocument document;
+    document.LoadXml("<r xmlns='urn:a-namespace-uri-longer-than-sixteen'><item n='1'/><item n='2'>"
+                     "<sub xmlns=''/></item><other n='3'/></r>");
+    const CXmlElement* root = document.GetDocumentElement();
+    const CXmlElement* first = root->GetFirstElement();
+    const CXmlElement* second = first->GetNextSiblingElement();
+    const CXmlElement* other = second->GetNextSiblingElement();
+    EXPECT_EQ(&first->GetLocalName(), &second->GetLocalName());
+    EXPECT_EQ(&root->GetNamespaceURI(), &other->GetNamespaceURI());
+    EXPECT_EQ(&first->GetAttributes()[0]->GetLocalName(), &other->GetAttributes()[0]->GetLocalName());
+    EXPECT_EQ(other->GetNamespaceURI(), "urn:a-namespace-uri-longer-than-sixteen");
+    EXPECT_EQ(second->GetFirstElement()->GetNamespaceURI(), "");
+    EXPECT_EQ(&second->GetFirstElement()->GetNamespaceURI(), &first->GetAttributes()[0]->GetNamespaceURI());
+    EXPECT_EQ(other->GetAttribute("n", ""), "3");
+
+    document.LoadXml("<item xmlns='urn:b'><n/></item>");
+    EXPECT_EQ(document.GetDocumentElement()->GetLocalName(), "item");
+    EXPECT_EQ(document.GetDocumentElement()->GetNamespaceURI(), "urn:b");
+    EXPECT_EQ(document.GetDocumentElement()->GetFirstElement()->GetLocalName(), "n");
+}
