@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <cstring>
 #include <fcntl.h>
+#include <iterator>
 #include <new>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -183,6 +184,7 @@ void CXmlDocument::Cleanup()
     m_elements.Clear();
     m_attributes.Clear();
     m_nameIndex.clear();
+    std::fill(std::begin(m_recentNames), std::end(m_recentNames), nullptr);
     m_names.Clear();
     FreeInput();
 }
@@ -472,11 +474,24 @@ CXmlAttribute* CXmlDocument::NewAttribute(std::string_view localName, std::strin
 
 const std::string* CXmlDocument::Intern(std::string_view text)
 {
+    // A document has few names, used again and again: most are found in the small
+    // table without hashing the whole text.
+    const std::size_t slot =
+        text.empty() ? 0
+                     : (text.size() * 7 + static_cast<unsigned char>(text.front()) * 3 +
+                        static_cast<unsigned char>(text.back())) & 63;
+    const std::string* recent = m_recentNames[slot];
+    if (recent && *recent == text) return recent;
+    const std::string* name;
     auto found = m_nameIndex.find(text);
-    if (found != m_nameIndex.end()) return found->second;
-    // Should the index fail to grow, the stored copy just stays unused until the tree goes.
-    const std::string* name = m_names.Create(text);
-    m_nameIndex.emplace(std::string_view(*name), name);
+    if (found != m_nameIndex.end()) {
+        name = found->second;
+    } else {
+        // Should the index fail to grow, the stored copy just stays unused until the tree goes.
+        name = m_names.Create(text);
+        m_nameIndex.emplace(std::string_view(*name), name);
+    }
+    m_recentNames[slot] = name;
     return name;
 }
 

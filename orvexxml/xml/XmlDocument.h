@@ -248,6 +248,8 @@ private:
     // The names of the tree, each once; the keys view the stored strings.
     Detail::CNodePool<std::string> m_names;
     std::unordered_map<std::string_view, const std::string*> m_nameIndex;
+    // Recently interned names by length and end bytes, tried before the index.
+    const std::string* m_recentNames[64] = {};
 };
 
 }  // namespace OrvexXmlLib5
