@@ -184,6 +184,7 @@ void CXmlDocument::Cleanup()
     m_elements.Clear();
     m_attributes.Clear();
     m_nameIndex.clear();
+    m_nameCount = 0;
     std::fill(std::begin(m_recentNames), std::end(m_recentNames), nullptr);
     m_names.Clear();
     FreeInput();
@@ -482,14 +483,27 @@ const std::string* CXmlDocument::Intern(std::string_view text)
                         static_cast<unsigned char>(text.back())) & 63;
     const std::string* recent = m_recentNames[slot];
     if (recent && *recent == text) return recent;
-    const std::string* name;
-    auto found = m_nameIndex.find(text);
-    if (found != m_nameIndex.end()) {
-        name = found->second;
+    const std::string* name = nullptr;
+    constexpr std::size_t listed = sizeof m_firstNames / sizeof m_firstNames[0];
+    if (m_nameCount <= listed) {
+        for (std::size_t i = 0; i < m_nameCount && !name; ++i)
+            if (*m_firstNames[i] == text) name = m_firstNames[i];
     } else {
+        auto found = m_nameIndex.find(text);
+        if (found != m_nameIndex.end()) name = found->second;
+    }
+    if (!name) {
         // Should the index fail to grow, the stored copy just stays unused until the tree goes.
-        name = m_names.Create(text);
-        m_nameIndex.emplace(std::string_view(*name), name);
+        const std::string* made = m_names.Create(text);
+        if (m_nameCount < listed) {
+            m_firstNames[m_nameCount] = made;
+        } else {
+            if (m_nameCount == listed)
+                for (const std::string* known : m_firstNames) m_nameIndex.emplace(std::string_view(*known), known);
+            m_nameIndex.emplace(std::string_view(*made), made);
+        }
+        ++m_nameCount;
+        name = made;
     }
     m_recentNames[slot] = name;
     return name;

@@ -245,8 +245,11 @@ private:
     // is torn down without any walk.
     Detail::CNodePool<CXmlElement> m_elements;
     Detail::CNodePool<CXmlAttribute> m_attributes;
-    // The names of the tree, each once; the keys view the stored strings.
+    // The names of the tree, each once: the first few in a list, all of them in the
+    // index once there are more (its keys view the stored strings).
     Detail::CNodePool<std::string> m_names;
+    const std::string* m_firstNames[32] = {};
+    std::size_t m_nameCount = 0;
     std::unordered_map<std::string_view, const std::string*> m_nameIndex;
     // Recently interned names by length and end bytes, tried before the index.
     const std::string* m_recentNames[64] = {};

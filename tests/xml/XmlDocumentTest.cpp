@@ -331,6 +331,22 @@ TEST(XmlDocument, NamesAreStoredOncePerDocument)
     EXPECT_EQ(&second->GetFirstElement()->GetNamespaceURI(), &first->GetAttributes()[0]->GetNamespaceURI());
     EXPECT_EQ(other->GetAttribute("n", ""), "3");
 
+    // Past the first few names the document keeps an index; both find the same copies.
+    std::string many = "<r>";
+    for (int round = 0; round < 2; ++round)
+        for (int i = 0; i < 70; ++i) many += "<e" + std::to_string(i) + " a" + std::to_string(i % 7) + "='v'/>";
+    CXmlDocument large;
+    large.LoadXml((many + "</r>").c_str());
+    std::vector<const CXmlElement*> elements;
+    for (const CXmlElement* e = large.GetDocumentElement()->GetFirstElement(); e; e = e->GetNextSiblingElement())
+        elements.push_back(e);
+    ASSERT_EQ(elements.size(), 140u);
+    for (std::size_t i = 0; i < 70; ++i) {
+        EXPECT_EQ(elements[i]->GetLocalName(), "e" + std::to_string(i));
+        EXPECT_EQ(&elements[i]->GetLocalName(), &elements[i + 70]->GetLocalName()) << i;
+        EXPECT_EQ(&elements[i]->GetAttributes()[0]->GetLocalName(), &elements[i % 7]->GetAttributes()[0]->GetLocalName());
+    }
+
     document.LoadXml("<item xmlns='urn:b'><n/></item>");
     EXPECT_EQ(document.GetDocumentElement()->GetLocalName(), "item");
     EXPECT_EQ(document.GetDocumentElement()->GetNamespaceURI(), "urn:b");
