@@ -442,12 +442,13 @@ std::string CBigInteger::ToString() const
 {
     if (IsZero())
         return "0";
+    // Not zero, so the digits are there.
     std::string s;
-    s.reserve(Magnitude().size() + 1);
+    s.reserve(m_digits.size() + 1);
     if (m_sign < 0)
         s.push_back('-');
-    for (std::size_t i = Magnitude().size(); i-- > 0;)
-        s.push_back(static_cast<char>('0' + Magnitude()[i]));
+    for (std::size_t i = m_digits.size(); i-- > 0;)
+        s.push_back(static_cast<char>('0' + m_digits[i]));
     return s;
 }
 

@@ -222,7 +222,7 @@ void CDecimal::Rationalise()
     if (zero) {
         trailing = field - 1;
     } else {
-        while (trailing < m_fraction.Magnitude().size() && m_fraction.Magnitude()[trailing] == 0)
+        while (trailing < m_fraction.m_digits.size() && m_fraction.m_digits[trailing] == 0)
             ++trailing;
         trailing = std::min(trailing, field - 1);
     }
