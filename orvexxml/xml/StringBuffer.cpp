@@ -138,6 +138,17 @@ std::size_t CStringBuffer::GetLength() const
     return total + m_used;
 }
 
+std::string CStringBuffer::CopyString() const
+{
+    std::string text;
+    text.reserve(GetLength());
+    if (m_chunks.empty()) return text;
+    const std::size_t last = m_chunks.size() - 1;
+    for (std::size_t i = 0; i < last; ++i) text.append(m_chunks[i], m_chunkSizes[i]);
+    text.append(m_lastChunk, m_used);
+    return text;
+}
+
 std::string CStringBuffer::GetString()
 {
     if (m_chunks.empty()) return std::string();

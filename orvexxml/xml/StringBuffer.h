@@ -57,6 +57,8 @@ public:
 
     // The whole text. Several chunks are joined into one, which then stands for them.
     std::string GetString();
+    // The whole text, copied straight from the chunks, which stay as they are.
+    std::string CopyString() const;
     // Bytes appended since the last Reset.
     std::size_t GetLength() const;
     // Number of chunks currently held.

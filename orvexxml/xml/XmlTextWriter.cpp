@@ -55,7 +55,8 @@ void CXmlTextWriter::WriteStartDocument(XmlEncoding encoding)
 
 std::string CXmlTextWriter::GetString()
 {
-    return m_buffer->GetString();
+    // One copy of the text, without joining the chunks first.
+    return m_buffer->CopyString();
 }
 
 CBinaryData CXmlTextWriter::GetBytes(XmlEncoding encoding)

@@ -27,6 +27,23 @@ TEST(StringBuffer, ChunkBoundaryAndJoin)
     EXPECT_EQ(0u, buffer.GetChunkCount());
 }
 
+TEST(StringBuffer, CopyStringGivesTheTextAndKeepsTheChunks)
+{
+    CStringBuffer buffer(8);
+    EXPECT_EQ("", buffer.CopyString());
+    std::string expected;
+    for (int i = 0; i < 40; ++i) {
+        const std::string piece(static_cast<std::size_t>(i % 11), static_cast<char>('a' + i % 26));
+        buffer.Append(piece);
+        expected += piece;
+        const std::size_t chunks = buffer.GetChunkCount();
+        EXPECT_EQ(expected, buffer.CopyString()) << i;
+        EXPECT_EQ(chunks, buffer.GetChunkCount());
+    }
+    EXPECT_EQ(expected, buffer.GetString());
+    EXPECT_EQ(expected, buffer.CopyString());
+}
+
 TEST(StringBuffer, EmptyTextAppendsNothingEvenBeforeTheFirstChunk)
 {
     CStringBuffer buffer(16);
