@@ -109,7 +109,10 @@ public:
     // any other prefix makes a document no namespace-aware parser accepts.
     static constexpr char XmlNamespace[] = "http://www.w3.org/XML/1998/namespace";
     static constexpr char XmlPrefix[] = "xml";
-    static bool IsXmlNamespace(const std::string& namespaceUri) { return namespaceUri == XmlNamespace; }
+    static bool IsXmlNamespace(const std::string& namespaceUri)
+    {
+        return namespaceUri.size() == sizeof XmlNamespace - 1 && namespaceUri == XmlNamespace;
+    }
 
 protected:
     // 'A' + number / 26, then 'A' + number % 26: AA, AB, ..., ZZ. Numbers from 676
