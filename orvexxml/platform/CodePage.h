@@ -17,6 +17,7 @@ namespace OrvexXmlLib5 {
 // any document is read or written; there is no lock. A code page iconv does not
 // know converts as US-ASCII.
 ORVEXXML_API void SetLocalCharEncoding(unsigned int codePage);
+// The code page set by SetLocalCharEncoding; 3 (the platform default) until then.
 ORVEXXML_API unsigned int GetLocalCharEncoding();
 
 namespace Platform {
