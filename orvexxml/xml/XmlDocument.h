@@ -32,7 +32,7 @@ public:
     CXmlAttribute(const CXmlAttribute&) = delete;
     CXmlAttribute& operator=(const CXmlAttribute&) = delete;
 
-    // The name without a prefix.
+    // The name without a prefix (with it, when read without namespace processing).
     const std::string& GetLocalName() const { return m_localName; }
     // The value, with entities and character references resolved.
     const std::string& GetValue() const { return m_value; }
@@ -73,7 +73,7 @@ public:
     CXmlElement* GetNextSiblingElement() const { return m_nextSibling; }
     // Empty when the element is in no namespace.
     const std::string& GetNamespaceURI() const { return m_namespaceUri; }
-    // The name without a prefix.
+    // The name without a prefix (with it, when read without namespace processing).
     const std::string& GetLocalName() const { return m_localName; }
     // The element's own character data; empty when it has none.
     const std::string& GetText() const { return m_text; }
