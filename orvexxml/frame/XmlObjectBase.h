@@ -15,6 +15,9 @@
 #include "orvexxml/frame/XmlSerializationContext.h"
 #include "orvexxml/xml/XmlEnums.h"
 
+// The library: the object base and entry points, the collections, the XML and Fast
+// Infoset readers and writers, the value classes and the platform layer. The
+// metadata descriptors of generated classes are in OrvexXmlLib5Data.
 namespace OrvexXmlLib5 {
 
 class CXmlDocument;
