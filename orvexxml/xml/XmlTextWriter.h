@@ -28,7 +28,7 @@ public:
     bool GetFormatted() const { return m_formatted; }
     // Anything but EOL_CRLF or EOL_LF fails with "Invalid EOL type." and changes nothing.
     void SetEOLType(EOLType value);
-    // The line end written; EOL_CRLF after construction.
+    // The line end written; EOL_LF after construction.
     EOLType GetEOLType() const { return m_eolType; }
     // Clears the buffer and writes the XML declaration and one line end. Only
     // Encoding_UTF8 and Encoding_UTF16 name an encoding in it.
