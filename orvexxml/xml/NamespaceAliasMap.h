@@ -9,8 +9,8 @@
 
 namespace OrvexXmlLib5 {
 
-// A map from namespace URI to prefix, at most one prefix per URI and one URI per
-// prefix. The root element of every written document declares each entry.
+// A map from namespace URI to prefix; Add keeps each prefix to one URI. The root
+// element of every document written with the map declares each entry with a prefix.
 class ORVEXXML_API CNamespaceAliasMap
 {
 public:
