@@ -109,7 +109,7 @@ public:
     bool operator==(const CBigInteger& other) const;
     // The negation of operator==.
     bool operator!=(const CBigInteger& other) const { return !(*this == other); }
-    // Orders by sign first, then by magnitude.
+    // Orders by sign first (-0 below 0), then by value.
     bool operator<(const CBigInteger& other) const;
     // other < *this.
     bool operator>(const CBigInteger& other) const { return other < *this; }
