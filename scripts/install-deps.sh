@@ -8,7 +8,7 @@ packages=(
   libexpat1-dev libpcre2-dev zlib1g-dev
   libgtest-dev libgmock-dev googletest libbenchmark-dev
   clang libclang-rt-dev
-  tzdata
+  tzdata doxygen
 )
 
 missing=()

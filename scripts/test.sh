@@ -41,6 +41,9 @@ echo "== release build and tests"
 ./scripts/build.sh release
 run_ctest build
 
+echo "== API reference: every public member documented"
+./scripts/docs.sh >build-docs.log 2>&1 || { tail -40 build-docs.log; exit 1; }
+
 echo "== real files through the schema-less element, judged by Python's parser"
 ./scripts/roundtrip-real-files.sh
 
