@@ -142,6 +142,15 @@ class RealFileRoundTrips(unittest.TestCase):
                 with open(out_path("file.out"), "rb") as f:
                     self.assertEqual(piped.stdout, f.read())
 
+    def test_the_deepest_tree_taken_goes_through_every_form(self):
+        deep = b"<a>" * 1000 + b"x" + b"</a>" * 1000
+        for options, _, _ in FORMS:
+            with self.subTest(options=options):
+                there = run("convert", "-", out_path("deep.out"), *options, stdin=deep)
+                self.assertEqual(there.returncode, 0, there.stderr)
+                back = run("convert", out_path("deep.out"), "-", "--compact", "--no-declaration")
+                self.assertEqual(back.stdout, deep)
+
     def test_declaration_can_be_left_out(self):
         path = os.path.join(ARGS.source_dir, "examples", "purchase-order", "po.xml")
         done = run("convert", path, "-", "--no-declaration", "--compact")
@@ -257,6 +266,8 @@ class Failures(unittest.TestCase):
             ("broken gzip", [], gzip.compress(b"<r>hello</r>")[:-12] + b"\0" * 4, rb"."),
             ("inflates beyond the limit", ["--max-inflated", "1M"], bomb, rb"."),
             ("Fast Infoset cut short", [], fi[:-4], rb"."),
+            ("nested too deep", [], b"<a>" * 1001 + b"</a>" * 1001, rb"nested deeper than 1000 levels"),
+            ("nested far too deep", [], b"<a>" * 200000 + b"</a>" * 200000, rb"nested deeper than 1000 levels"),
         ]
         for name, options, data, message in cases:
             with self.subTest(name):

@@ -6,6 +6,7 @@
 #include <cstdio>
 #include <cstring>
 #include <sys/stat.h>
+#include <utility>
 #include <vector>
 
 namespace OrvexTool {
@@ -120,6 +121,18 @@ CInputDocument::CInputDocument(const std::string& path, std::uint64_t maxInflate
 
 CSmartPtr<CElement> CInputDocument::ToElement(bool keepBlank) const
 {
+    std::vector<std::pair<const CXmlElement*, int>> below{{m_document.GetDocumentElement(), 1}};
+    while (!below.empty()) {
+        const auto [element, depth] = below.back();
+        below.pop_back();
+        if (depth > MaxElementDepth) {
+            COrvexException tooDeep(FormatString("Elements are nested deeper than %d levels", MaxElementDepth));
+            tooDeep.SetLocation(element->GetLocation());
+            throw tooDeep;
+        }
+        for (const CXmlElement* child = element->GetFirstElement(); child; child = child->GetNextSiblingElement())
+            below.emplace_back(child, depth + 1);
+    }
     CSmartPtr<CElement> root(new CLoadedElement(m_document.GetDocumentElement()));
     if (keepBlank) return root;
     std::vector<CElement*> pending{root.Get()};

@@ -44,7 +44,13 @@ public:
     InputForm GetForm() const { return m_form; }
     std::uint64_t GetSize() const { return m_size; }
 
+    // Deepest nesting ToElement takes: the untyped element copies, writes and frees
+    // its tree by recursion, one stack frame or more per level.
+    static constexpr int MaxElementDepth = 1000;
+
     // The whole tree as an untyped element, the document element itself at its top.
+    // A tree deeper than MaxElementDepth fails with COrvexException "Elements are
+    // nested deeper than 1000 levels".
     // Unless keepBlank, an element with child elements loses text that is white space
     // alone: that is the layout between its children, which the element would
     // otherwise write after them, since it keeps its text as one string.
