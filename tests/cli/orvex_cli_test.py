@@ -151,6 +151,14 @@ class RealFileRoundTrips(unittest.TestCase):
                 back = run("convert", out_path("deep.out"), "-", "--compact", "--no-declaration")
                 self.assertEqual(back.stdout, deep)
 
+    def test_a_file_converted_onto_itself(self):
+        path = out_path("in-place.xml")
+        shutil.copy(os.path.join(ARGS.source_dir, "examples", "library", "library.xml"), path)
+        want = canon(python_tree(path))
+        self.assertEqual(run("convert", path, path, "--to", "fi", "--gzip").returncode, 0)
+        self.assertEqual(run("convert", path, path, "--compact").returncode, 0)
+        self.assertEqual(canon(python_tree(path)), want)
+
     def test_declaration_can_be_left_out(self):
         path = os.path.join(ARGS.source_dir, "examples", "purchase-order", "po.xml")
         done = run("convert", path, "-", "--no-declaration", "--compact")
