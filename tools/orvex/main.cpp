@@ -42,5 +42,8 @@ int main(int argc, char** argv)
     } catch (const std::bad_alloc&) {
         std::cerr << "orvex: out of memory\n";
         return Exit_Failure;
+    } catch (const std::exception& e) {
+        std::cerr << "orvex: " << e.what() << "\n";
+        return Exit_Failure;
     }
 }
