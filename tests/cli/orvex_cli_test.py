@@ -310,6 +310,8 @@ class Failures(unittest.TestCase):
             (["convert", good, out_path("no/such/dir/out.xml")], rb"Failed to write data to the file"),
             (["convert", "-", "-", "--gzip"], rb"too small to compress"),
             (["convert", good, "-"], rb"standard output: Failed to write to the standard output"),
+            (["show", good], rb"standard output: Failed to write to the standard output"),
+            (["stats", good], rb"standard output: Failed to write to the standard output"),
         ]
         for arguments, message in cases:
             with self.subTest(arguments=arguments), open("/dev/full", "wb") as full:

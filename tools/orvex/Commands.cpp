@@ -117,6 +117,29 @@ int ReportFailure(const std::string& subject, const COrvexException& e)
     return Exit_Failure;
 }
 
+// How messages and reports name an input or output.
+std::string Subject(const std::string& path, const char* standardStream)
+{
+    return path == "-" ? std::string(standardStream) : path;
+}
+
+// Prints help when the command line asks for it; true when it did.
+bool AnswerHelp(const CCommandLine& line, const char* help)
+{
+    if (!line.Has("--help")) return false;
+    std::cout << help;
+    return true;
+}
+
+// The end of a command that printed a report: a failed write to standard output fails.
+int ReportWritten()
+{
+    std::cout.flush();
+    if (std::cout) return Exit_Ok;
+    std::cerr << "orvex: standard output: Failed to write to the standard output\n";
+    return Exit_Failure;
+}
+
 std::uint64_t MaxInflatedSize(const CCommandLine& line)
 {
     if (!line.Has("--max-inflated")) return CXmlSerializationContext::DefaultMaxInflatedSize;
@@ -182,10 +205,7 @@ int RunConvert(const std::vector<std::string>& arguments)
                                         {"--keep-blank", false},
                                         {"--max-inflated", true},
                                         {"--help", false}});
-    if (line.Has("--help")) {
-        std::cout << ConvertHelp;
-        return Exit_Ok;
-    }
+    if (AnswerHelp(line, ConvertHelp)) return Exit_Ok;
     const COutputForm form = ReadOutputForm(line);
     const std::uint64_t maxInflated = MaxInflatedSize(line);
     line.RequireOperands(2, "operands: orvex convert IN OUT");
@@ -194,7 +214,7 @@ int RunConvert(const std::vector<std::string>& arguments)
     if (out == "-" && ::isatty(STDOUT_FILENO) == 1 && (form.fastInfoset || form.compression != Compression_None))
         throw CUsageError("will not write " + form.Describe() + " to a terminal; give a file or a pipe as OUT");
 
-    CProgressLine progress(in == "-" ? "standard input" : in, CInputDocument::InputSize(in));
+    CProgressLine progress(Subject(in, "standard input"), CInputDocument::InputSize(in));
     CSmartPtr<CElement> element;
     try {
         const CInputDocument input(in, maxInflated, &progress);
@@ -202,7 +222,7 @@ int RunConvert(const std::vector<std::string>& arguments)
         element = input.ToElement(line.Has("--keep-blank"));
     } catch (const COrvexException& e) {
         progress.Finish();
-        return ReportFailure(in == "-" ? "standard input" : in, e);
+        return ReportFailure(Subject(in, "standard input"), e);
     }
     try {
         progress.SetStep("writing " + form.Describe());
@@ -211,7 +231,7 @@ int RunConvert(const std::vector<std::string>& arguments)
         WriteOutput(out, bytes);
     } catch (const COrvexException& e) {
         progress.Finish();
-        return ReportFailure(out == "-" ? "standard output" : out, e);
+        return ReportFailure(Subject(out, "standard output"), e);
     }
     return Exit_Ok;
 }
@@ -219,43 +239,36 @@ int RunConvert(const std::vector<std::string>& arguments)
 int RunShow(const std::vector<std::string>& arguments)
 {
     const CCommandLine line(arguments, {{"--max-inflated", true}, {"--help", false}});
-    if (line.Has("--help")) {
-        std::cout << ShowHelp;
-        return Exit_Ok;
-    }
+    if (AnswerHelp(line, ShowHelp)) return Exit_Ok;
     const std::uint64_t maxInflated = MaxInflatedSize(line);
     line.RequireOperands(1, "operand: orvex show IN");
     const std::string& in = line.Operands()[0];
-    CProgressLine progress(in == "-" ? "standard input" : in, CInputDocument::InputSize(in));
+    CProgressLine progress(Subject(in, "standard input"), CInputDocument::InputSize(in));
     std::unique_ptr<CInputDocument> input;
     try {
         input.reset(new CInputDocument(in, maxInflated, &progress));
     } catch (const COrvexException& e) {
         progress.Finish();
-        return ReportFailure(in == "-" ? "standard input" : in, e);
+        return ReportFailure(Subject(in, "standard input"), e);
     }
     progress.Finish();
-    std::cout << "Document: " << (in == "-" ? "(standard input)" : in) << "\n"
+    std::cout << "Document: " << Subject(in, "(standard input)") << "\n"
               << "Form: " << DescribeInputForm(input->GetForm()) << ", " << input->GetSize() << " bytes\n"
               << "\nPrefixes:\n";
     OrvexTools::PrintPrefixes(input->GetDocument(), std::cout);
     std::cout << "\nTree ({namespace}name, @attribute, text):\n";
     OrvexTools::PrintTree(input->GetRoot(), std::cout);
-    std::cout.flush();
-    return std::cout ? Exit_Ok : Exit_Failure;
+    return ReportWritten();
 }
 
 int RunStats(const std::vector<std::string>& arguments)
 {
     const CCommandLine line(arguments, {{"--keep-blank", false}, {"--max-inflated", true}, {"--help", false}});
-    if (line.Has("--help")) {
-        std::cout << StatsHelp;
-        return Exit_Ok;
-    }
+    if (AnswerHelp(line, StatsHelp)) return Exit_Ok;
     const std::uint64_t maxInflated = MaxInflatedSize(line);
     line.RequireOperands(1, "operand: orvex stats IN");
     const std::string& in = line.Operands()[0];
-    CProgressLine progress(in == "-" ? "standard input" : in, CInputDocument::InputSize(in));
+    CProgressLine progress(Subject(in, "standard input"), CInputDocument::InputSize(in));
     CDocumentStats stats;
     InputForm inputForm;
     std::uint64_t inputSize;
@@ -291,10 +304,10 @@ int RunStats(const std::vector<std::string>& arguments)
             }
     } catch (const COrvexException& e) {
         progress.Finish();
-        return ReportFailure(in == "-" ? "standard input" : in, e);
+        return ReportFailure(Subject(in, "standard input"), e);
     }
     progress.Finish();
-    std::cout << "document         " << (in == "-" ? "(standard input)" : in) << "\n"
+    std::cout << "document         " << Subject(in, "(standard input)") << "\n"
               << "input            " << DescribeInputForm(inputForm) << ", " << inputSize << " bytes\n"
               << "elements         " << stats.elements << "\n"
               << "attributes       " << stats.attributes;
@@ -308,8 +321,7 @@ int RunStats(const std::vector<std::string>& arguments)
               << "depth            " << stats.depth << "\n"
               << "size as (bytes, share of XML):\n";
     for (const auto& [name, shown] : sizes) std::cout << "  " << std::left << std::setw(19) << name << shown << "\n";
-    std::cout.flush();
-    return std::cout ? Exit_Ok : Exit_Failure;
+    return ReportWritten();
 }
 
 }  // namespace OrvexTool
