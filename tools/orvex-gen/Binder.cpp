@@ -361,6 +361,8 @@ CClassModel* CBinder::PseudoClass(const CParticle& particle, const CComplexType*
 {
     CClassModel* cls = NewClass(owner->schema, particle.where);
     cls->pseudo = true;
+    // The enclosing element's attributes reach a nested group too: they are not its to refuse.
+    cls->failIfAttributeUnknown = false;
     cls->schemaName = name;
     cls->elementName = name;
     cls->hint = "A nested group, its children stand among those of the enclosing element.";
@@ -385,7 +387,7 @@ void CBinder::AddElement(CClassModel* cls, const CParticle& particle, const CCom
 
     if (particle.kind == CParticle::Any) {
         property.kind = CPropertyModel::Untyped;
-        property.xmlName = "Any";
+        property.xmlName = "AnyElement";  // the name by which the walks know a wildcard
         property.wildcard = particle.wildcard.namespaces;
         cls->properties.push_back(property);
         return;
@@ -401,7 +403,7 @@ void CBinder::AddElement(CClassModel* cls, const CParticle& particle, const CCom
         property.pseudo = true;
         property.xmlName = name;
         property.type = PseudoClass(particle, owner, cls->schemaName + "_" + name);
-        if (particle.kind == CParticle::GroupRef) property.type->schemaName = name;
+        if (particle.kind == CParticle::GroupRef) property.type->schemaName = property.type->elementName = name;
         cls->properties.push_back(property);
         return;
     }
