@@ -1,6 +1,6 @@
-// A program built against the installed package only: the library example's
-// generated-shape classes (installed under share/) read a document and write it
-// back, so every symbol such code needs must be exported; the version query and
+// A program built against the installed package only: the classes generated from
+// the library example's schema (installed under share/) read a document and write
+// it back, so every symbol such code needs must be exported; the version query and
 // the exception classes must cross the library boundary.
 #include <orvexxml/OrvexXmlLib5.h>
 #include <orvexxml/Version.h>

@@ -417,6 +417,7 @@ void CBinder::AddElement(CClassModel* cls, const CParticle& particle, const CCom
     }
     property.xmlName = decl->name;
     property.xmlNamespace = decl->ns;
+    property.customName = particle.element->propertyName.empty() ? decl->propertyName : particle.element->propertyName;
     if (decl->inlineComplex) {
         property.kind = CPropertyModel::Class;
         property.type = ClassOfType(decl->inlineComplex.get(), decl->name);
@@ -433,6 +434,12 @@ void CBinder::AddElement(CClassModel* cls, const CParticle& particle, const CCom
     } else {
         property.value = BindSimple(decl->type, decl->where, &property.enumeration, decl->name, decl->schema);
         property.kind = property.enumeration ? CPropertyModel::Enum : CPropertyModel::Prim;
+    }
+    if (property.kind == CPropertyModel::Prim) {
+        property.value.format = particle.element->format.empty() ? decl->format : particle.element->format;
+        if (!property.value.format.empty() && property.value.itemType != "ItemType_r4" &&
+            property.value.itemType != "ItemType_r8" && property.value.itemType != "ItemType_decimal")
+            Fail(particle.element->where, "a format for a value that is not a float, double or decimal");
     }
     if (property.kind == CPropertyModel::Prim || property.kind == CPropertyModel::Enum) {
         if (decl->hasFixed) ApplyFixed(property, decl->fixedValue);

@@ -20,6 +20,7 @@ struct CValueType
     std::string collection = "CstringCol";      // the typed collection of a repeating element
     std::string conversion = "string";          // CConversions::<conversion>FromString
     std::string rule = "Preserve";              // CWhitespaceUtils::WhitespaceRule
+    std::string format;                         // printf format of a number, empty for the default
     std::string dateKind;                       // CDateTime kind a setter insists on, if any
     bool isString = true;
     bool isInteger = false;                     // a C++ integral type
@@ -74,6 +75,7 @@ struct CPropertyModel
     bool hasInitial = false;      // default or fixed: always present, starts with initial
     std::string initial;          // lexical form
     int index = 0;
+    std::string customName;  // the property name the schema asks for, if any
     // Set by the layout pass: the property's class is complete where the holder is
     // declared, so the getter can be written inline.
     bool typeComplete = true;

@@ -55,12 +55,6 @@ const char* OccurrenceWord(const CPropertyModel& p)
                                                       : "Mnd";
 }
 
-bool IsPrimLike(const CPropertyModel& p)
-{
-    return (p.kind == CPropertyModel::Prim || p.kind == CPropertyModel::Text) &&
-           p.occurrence != CPropertyModel::Collection;
-}
-
 // Optional and present only when set: a flag beside the value.
 bool HasFlag(const CPropertyModel& p)
 {
@@ -97,6 +91,11 @@ std::string EnumeratorOf(const CEnumModel& e, const std::string& value)
     for (std::size_t i = 0; i < e.values.size(); ++i)
         if (e.values[i] == value) return e.enumerators[i];
     return e.enumerators.front();
+}
+
+std::string FormatArgument(const CValueType& v)
+{
+    return v.format.empty() ? std::string("nullptr") : Quote(v.format);
 }
 
 std::string KindName(const std::string& dateKind)
@@ -186,6 +185,7 @@ void CCppEmitter::ClassDeclaration(std::string& out, const CClassModel& cls) con
     for (const CPropertyModel& p : cls.properties) PropertyAccessors(out, cls, p);
     out += "\n";
     const std::string ns = m_file.namespaceConstant.empty() ? "std::string()" : m_file.namespaceConstant;
+    if (!cls.base) out += "    // The name the object is read and written under.\n    using CXmlObjectBase::GetElementName;\n";
     out += "    CXmlObjectBase* GetBase() override { return this; }\n";
     out += "    std::string GetTargetNamespace() const override { return " + ns + "; }\n";
     out += "    std::string GetNamespace() const override { return " + ns + "; }\n";
@@ -271,6 +271,7 @@ void CCppEmitter::PropertyAccessors(std::string& out, const CClassModel& cls, co
                 else
                     out += "    void SetValid" + n + "(bool valid)\n    {\n        m_has" + n +
                            " = valid;\n        if (!valid) " + m + " = " + type + "();\n    }\n";
+                out += "    void Clear" + n + "() { SetValid" + n + "(false); }\n";
             }
             break;
         }
@@ -280,10 +281,11 @@ void CCppEmitter::PropertyAccessors(std::string& out, const CClassModel& cls, co
             out += "    CSmartPtr<" + type + "> Get" + n + "() const";
             out += p.typeComplete ? " { return " + m + "; }\n" : ";\n";
             if (p.occurrence == CPropertyModel::Mandatory)
-                out += "    // Fails with COrvexInvalidParamException for null; the object takes the element name " +
-                       p.xmlName + ".\n";
+                out += "    // Fails with COrvexInvalidParamException for null, and for an object named other than " +
+                       p.xmlName + "\n    // (one that still has its class's name takes " + p.xmlName + ").\n";
             else
-                out += "    // Null removes it; an object takes the element name " + p.xmlName + ".\n";
+                out += "    // Null removes it; an object named other than " + p.xmlName +
+                       " fails (one that still has its\n    // class's name takes " + p.xmlName + ").\n";
             out += "    void Set" + n + "(" + type + "* value);\n";
             if (p.occurrence == CPropertyModel::Optional)
                 out += "    bool IsValid" + n + "() const { return !" + m + ".IsNull(); }\n";
@@ -456,7 +458,7 @@ std::string CCppEmitter::ElementDescriptor(const CClassModel& cls, const CProper
     switch (p.kind) {
         case CPropertyModel::Prim:
             kind = "Prim";
-            if (!col) args += ", " + p.value.itemType + ", nullptr, Rule::" + p.value.rule + ", " + Facets(p.value);
+            if (!col) args += ", " + p.value.itemType + ", " + FormatArgument(p.value) + ", Rule::" + p.value.rule + ", " + Facets(p.value);
             break;
         case CPropertyModel::Enum:
             kind = "Enum";
@@ -594,7 +596,7 @@ void CCppEmitter::ClassDefinition(std::string& out, const CClassModel& cls) cons
                    std::to_string(p.minOccurs) + ", " + std::to_string(p.maxOccurs) + ", " + Quote(v.pattern) + ", " +
                    std::to_string(v.minLength) + ", " + std::to_string(v.maxLength) + ", " + Quote(v.minInclusive) +
                    ", " + Quote(v.maxInclusive) + ", " + Quote(v.minExclusive) + ", " + Quote(v.maxExclusive) + ", " +
-                   std::to_string(v.length) + ", Rule::" + v.rule + ", nullptr)";
+                   std::to_string(v.length) + ", Rule::" + v.rule + ", " + FormatArgument(v) + ")";
         } else if (IsClassKind(p) && p.occurrence == CPropertyModel::Mandatory && !p.type->isAbstract) {
             made = p.type->cppName + "::CreateInstance(" + Quote(p.xmlName) + ")";
         }
@@ -631,9 +633,15 @@ void CCppEmitter::ClassDefinition(std::string& out, const CClassModel& cls) cons
             out += "void " + name + "::Set" + n + "(" + type + "* value)\n{\n";
             if (p.occurrence == CPropertyModel::Mandatory)
                 out += "    Throw_IfPropertyIsNull(value, " + Quote(p.xmlName) + ");\n";
-            if (!p.pseudo)
-                out += std::string(p.occurrence == CPropertyModel::Mandatory ? "    " : "    if (value) ") +
-                       "SetElementName(value, " + Quote(p.xmlName) + ");\n";
+            if (!p.pseudo) {
+                // An object made without a name takes the property's; one named otherwise is refused.
+                std::string defaults = "value->GetElementName() == " + Quote(p.type->elementName);
+                for (const CClassModel* d : p.type->derived)
+                    if (d->elementName != p.type->elementName)
+                        defaults += " ||\n        value->GetElementName() == " + Quote(d->elementName);
+                out += "    if (value && (" + defaults + ")) SetElementName(value, " + Quote(p.xmlName) + ");\n";
+                out += "    Throw_IfElementNameDiffers(value, " + Quote(p.xmlName) + ");\n";
+            }
             if (InChoice(cls)) out += "    Choice_SelectElement(" + Quote(p.xmlName) + ", value, m_selected);\n";
             out += "    " + m + " = value;\n}\n\n";
             continue;
@@ -715,7 +723,6 @@ void CCppEmitter::AccessCase(std::string& out, const CClassModel&, const CProper
                writeValue + ";\n";
     }
     out += "            break;\n";
-    (void)IsPrimLike;
 }
 
 void CCppEmitter::CollectionDefinition(std::string& out, const CClassModel& cls) const

@@ -145,7 +145,8 @@ void AssignNames(std::vector<CFileModel*>& files, const std::vector<CClassModel*
             for (bool attributes : {false, true})
                 for (CPropertyModel& property : cls->properties) {
                     if (property.isAttribute != attributes) continue;
-                    std::string candidate = UpperFirst(Identifier(property.xmlName));
+                    std::string candidate = UpperFirst(Identifier(
+                        property.customName.empty() ? property.xmlName : property.customName));
                     const char* suffix = property.isAttribute ? "Attribute" : "Element";
                     property.name = names.Claim(candidate, suffix);
                     property.member = LowerLead(property.name);

@@ -42,6 +42,8 @@ struct CQName
 };
 
 extern const char* const kXsdNamespace;
+// The namespace of orvex-gen's own attributes on schema declarations.
+extern const char* const kGenNamespace;
 
 struct CSchemaDocument;
 
@@ -161,6 +163,10 @@ struct CElementDecl
     bool hasDefault = false, hasFixed = false;
     std::string defaultValue, fixedValue;
     CQName substitutionGroup;
+    // Customizations given as attributes of the namespace kGenNamespace on the
+    // declaration: the property's name, and the printf format of a number.
+    std::string propertyName;
+    std::string format;
     const CSchemaDocument* schema = nullptr;
 };
 

@@ -12,6 +12,7 @@ using namespace OrvexXmlLib5;
 namespace fs = std::filesystem;
 
 const char* const kXsdNamespace = "http://www.w3.org/2001/XMLSchema";
+const char* const kGenNamespace = "urn:orvex:gen";
 namespace {
 const char* const kXmlNamespace = "http://www.w3.org/XML/1998/namespace";
 
@@ -268,6 +269,8 @@ std::unique_ptr<CElementDecl> CSchemaReader::ReadElement(const CXmlElement* e, b
         decl->hasFixed = true;
         decl->fixedValue = Attr(e, "fixed");
     }
+    decl->propertyName = Trimmed(e->GetAttribute("property", kGenNamespace));
+    decl->format = Trimmed(e->GetAttribute("format", kGenNamespace));
     if (HasAttribute(e, "substitutionGroup"))
         decl->substitutionGroup = ResolveQName(e, Attr(e, "substitutionGroup"));
     for (const CXmlElement* c = e->GetFirstElement(); c; c = c->GetNextSiblingElement()) {
