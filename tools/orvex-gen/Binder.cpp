@@ -292,11 +292,22 @@ void CBinder::BuildClass(CClassModel* cls, const CComplexType* type)
         }
         // A simple content restriction narrows the base's text; the facets are not kept.
     } else if (type->particle) {
-        if (type->mixed) Fail(type->where, "mixed content with child elements");
         if (type->derivation == CComplexType::Restriction && cls->base) {
             // The restricted content is a subset of the base's: the base's descriptors read it.
         } else {
             AddContent(cls, *type->particle, type);
+        }
+        bool hasText = false;
+        for (const CClassModel* c = cls; c; c = c->base)
+            for (const CPropertyModel& p : c->properties) hasText = hasText || p.kind == CPropertyModel::Text;
+        if (type->mixed && !hasText) {
+            // Mixed content: the character data between the children is held joined,
+            // and written after them.
+            CPropertyModel text;
+            text.kind = CPropertyModel::Text;
+            text.xmlName = "Text";
+            text.value = TextValue();
+            cls->properties.push_back(text);
         }
     } else if (type->mixed) {
         CPropertyModel text;
@@ -317,9 +328,10 @@ void CBinder::AddContent(CClassModel* cls, const CParticle& particle, const CCom
         AddElement(cls, *model, owner);
         return;
     }
-    const bool baseHasElements = cls->base && std::any_of(cls->base->AllProperties().begin(),
-                                                          cls->base->AllProperties().end(),
-                                                          [](const CPropertyModel* p) { return !p->isAttribute; });
+    bool baseHasElements = false;
+    if (cls->base)
+        for (const CPropertyModel* p : cls->base->AllProperties())
+            baseHasElements = baseHasElements || (!p->isAttribute && p->kind != CPropertyModel::Text);
     const bool repeats = model->minOccurs != 1 || model->maxOccurs != 1 || model->kind == CParticle::GroupRef;
     if (model->children.empty() && model->kind != CParticle::GroupRef) return;
     const char* group = model->kind == CParticle::Choice ? "Choice" : model->kind == CParticle::All ? "All" : "Sequence";

@@ -270,7 +270,7 @@ void CCppEmitter::PropertyAccessors(std::string& out, const CClassModel& cls, co
                     out += "    void SetValid" + n + "(bool valid);\n";
                 else
                     out += "    void SetValid" + n + "(bool valid)\n    {\n        m_has" + n +
-                           " = valid;\n        if (!valid) " + m + " = " + type + "();\n    }\n";
+                           " = valid;\n        if (!valid) " + m + " = decltype(" + m + ")();\n    }\n";
                 out += "    void Clear" + n + "() { SetValid" + n + "(false); }\n";
             }
             break;
@@ -545,7 +545,7 @@ void CCppEmitter::InitLine(std::string& out, const CPropertyModel& p) const
             else if (p.occurrence == CPropertyModel::Mandatory && !StartValue(p.value).empty())
                 out += "    " + m + " = " + StartValue(p.value) + ";\n";
             else
-                out += "    " + m + " = " + p.value.cppType + "();\n";
+                out += "    " + m + " = decltype(" + m + ")();\n";
             if (HasFlag(p)) out += "    m_has" + p.name + " = false;\n";
             break;
         case CPropertyModel::Enum:
@@ -657,14 +657,15 @@ void CCppEmitter::ClassDefinition(std::string& out, const CClassModel& cls) cons
         if (HasFlag(p)) out += "    m_has" + n + " = true;\n";
         out += "}\n\n";
         if (InChoice(cls) && HasFlag(p)) {
-            const std::string type = p.kind == CPropertyModel::Enum ? p.enumeration->cppName : p.value.cppType;
             out += "void " + name + "::SetValid" + n + "(bool valid)\n{\n    if (m_has" + n +
                    " != valid) Choice_SetElementValid(valid, " + Quote(p.xmlName) + ", m_selected);\n    m_has" + n +
-                   " = valid;\n    if (!valid) " + m + " = " + type + "();\n}\n\n";
+                   " = valid;\n    if (!valid) " + m + " = decltype(" + m + ")();\n}\n\n";
         }
     }
 
-    out += "void " + name + "::AccessProperty(int propertyIndex, bool read, OrvexVariant& value)\n{\n";
+    // A class without properties of its own names only the index it refuses.
+    const bool unused = cls.properties.empty() && !cls.base;
+    out += "void " + name + "::AccessProperty(int propertyIndex, " + (unused ? "bool, OrvexVariant&" : "bool read, OrvexVariant& value") + ")\n{\n";
     out += "    switch (propertyIndex) {\n";
     for (const CPropertyModel& p : cls.properties) AccessCase(out, cls, p);
     out += "        default:\n";
@@ -801,7 +802,9 @@ void CCppEmitter::FactoryDefinition(std::string& out) const
         out += "    const std::string typeNamespace = GetElementTypeNamespaceUri(element);\n";
         std::vector<const CClassModel*> candidates;
         if (!cls->isAbstract) candidates.push_back(cls);
-        for (const CClassModel* d : cls->derived) candidates.push_back(d);
+        // Classes derived in another file are not known here.
+        for (const CClassModel* d : cls->derived)
+            if (d->file == cls->file) candidates.push_back(d);
         for (const CClassModel* c : candidates)
             out += "    if (type == " + Quote(c->schemaName) + " && typeNamespace == " +
                    Quote(c->file->targetNamespace) + ")\n        return CSmartPtr<CXmlObjectBase>(" + c->cppName +
