@@ -1,5 +1,5 @@
-// Classes that orvex-gen wrote at build time from tests/gen/schemas (shop.xsd and the
-// common.xsd it includes), compiled and driven like hand-written ones: a document
+// Classes that orvex-gen wrote at build time from tests/gen/schemas (shop.xsd, the
+// common.xsd it includes and the parts.xsd it imports), compiled and driven like hand-written ones: a document
 // with every mapped construct read, checked value by value, written and read back;
 // facets, choices and xsi:type through the generated code; and the generator's own
 // failures on schemas it cannot map.
@@ -117,6 +117,35 @@ TEST(GeneratedClasses, ReadEveryMappedConstruct)
     EXPECT_EQ(30, c->GetWindow()->GetWidth());
     EXPECT_EQ(20, c->GetWindow()->GetHeight());
     EXPECT_EQ(1, c->GetAnyElement()->GetCount());  // xs:any of another namespace
+}
+
+TEST(GeneratedClasses, ImportedNamespaceRecursionAndNestedGroups)
+{
+    CSmartPtr<CCatalogue> c = Read(Catalogue());
+    ASSERT_TRUE(c->IsValidAssembly());
+    CSmartPtr<CAssembly> a = c->GetAssembly();
+    EXPECT_EQ(2, a->GetCount());  // a qualified attribute
+    EXPECT_EQ("7", a->GetKind());  // a union, held as text
+    EXPECT_EQ("frame", a->GetLabel());  // an unqualified local element
+    // The repeated sequence: one item per key and value.
+    ASSERT_EQ(2, a->GetSequence1()->GetCount());
+    EXPECT_EQ("colour", a->GetSequence1()->Item(0)->GetKey());
+    EXPECT_EQ("matt", a->GetSequence1()->Item(1)->GetValue());
+    // The optional choice, present here and absent in the parts below.
+    ASSERT_TRUE(a->IsValidChoice2());
+    EXPECT_EQ("sketch", a->GetChoice2()->GetSelectedElement());
+    EXPECT_EQ("two bars", a->GetChoice2()->GetSketch());
+    // The recursive type.
+    ASSERT_EQ(2, a->GetPart()->GetCount());
+    EXPECT_EQ("urn:drawing:1", a->GetPart()->Item(0)->GetChoice2()->GetDrawing());
+    CSmartPtr<CAssembly> bolt = a->GetPart()->Item(1);
+    EXPECT_EQ("spare", bolt->GetKind());
+    EXPECT_EQ(1, bolt->GetCount());  // the attribute's default
+    EXPECT_FALSE(bolt->IsValidChoice2());
+    EXPECT_EQ(0, bolt->GetSequence1()->GetCount());
+    ASSERT_EQ(1, bolt->GetPart()->GetCount());
+    EXPECT_EQ("thread", bolt->GetPart()->Item(0)->GetLabel());
+    EXPECT_EQ("fragile", a->GetNote());  // qualified by its own form
 }
 
 TEST(GeneratedClasses, WrittenDocumentReadsBackToTheSameText)
@@ -307,10 +336,11 @@ TEST(Generator, UnmappableConstructsAreReportedWithFileAndLineAndWriteNothing)
 TEST(Generator, OutputIsTheSameOnEveryRun)
 {
     const std::string first = OrvexTest::TempPath("gen-run1"), second = OrvexTest::TempPath("gen-run2");
-    const std::string schemas = kSchemas + "shop.xsd=Shop " + kSchemas + "common.xsd=Common";
+    const std::string schemas =
+        kSchemas + "shop.xsd=Shop " + kSchemas + "common.xsd=Common " + kSchemas + "parts.xsd=Parts";
     ASSERT_EQ(0, RunGenerator("-o " + first + " " + schemas).status);
     ASSERT_EQ(0, RunGenerator("-o " + second + " " + schemas).status);
-    for (const char* name : {"/Shop.h", "/Shop.cpp", "/Common.h", "/Common.cpp"})
+    for (const char* name : {"/Shop.h", "/Shop.cpp", "/Common.h", "/Common.cpp", "/Parts.h", "/Parts.cpp"})
         EXPECT_EQ(FileText(first + name), FileText(second + name)) << name;
 }
 
@@ -319,7 +349,9 @@ TEST(Generator, OutputIsTheSameOnEveryRun)
 TEST(Generator, ConstructorsAndTableOrderMatchTheGoldenLists)
 {
     const std::string out = OrvexTest::TempPath("gen-golden");
-    ASSERT_EQ(0, RunGenerator("-o " + out + " " + kSchemas + "shop.xsd=Shop " + kSchemas + "common.xsd=Common").status);
+    ASSERT_EQ(0, RunGenerator("-o " + out + " " + kSchemas + "shop.xsd=Shop " + kSchemas + "common.xsd=Common " +
+                              kSchemas + "parts.xsd=Parts")
+                     .status);
     auto linesWith = [](const std::string& text, std::initializer_list<const char*> needles) {
         std::istringstream in(text);
         std::string line, found;
@@ -333,5 +365,8 @@ TEST(Generator, ConstructorsAndTableOrderMatchTheGoldenLists)
     };
     const std::string golden = std::string(ORVEX_TEST_SOURCE_DIR) + "/gen/golden/";
     EXPECT_EQ(FileText(golden + "Shop.constructors.txt"), linesWith(FileText(out + "/Shop.h"), {"explicit C"}));
-    EXPECT_EQ(FileText(golden + "Shop.tables.txt"), linesWith(FileText(out + "/Shop.cpp"), {"new CParentElementInfo", "new CElementInfo", "new CAttributeInfo"}));
+    const auto tables = {"new CParentElementInfo", "new CElementInfo", "new CAttributeInfo"};
+    EXPECT_EQ(FileText(golden + "Shop.tables.txt"), linesWith(FileText(out + "/Shop.cpp"), tables));
+    EXPECT_EQ(FileText(golden + "Parts.constructors.txt"), linesWith(FileText(out + "/Parts.h"), {"explicit C"}));
+    EXPECT_EQ(FileText(golden + "Parts.tables.txt"), linesWith(FileText(out + "/Parts.cpp"), tables));
 }

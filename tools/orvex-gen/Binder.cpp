@@ -410,11 +410,11 @@ void CBinder::AddElement(CClassModel* cls, const CParticle& particle, const CCom
             name = particle.ref.name;
         else
             name = std::string(particle.kind == CParticle::Choice ? "Choice" : particle.kind == CParticle::All ? "All" : "Sequence") +
-                   std::to_string(++m_pseudoCount);
+                   std::to_string(++m_pseudoCount[cls]);
         property.kind = CPropertyModel::Class;
         property.pseudo = true;
         property.xmlName = name;
-        property.type = PseudoClass(particle, owner, cls->schemaName + "_" + name);
+        property.type = PseudoClass(particle, owner, cls->schemaName + name);
         if (particle.kind == CParticle::GroupRef) property.type->schemaName = property.type->elementName = name;
         cls->properties.push_back(property);
         return;

@@ -57,7 +57,7 @@ private:
     std::map<const CComplexType*, CClassModel*> m_classOf;
     std::map<const CSimpleType*, CEnumModel*> m_enumOf;
     std::map<const CComplexType*, bool> m_building;
-    int m_pseudoCount = 0;
+    std::map<const CClassModel*, int> m_pseudoCount;  // the anonymous nested groups of each class
 };
 
 }  // namespace OrvexGen
