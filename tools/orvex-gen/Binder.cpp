@@ -214,6 +214,7 @@ void CBinder::Bind()
             CClassModel* cls = NewClass(element->schema, element->where);
             cls->elementOnly = true;
             cls->base = type;
+            type->declaredBy.insert(element->name);
             cls->schemaName = type->schemaName;
             cls->elementName = element->name;
             cls->hint = "The global element " + element->name + "; it adds only its element name to its type.";
@@ -447,6 +448,7 @@ void CBinder::AddElement(CClassModel* cls, const CParticle& particle, const CCom
         property.value = BindSimple(decl->type, decl->where, &property.enumeration, decl->name, decl->schema);
         property.kind = property.enumeration ? CPropertyModel::Enum : CPropertyModel::Prim;
     }
+    if (property.kind == CPropertyModel::Class) property.type->declaredBy.insert(property.xmlName);
     if (property.kind == CPropertyModel::Prim) {
         property.value.format = particle.element->format.empty() ? decl->format : particle.element->format;
         if (!property.value.format.empty() && property.value.itemType != "ItemType_r4" &&

@@ -3,6 +3,7 @@
 // gives it identifiers, and the emitter writes it as it stands.
 #pragma once
 
+#include <set>
 #include <string>
 #include <vector>
 
@@ -102,6 +103,9 @@ struct CClassModel
     bool needsCollection = false;
     int classId = 0;  // in the file's factory, 0 when not made by id
     std::vector<CClassModel*> derived;  // every concrete class that may stand for this one
+    // The element names declared with exactly this type: under them an object of
+    // this class needs no xsi:type.
+    std::set<std::string> declaredBy;
     const CFileModel* file = nullptr;
     std::string hint;  // where the class comes from, for the comment above it
     // Given by the naming pass.

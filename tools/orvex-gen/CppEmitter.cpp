@@ -231,7 +231,8 @@ void CCppEmitter::PropertyAccessors(std::string& out, const CClassModel& cls, co
 {
     const std::string& n = p.name;
     const std::string m = "m_" + p.member;
-    const bool choice = InChoice(cls);
+    // The text of mixed content stands beside a choice, not in it.
+    const bool choice = InChoice(cls) && p.kind != CPropertyModel::Text;
     if (p.occurrence == CPropertyModel::Collection) {
         std::string type;
         if (IsClassKind(p))
@@ -419,7 +420,9 @@ std::string CCppEmitter::Source() const
     }
     if (anyTables) {
         out += "// One set of tables per class, built on first use and shared by every object.\n"
-               "struct CTables\n{\n    CParentElementInfo* info = nullptr;\n    CElementInfo** elements = nullptr;\n"
+               "struct CTables\n{\n    CParentElementInfo* info = nullptr;\n"
+               "    // The same without xsi:type, for an element declared with the class's own type.\n"
+               "    CParentElementInfo* plainInfo = nullptr;\n    CElementInfo** elements = nullptr;\n"
                "    CAttributeInfo** attributes = nullptr;\n};\n\n";
         std::string names;
         for (const CClassModel* cls : m_file.classes)
@@ -510,19 +513,27 @@ void CCppEmitter::Tables(std::string& out, const CClassModel& cls) const
 {
     const std::string g = "g_" + LowerLead(cls.tableName);
     std::string elements, attributes;
+    std::string wildcard;
     for (const CPropertyModel* p : cls.AllProperties()) {
         if (p->kind == CPropertyModel::Text) continue;
-        if (p->isAttribute)
+        if (p->kind == CPropertyModel::AnyAttribute)
+            wildcard = AttributeDescriptor(*p);  // it takes every attribute that reaches it, so it goes last
+        else if (p->isAttribute)
             attributes += (attributes.empty() ? "" : ",\n             ") + AttributeDescriptor(*p);
         else
             elements += (elements.empty() ? "" : ",\n             ") + ElementDescriptor(cls, *p);
     }
+    if (!wildcard.empty()) attributes += (attributes.empty() ? "" : ",\n             ") + wildcard;
     const bool hasBase = cls.base != nullptr || cls.hasDerived;
     out += "const CTables& " + cls.tableName + "Tables()\n{\n    static const bool built = [] {\n";
     out += "        " + g + ".info = new CParentElementInfo(ElementGroup_" + cls.group + ", " +
            (cls.pseudo ? "ElementType_Pseudo" : "ElementType_Element") + ", " + Quote(cls.schemaName) + ", " +
            NamespaceOf(m_file.targetNamespace) + ", " + std::to_string(cls.textIndex) + ", " +
            (cls.failIfAttributeUnknown ? "true" : "false") + ", " + (hasBase ? "true" : "false") + ");\n";
+    if (hasBase && !cls.isAbstract && !cls.declaredBy.empty())
+        out += "        " + g + ".plainInfo = new CParentElementInfo(ElementGroup_" + cls.group + ", ElementType_Element, " +
+               Quote(cls.schemaName) + ", " + NamespaceOf(m_file.targetNamespace) + ", " +
+               std::to_string(cls.textIndex) + ", " + (cls.failIfAttributeUnknown ? "true" : "false") + ", false);\n";
     out += "        " + g + ".elements = NullTerminated<CElementInfo>(\n            {" + elements + "});\n";
     out += "        " + g + ".attributes = NullTerminated<CAttributeInfo>(\n            {" + attributes + "});\n";
     out += "        return true;\n    }();\n    (void)built;\n    return " + g + ";\n}\n\n";
@@ -675,11 +686,22 @@ void CCppEmitter::ClassDefinition(std::string& out, const CClassModel& cls) cons
 
     const std::string t = cls.tableName + "Tables()";
     const std::string g = "g_" + LowerLead(cls.tableName);
-    out += "CParentElementInfo* " + name + "::GetClassInfo() const\n{\n    return " + t + ".info;\n}\n";
+    const bool plain = (cls.base != nullptr || cls.hasDerived) && !cls.isAbstract && !cls.declaredBy.empty();
+    if (plain) {
+        // Under an element declared with this very type an xsi:type would say nothing.
+        std::string names;
+        for (const std::string& n : cls.declaredBy)
+            names += (names.empty() ? "" : " || ") + std::string("ElementNameRef() == ") + Quote(n);
+        out += "CParentElementInfo* " + name + "::GetClassInfo() const\n{\n    return " + names + " ? " + t +
+               ".plainInfo : " + t + ".info;\n}\n";
+    } else {
+        out += "CParentElementInfo* " + name + "::GetClassInfo() const\n{\n    return " + t + ".info;\n}\n";
+    }
     out += "CElementInfo** " + name + "::GetClassElementInfo() const\n{\n    return " + t + ".elements;\n}\n";
     out += "CAttributeInfo** " + name + "::GetClassAttributeInfo() const\n{\n    return " + t + ".attributes;\n}\n";
-    out += "void " + name + "::CleanMetaData()\n{\n    CXmlGeneratedClass::CleanMetaData(" + g + ".info, " + g +
-           ".elements, " + g + ".attributes);\n}\n\n";
+    out += "void " + name + "::CleanMetaData()\n{\n" +
+           (plain ? "    delete " + g + ".plainInfo;\n    " + g + ".plainInfo = nullptr;\n" : std::string()) +
+           "    CXmlGeneratedClass::CleanMetaData(" + g + ".info, " + g + ".elements, " + g + ".attributes);\n}\n\n";
 }
 
 void CCppEmitter::AccessCase(std::string& out, const CClassModel&, const CPropertyModel& p) const
