@@ -313,7 +313,7 @@ TEST(Generator, UnmappableConstructsAreReportedWithFileAndLineAndWriteNothing)
     const struct
     {
         const char* file;
-        const char* message;
+        std::string message;
     } cases[] = {
         {"choice-extension.xsd", "orvex-gen: choice-extension.xsd:9: extension of a content model that is not a sequence\n"},
         {"redefine.xsd", "orvex-gen: redefine.xsd:3: xs:redefine is not supported\n"},
@@ -322,6 +322,9 @@ TEST(Generator, UnmappableConstructsAreReportedWithFileAndLineAndWriteNothing)
         {"allmany.xsd", "orvex-gen: allmany.xsd:5: xs:all member with maxOccurs above 1\n"},
         {"missing-include.xsd", "orvex-gen: missing-include.xsd:3: schema [nowhere.xsd] not found\n"},
         {"broken.xsd", "orvex-gen: broken.xsd:0: mismatched tag at line 4\n"},
+        {"group-cycle.xsd", "orvex-gen: group-cycle.xsd:6: xs:group [{urn:bad}Loop] contains itself\n"},
+        {"simple-cycle.xsd", "orvex-gen: simple-cycle.xsd:3: a simple type derived from itself\n"},
+        {"absent.xsd", "orvex-gen: schema file [" + bad + "absent.xsd] not found\n"},
     };
     for (const auto& c : cases) {
         const std::string out = OrvexTest::TempPath(std::string("gen-bad-") + c.file);

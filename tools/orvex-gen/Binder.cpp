@@ -227,6 +227,14 @@ void CBinder::Bind()
     Finish();
 }
 
+void CBinder::EnterGroup(const CQName& ref, const CLocation& where)
+{
+    // A group that holds itself would have no end.
+    if (std::find(m_groupsOpen.begin(), m_groupsOpen.end(), ref) != m_groupsOpen.end())
+        Fail(where, "xs:group [" + ref.ToString() + "] contains itself");
+    m_groupsOpen.push_back(ref);
+}
+
 const CParticle& CBinder::ResolveGroup(const CQName& ref, const CLocation& where) const
 {
     auto group = m_set.groups.find(ref);
@@ -361,7 +369,9 @@ void CBinder::AddParticles(CClassModel* cls, const CParticle& group, const CComp
             if (particle.kind == CParticle::GroupRef) {
                 const CParticle& resolved = ResolveGroup(particle.ref, particle.where);
                 if (resolved.kind == CParticle::Sequence) {
+                    EnterGroup(particle.ref, particle.where);
                     AddParticles(cls, resolved, owner);
+                    m_groupsOpen.pop_back();
                     continue;
                 }
             }
@@ -381,7 +391,9 @@ CClassModel* CBinder::PseudoClass(const CParticle& particle, const CComplexType*
     cls->hint = "A nested group, its children stand among those of the enclosing element.";
     const CParticle& model = particle.kind == CParticle::GroupRef ? ResolveGroup(particle.ref, particle.where) : particle;
     cls->group = model.kind == CParticle::Choice ? "Choice" : model.kind == CParticle::All ? "All" : "Sequence";
+    if (particle.kind == CParticle::GroupRef) EnterGroup(particle.ref, particle.where);
     AddParticles(cls, model, owner);
+    if (particle.kind == CParticle::GroupRef) m_groupsOpen.pop_back();
     return cls;
 }
 
@@ -578,11 +590,13 @@ CValueType CBinder::BindSimple(const CQName& name, const CLocation& where, const
 CValueType CBinder::BindSimpleType(const CSimpleType& type, const CEnumModel** enumeration, const std::string& hint)
 {
     if (type.variety != CSimpleType::Restriction) return TextValue();  // lists and unions: text
+    if (!m_simpleOpen.insert(&type).second) Fail(type.where, "a simple type derived from itself");
     CValueType value;
     if (type.inlineBase)
         value = BindSimpleType(*type.inlineBase, enumeration, hint);
     else
         value = BindSimple(type.base, type.where, enumeration, hint, type.schema);
+    m_simpleOpen.erase(&type);
     ApplyFacets(value, type.facets, type.where);
     if (!type.facets.enumerations.empty()) {
         auto known = m_enumOf.find(&type);

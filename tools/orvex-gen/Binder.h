@@ -6,6 +6,7 @@
 
 #include <map>
 #include <memory>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -47,6 +48,7 @@ private:
     void ApplyFacets(CValueType& value, const CFacets& facets, const CLocation& where);
     void ApplyFixed(CPropertyModel& property, const std::string& fixed);
     const CParticle& ResolveGroup(const CQName& ref, const CLocation& where) const;
+    void EnterGroup(const CQName& ref, const CLocation& where);
     void Finish();
 
     const CSchemaSet& m_set;
@@ -57,6 +59,8 @@ private:
     std::map<const CComplexType*, CClassModel*> m_classOf;
     std::map<const CSimpleType*, CEnumModel*> m_enumOf;
     std::map<const CComplexType*, bool> m_building;
+    std::vector<CQName> m_groupsOpen;            // the xs:group references being expanded
+    std::set<const CSimpleType*> m_simpleOpen;  // the simple types being bound
     std::map<const CClassModel*, int> m_pseudoCount;  // the anonymous nested groups of each class
 };
 

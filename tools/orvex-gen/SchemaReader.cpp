@@ -103,7 +103,10 @@ CSchemaDocument* CSchemaReader::Read(const std::string& path, const std::string&
     const std::string canonical = fs::weakly_canonical(fs::absolute(path), error).string();
     for (auto& known : m_set.documents)
         if (known->path == canonical) return known.get();
-    if (!FileExists(canonical)) Fail(from, "schema file [" + path + "] not found");
+    if (!FileExists(canonical)) {
+        if (from.line == 0) throw CSchemaException("schema file [" + path + "] not found");
+        Fail(from, "schema file [" + path + "] not found");
+    }
 
     CXmlDocument xml;
     try {
