@@ -116,6 +116,10 @@ TEST(GeneratedClasses, ReadEveryMappedConstruct)
     ASSERT_TRUE(c->IsValidWindow());  // xs:all: any order
     EXPECT_EQ(30, c->GetWindow()->GetWidth());
     EXPECT_EQ(20, c->GetWindow()->GetHeight());
+    // Types named like the library's own get a suffix.
+    EXPECT_EQ(RuleEnum_Lax, c->GetWindow()->GetRule());
+    const CSmartPtr<CElementType> element = c->GetWindow()->GetElement();
+    EXPECT_EQ("e1", element->GetId());
     EXPECT_EQ(1, c->GetAnyElement()->GetCount());  // xs:any of another namespace
 }
 

@@ -41,6 +41,42 @@ const char* const kReserved[] = {"Base", "ClassInfo", "ClassElementInfo", "Class
                                  "ClassElementInfoCount", "ClassAttributeInfoCount", "DefaultContext",
                                  "ElementName", "Namespace", "TargetNamespace", "SelectedElement", "Selected"};
 
+// Type names the generated code must not declare again: the library's classes and
+// types (the generated code uses its namespace), the helpers of a generated source,
+// and macros of the C library.
+const char* const kTakenTypes[] = {
+    "CAttribute", "CAttributeCol", "CAttributeInfo", "CAttributeInfoAny", "CAttributeInfoEnum",
+    "CAttributeInfoPrimitive", "CBase", "CBigInteger", "CBinaryData", "CClassfactoryBase", "CConversions",
+    "CDataHolder", "CDateTime", "CDateTimeSpan", "CDecimal", "CElement", "CElementCol", "CElementInfo",
+    "CElementInfoAll", "CElementInfoAllAbsClsCol", "CElementInfoAllAbsClsMnd", "CElementInfoAllAbsClsOpt",
+    "CElementInfoAllClsCol", "CElementInfoAllClsMnd", "CElementInfoAllClsOpt", "CElementInfoAllCol",
+    "CElementInfoAllEnumCol", "CElementInfoAllEnumMnd", "CElementInfoAllEnumOpt", "CElementInfoAllNonCol",
+    "CElementInfoAllPrimCol", "CElementInfoAllPrimMnd", "CElementInfoAllPrimOpt", "CElementInfoAllUntpdCol",
+    "CElementInfoAllUntpdMnd", "CElementInfoAllUntpdOpt", "CElementInfoChoice", "CElementInfoChoiceAbsClsCol",
+    "CElementInfoChoiceAbsClsOpt", "CElementInfoChoiceClsCol", "CElementInfoChoiceClsOpt",
+    "CElementInfoChoiceCol", "CElementInfoChoiceEnumCol", "CElementInfoChoiceEnumOpt",
+    "CElementInfoChoicePrimCol", "CElementInfoChoicePrimOpt", "CElementInfoChoiceUntpdCol",
+    "CElementInfoChoiceUntpdOpt", "CElementInfoSeq", "CElementInfoSeqAbsClsCol", "CElementInfoSeqAbsClsMnd",
+    "CElementInfoSeqAbsClsOpt", "CElementInfoSeqClsCol", "CElementInfoSeqClsMnd", "CElementInfoSeqClsOpt",
+    "CElementInfoSeqCol", "CElementInfoSeqEnumCol", "CElementInfoSeqEnumMnd", "CElementInfoSeqEnumOpt",
+    "CElementInfoSeqNonCol", "CElementInfoSeqPrimCol", "CElementInfoSeqPrimMnd", "CElementInfoSeqPrimOpt",
+    "CElementInfoSeqUntpdCol", "CElementInfoSeqUntpdMnd", "CElementInfoSeqUntpdOpt", "CExpatReader",
+    "CFastInfosetReader", "CFastInfosetWriter", "CInstanceMonitor", "CNamespaceAliasMap", "CNode", "CNodePool",
+    "CObjectAccess", "COrvexException", "COrvexInvalidNamespaceException", "COrvexInvalidParamException",
+    "COrvexInvalidStateException", "COrvexInvalidValueException", "COrvexIterator", "COrvexOverFlowException",
+    "COrvexValidationException", "CParentElementInfo", "CPrimitiveRestrictions", "CReaderNameSurrogate",
+    "CReaderStringTable", "CReaderVocabulary", "CSmartPtr", "CSourceLocation", "CStringBuffer",
+    "CWhitespaceUtils", "CWriterVocabulary", "CXmlAttribute", "CXmlCollection", "CXmlCollectionBase",
+    "CXmlDocument", "CXmlElement", "CXmlGeneratedClass", "CXmlObjectBase", "CXmlSerializationContext",
+    "CXmlTextWriter", "CXmlTypeCollection", "CXmlWriter", "CXmlWriterContext", "CbooleanCol", "CdateCol",
+    "CdatetimeBaseCol", "CdatetimeCol", "CdayCol", "CdecimalCol", "CdurationCol", "Ci1Col", "Ci2Col", "Ci4Col",
+    "Ci8Col", "CintegerCol", "CmonthCol", "Cr4Col", "Cr8Col", "CstringCol", "CtimeCol", "Cui1Col", "Cui2Col",
+    "Cui4Col", "Cui8Col", "CyearCol",
+    "ItemType", "ByteEncoding", "EOLType", "FInfoDecl", "SchemaType", "XmlElementGroupType", "XmlElementType",
+    "XmlEncoding", "OrvexVariant", "CompressionType", "ClassFactoryFn", "ElementFactoryFn", "EnumToStringFn",
+    "EnumFromStringFn", "Rule", "NullTerminated", "BadIndex", "RequireKind", "CheckedEnum", "EnumFromText",
+    "CTables", "CTablesCleaner", "NULL", "EOF", "TRUE", "FALSE"};
+
 int Rank(const CClassModel* cls)
 {
     if (cls->pseudo) return 3;
@@ -100,6 +136,7 @@ void AssignNames(std::vector<CFileModel*>& files, const std::vector<CClassModel*
                  const std::vector<CEnumModel*>& enums)
 {
     CNameSpace types;
+    for (const char* taken : kTakenTypes) types.Take(taken);
     for (CFileModel* file : files) {
         const std::string stem = UpperFirst(Identifier(file->outputName));
         file->factoryName = types.Claim("C" + stem + "Factory", "");
