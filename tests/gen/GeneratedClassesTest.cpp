@@ -149,6 +149,8 @@ TEST(GeneratedClasses, ImportedNamespaceRecursionAndNestedGroups)
     EXPECT_EQ(0, bolt->GetSequence1()->GetCount());
     ASSERT_EQ(1, bolt->GetPart()->GetCount());
     EXPECT_EQ("thread", bolt->GetPart()->Item(0)->GetLabel());
+    EXPECT_NE(nullptr, dynamic_cast<const CLeafAssembly*>(bolt->GetPart()->Item(0).Get()));  // the restriction
+    EXPECT_EQ(nullptr, dynamic_cast<const CLeafAssembly*>(bolt.Get()));
     EXPECT_EQ("fragile", a->GetNote());  // qualified by its own form
 }
 
@@ -161,6 +163,8 @@ TEST(GeneratedClasses, WrittenDocumentReadsBackToTheSameText)
     // The polymorphic items keep their types through the round trip.
     EXPECT_NE(std::string::npos, written.find("Circle"));
     EXPECT_NE(std::string::npos, written.find(":Side>4</"));
+    EXPECT_NE(std::string::npos, written.find(":type=\"AC:LeafAssembly\""));
+    EXPECT_EQ(std::string::npos, written.find(":type=\"AC:Assembly\""));  // declared so: no xsi:type
     EXPECT_NE(std::string::npos, written.find("kept as it is"));
 
     // What the classes write is valid by the schema they come from.

@@ -288,7 +288,9 @@ void CBinder::BuildClass(CClassModel* cls, const CComplexType* type)
         cls->group = base->group;
         for (CClassModel* ancestor = base; ancestor; ancestor = ancestor->base) ancestor->hasDerived = true;
     }
-    AddAttributes(cls, type->attributes, type->anyAttribute.get(), attributes, seenGroups);
+    // A restriction restates attributes its base has: the base's descriptors serve.
+    if (!(type->derivation == CComplexType::Restriction && cls->base))
+        AddAttributes(cls, type->attributes, type->anyAttribute.get(), attributes, seenGroups);
     cls->properties = attributes;
 
     if (type->simpleContent) {
