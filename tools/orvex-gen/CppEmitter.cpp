@@ -178,7 +178,7 @@ void CCppEmitter::ClassDeclaration(std::string& out, const CClassModel& cls) con
         out += "};\n\n";
         return;
     }
-    out += "\n";
+    if (!cls.isAbstract) out += "\n";
     if (cls.group == "Choice")
         out += "    // The name of the alternative that is set; empty when none is.\n"
                "    std::string GetSelectedElement() const { return m_selected; }\n";
