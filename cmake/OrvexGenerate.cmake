@@ -8,7 +8,8 @@
 #                  [INCLUDE_PREFIX path]      headers go to OUTPUT_DIR/path and are included as "path/Name.h"
 #                  [NAMESPACE name]           C++ namespace, default OrvexGenerated
 #                  [SEARCH_PATH dir...]       where included and imported schemas are looked for
-#                  [DEPENDS file...])         further files (included schemas) that trigger a rerun
+#                  [DEPENDS file...])         further files that trigger a rerun (before CMake 3.20,
+#                                             list the included and imported schemas here)
 #
 # OUTPUT_DIR becomes a public include directory of every target. The generator
 # writes nothing when a schema has a construct it cannot map, and the build stops
@@ -61,14 +62,23 @@ function(orvex_generate)
     list(APPEND outputs ${dir}/${name}.h ${dir}/${name}.cpp)
     math(EXPR index "${index} + 1")
   endforeach()
+  # With CMake 3.20 and later the generator names every schema it read (included and
+  # imported ones too) in a depfile, so that a change to any of them reruns it.
+  list(GET ARG_TARGET 0 first_target)
+  string(MAKE_C_IDENTIFIER "${first_target}_${name}" rule)
+  set(depfile_args)
+  if(CMAKE_VERSION VERSION_GREATER_EQUAL 3.20)
+    set(depfile ${CMAKE_CURRENT_BINARY_DIR}/orvex_gen_${rule}.d)
+    list(APPEND args --depfile ${depfile})
+    set(depfile_args DEPFILE ${depfile})
+  endif()
   add_custom_command(OUTPUT ${outputs}
     COMMAND OrvexXml::orvex-gen ${args}
     DEPENDS ${schemas} ${ARG_DEPENDS} OrvexXml::orvex-gen
+    ${depfile_args}
     COMMENT "Generating classes from ${ARG_SCHEMAS}"
     VERBATIM)
   # One rule for the outputs, however many targets compile them.
-  list(GET ARG_TARGET 0 first_target)
-  string(MAKE_C_IDENTIFIER "${first_target}_${name}" rule)
   add_custom_target(orvex_gen_${rule} DEPENDS ${outputs})
   foreach(target ${ARG_TARGET})
     target_sources(${target} PRIVATE ${outputs})

@@ -1,12 +1,13 @@
 // orvex-gen: writes the classes of this library for XML Schema files.
 //
-//   orvex-gen [-I dir]... [--namespace name] [--include-prefix path] -o dir
-//             schema.xsd[=OutputName]...
+//   orvex-gen [-I dir]... [--namespace name] [--include-prefix path] [--depfile file]
+//             -o dir schema.xsd[=OutputName]...
 //
 // Each schema named writes OutputName.h and OutputName.cpp (by default the file's
 // own name, e.g. po.xsd -> Po.h); files it includes or imports are read for their
 // components, and a component used from a file that is not named is an error.
 // Nothing is written unless every file maps; an error names the file and line.
+// --depfile writes the schema files read, in make's syntax, for the build to watch.
 #include <cstdio>
 #include <cstring>
 #include <filesystem>
@@ -26,7 +27,7 @@ namespace {
 
 int Usage()
 {
-    std::cerr << "usage: orvex-gen [-I dir]... [--namespace name] [--include-prefix path] -o dir "
+    std::cerr << "usage: orvex-gen [-I dir]... [--namespace name] [--include-prefix path] [--depfile file] -o dir "
                  "schema.xsd[=OutputName]...\n";
     return 2;
 }
@@ -53,6 +54,7 @@ int main(int argc, char** argv)
     std::vector<std::string> searchPath;
     std::vector<std::pair<std::string, std::string>> schemas;
     std::string outputDir;
+    std::string depfile;
     CEmitOptions options;
     for (int i = 1; i < argc; ++i) {
         const std::string arg = argv[i];
@@ -67,6 +69,8 @@ int main(int argc, char** argv)
             options.cppNamespace = next();
         else if (arg == "--include-prefix")
             options.includePrefix = next();
+        else if (arg == "--depfile")
+            depfile = next();
         else if (!arg.empty() && arg[0] == '-')
             return Usage();
         else {
@@ -97,6 +101,17 @@ int main(int argc, char** argv)
         }
         std::filesystem::create_directories(outputDir);
         for (const auto& output : outputs) WriteIfChanged(output.first, output.second);
+        if (!depfile.empty()) {
+            // The first output stands for all of them; spaces in paths are escaped for make.
+            auto escaped = [](const std::string& path) {
+                std::string out;
+                for (char c : path) out += c == ' ' ? std::string("\\ ") : std::string(1, c);
+                return out;
+            };
+            std::string rule = escaped(outputs.front().first) + ":";
+            for (const auto& doc : set.documents) rule += " \\\n  " + escaped(doc->path);
+            WriteIfChanged(depfile, rule + "\n");
+        }
     } catch (const OrvexXmlLib5::COrvexException& e) {
         std::cerr << "orvex-gen: " << e.what() << "\n";
         return 1;
