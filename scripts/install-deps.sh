@@ -9,6 +9,8 @@ packages=(
   libgtest-dev libgmock-dev googletest libbenchmark-dev
   clang libclang-rt-dev
   tzdata doxygen
+  # Used by tests only: xmllint judges written documents, the SAML schemas feed the generator.
+  libxml2-utils opensaml-schemas xmltooling-schemas
 )
 
 missing=()
