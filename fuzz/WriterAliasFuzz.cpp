@@ -62,10 +62,20 @@ void CheckMap(CByteCursor& cursor, CNamespaceAliasMap& map, std::map<std::string
         // The map takes C strings: each ends at its first zero byte.
         const std::string alias = cursor.Until('\x01').c_str(), uri = cursor.Until('\x01').c_str();
         switch (op % 5) {
-            case 0:
-                map.Add(alias.c_str(), uri.c_str());
-                model[uri] = alias;
+            case 0: {
+                // An empty alias, or one another URI already holds, is refused and
+                // leaves the map as it was.
+                bool refused = alias.empty();
+                for (const auto& entry : model) refused = refused || (entry.second == alias && entry.first != uri);
+                try {
+                    map.Add(alias.c_str(), uri.c_str());
+                    Check(!refused, "Add accepted an alias it must refuse");
+                    model[uri] = alias;
+                } catch (const COrvexInvalidParamException&) {
+                    Check(refused, "Add refused a valid alias");
+                }
                 break;
+            }
             case 1:
                 map.RemoveNamespace(uri.c_str());
                 model.erase(uri);

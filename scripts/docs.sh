@@ -8,7 +8,15 @@ if ! command -v doxygen >/dev/null 2>&1; then
   [ "$(id -u)" -ne 0 ] && sudo_cmd=(sudo)
   "${sudo_cmd[@]}" apt-get install -y --no-install-recommends doxygen >/dev/null
 fi
-mkdir -p build/docs
+mkdir -p build/docs/generated/orvexxml
+# Version.h is made by CMake at configure time; the reference documents it from the
+# same template, filled with the project's version, without configuring a build.
+version="$(sed -n 's/^project(OrvexXml VERSION \([0-9][0-9.]*\).*/\1/p' CMakeLists.txt)"
+IFS=. read -r major minor patch <<<"$version"
+sed -e "s/@PROJECT_VERSION_MAJOR@/$major/" -e "s/@PROJECT_VERSION_MINOR@/$minor/" \
+    -e "s/@PROJECT_VERSION_PATCH@/$patch/" -e "s/@PROJECT_VERSION@/$version/" \
+    cmake/Version.h.in >build/docs/generated/orvexxml/Version.h
+export ORVEXXML_DOC_VERSION="$version"
 if ! doxygen docs/Doxyfile; then
   echo "documentation warnings (build/docs/warnings.txt):" >&2
   head -40 build/docs/warnings.txt >&2

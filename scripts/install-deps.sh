@@ -8,7 +8,9 @@ packages=(
   libexpat1-dev libpcre2-dev zlib1g-dev
   libgtest-dev libgmock-dev googletest libbenchmark-dev
   clang libclang-rt-dev
-  tzdata
+  tzdata doxygen
+  # Used by tests only: xmllint judges written documents, the SAML schemas feed the generator.
+  libxml2-utils opensaml-schemas xmltooling-schemas
 )
 
 missing=()

@@ -37,7 +37,10 @@ for kind in shared static; do
   [ "$kind" = static ] && static_flag=(--static)
   flags="$(PKG_CONFIG_PATH="$pcdir" pkg-config "${static_flag[@]}" --cflags --libs orvexxml)"
   # shellcheck disable=SC2086
+  # Without CMake the installed generator is run by hand.
+  "$prefix/bin/orvex-gen" --namespace OrvexExamples --include-prefix examples/library \
+    -o "$root/pc-gen-$kind/examples/library" "$prefix/share/orvexxml/examples/library/library.xsd=Library"
   g++ -std=c++17 -Wall -Wextra -o "$root/pc-$kind" tests/package/consumer.cpp \
-    "$prefix/share/orvexxml/examples/library/Library.cpp" -I"$prefix/share/orvexxml" $flags
+    "$root/pc-gen-$kind/examples/library/Library.cpp" -I"$root/pc-gen-$kind" $flags
   echo "pkg-config consumer, $kind: $("$root/pc-$kind" "$sample")"
 done

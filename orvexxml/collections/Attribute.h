@@ -16,10 +16,14 @@ namespace OrvexXmlLib5 {
 
 class CAttributeCol;
 
+// One attribute held by a CAttributeCol (xs:anyAttribute): a name, a namespace and a
+// text value.
 class ORVEXXML_API CAttribute : public CXmlObjectBase, public CInstanceMonitor
 {
 public:
+    // Copies name, value and namespace; the copy starts with no references of its own.
     CAttribute(const CAttribute& other);
+    // Copies name, value and namespace; the reference count stays with the object.
     CAttribute& operator=(const CAttribute& other);
     ~CAttribute() override = default;
 
@@ -28,19 +32,25 @@ public:
     std::string GetTargetNamespace() const override { return m_namespace; }
     std::string GetNamespace() const override { return m_namespace; }
 
+    // The local name.
     std::string GetName() const { return m_name; }
+    // The value as text.
     std::string GetValue() const { return m_value; }
     // Nothing is tested, and no collection that holds the attribute is told.
     void SetName(const char* name);
+    // Replaces the namespace; empty for none.
     void SetNamespace(const char* namespaceUri);
+    // Replaces the value.
     void SetValue(const char* value);
 
 protected:
     friend class CAttributeCol;
+    // Made by CAttributeCol::Add; null texts count as empty.
     CAttribute(const char* name, const char* value, const char* namespaceUri);
 
     // Hooks called with the new value before it is stored; they do nothing here.
     virtual void FireOnChangeName(const char* name);
+    // Called with the new namespace.
     virtual void FireOnChangeNamespace(const char* namespaceUri);
 
     // Writes the one attribute; the other arguments are not looked at.
@@ -56,13 +66,17 @@ private:
     std::string m_namespace;
 };
 
+// The attributes of an xs:anyAttribute wildcard, in order, each admitted by the
+// namespace restriction.
 class ORVEXXML_API CAttributeCol : public CXmlCollection, public CInstanceMonitor
 {
 public:
     // defaultNamespace empty and a restriction whose first token is a URI (two bytes
     // or more, no '#' in its first two) makes that URI the default. Nothing is tested.
     CAttributeCol(const char* defaultNamespace, const char* namespaceRestriction, const char* targetNamespace);
+    // Shares the attribute objects with other.
     CAttributeCol(const CAttributeCol& other) = default;
+    // Shares the attribute objects of other, releasing its own.
     CAttributeCol& operator=(const CAttributeCol& other) = default;
     ~CAttributeCol() override = default;
 
@@ -74,18 +88,27 @@ public:
     CSmartPtr<CAttribute> Add(const char* name, const char* value, const char* namespaceUri);
     // In the default namespace, tested like the above.
     CSmartPtr<CAttribute> Add(const char* name, const char* value);
+    // With an empty value, in the default namespace.
     CSmartPtr<CAttribute> Add(const char* name);
     // No namespace test. A null attribute fails with COrvexInvalidParamException.
     CSmartPtr<CAttribute> Add(CAttribute* attribute);
+    // Inserts item after existing; a null existing adds at the front, an existing that
+    // is not here fails with COrvexInvalidParamException. No namespace test.
     void AddAfter(const CAttribute* existing, CAttribute* item);
+    // Inserts item before existing; a null existing adds at the end, otherwise as AddAfter.
     void AddBefore(const CAttribute* existing, CAttribute* item);
     // Fails with COrvexInvalidParamException "Index %d is out of range, use 0 - %d".
     CSmartPtr<CAttribute> Item(int index) const;
 
+    // An iterator at the first attribute.
     COrvexIterator<CAttribute> begin() const { return COrvexIterator<CAttribute>(GetHead()); }
+    // The iterator past the last attribute.
     COrvexIterator<CAttribute> end() const { return COrvexIterator<CAttribute>(nullptr); }
 
+    // The namespace restriction: URIs and the words `##any`, `##other`, `##local` and
+    // `##targetNamespace`, separated by blanks.
     std::string GetNamespaceRestriction() const { return m_namespaceRestriction; }
+    // The target namespace that `##targetNamespace` and `##other` refer to.
     std::string GetRestrictionTargetNamespace() const { return m_targetNamespace; }
 
 protected:

@@ -2,6 +2,7 @@
 
 #include "orvexxml/frame/FormatString.h"
 #include "orvexxml/frame/OrvexException.h"
+#include "orvexxml/frame/detail/NestingGuard.h"
 #include "orvexxml/xml/XmlDocument.h"
 #include "orvexxml/xml/XmlWriter.h"
 
@@ -126,6 +127,7 @@ void CElement::FireOnChangeText(const char*) {}
 void CElement::CopyXmlElement(CXmlElement* element)
 {
     if (!element) return;
+    const Detail::CNestingGuard guard;
     m_name = element->GetLocalName();
     m_namespace = element->GetNamespaceURI();
     m_text = element->GetText();
@@ -166,6 +168,7 @@ void CElement::SetNamespaceRestrictions(const char* namespaceRestriction, const 
 void CElement::ToXml_Int(CXmlWriter* writer, bool, const char* namespaceUri, const CXmlSerializationContext& context,
                          bool isOptional) const
 {
+    const Detail::CNestingGuard guard;
     writer->WriteStartElement(m_name, m_namespace);
     CXmlObjectBase::ToXml_Int(m_attributes.Get(), writer, false, namespaceUri, context, false);
     CXmlObjectBase::ToXml_Int(m_children.Get(), writer, false, namespaceUri, context, isOptional);
@@ -181,6 +184,7 @@ CXmlElement* CElement::FromXml_Int(CXmlElement*, CXmlElement* firstChild, const 
     if (!IsNamespaceValid(firstChild->GetNamespaceURI().c_str(), m_namespaceRestriction.c_str(),
                           m_targetNamespace.c_str()))
         return firstChild;
+    const Detail::CNestingGuard guard;
     CXmlObjectBase::FromXml_Int(m_attributes.Get(), firstChild, nullptr, context);
     CXmlElement* left = CXmlObjectBase::FromXml_Int(m_children.Get(), firstChild, firstChild->GetFirstElement(), context);
     if (left)

@@ -19,8 +19,8 @@ namespace OrvexXmlLib5 {
 class CElementCol;
 
 // One element. Its namespace must be admitted by its namespace restriction (a
-// blank-separated list of URIs and the words ##any, ##other, ##local,
-// ##targetNamespace); a read skips an element outside it. Children are written
+// blank-separated list of URIs and the words `##any`, `##other`, `##local`,
+// `##targetNamespace`); a read skips an element outside it. Children are written
 // before the text, since the text of an element is kept as one string.
 class ORVEXXML_API CElement : public CXmlObjectBase, public CInstanceMonitor
 {
@@ -38,6 +38,7 @@ public:
     explicit CElement(CXmlObjectBase* object);
     // Copies the strings; the attributes and child elements are shared with other.
     CElement(const CElement& other);
+    // Copies the strings and shares the attributes and child elements of other.
     CElement& operator=(const CElement& other);
     ~CElement() override;
 
@@ -46,13 +47,19 @@ public:
     std::string GetTargetNamespace() const override { return m_namespace; }
     std::string GetNamespace() const override { return m_namespace; }
 
+    // The local name.
     std::string GetName() const { return m_name; }
+    // The element's own text.
     std::string GetText() const { return m_text; }
     // The setters store what they are given, with no test.
     void SetName(const char* name);
+    // Replaces the text.
     void SetText(const char* text);
+    // Replaces the namespace.
     void SetNamespace(const char* namespaceUri);
+    // The attributes; never null for an element that was built.
     CSmartPtr<CAttributeCol> GetAttributes() const { return m_attributes; }
+    // The child elements; never null for an element that was built.
     CSmartPtr<CElementCol> GetChildElements() const { return m_children; }
 
     // Parses text and makes its document element this element; a document element
@@ -65,13 +72,18 @@ public:
     void SetNamespaceRestrictions(const char* namespaceRestriction, const char* targetNamespace);
 
 protected:
+    // Sets the names and makes empty attribute and child collections. A null name,
+    // restriction or target namespace fails with COrvexInvalidNamespaceException; a
+    // namespace outside the restriction fails as TestNamespace says.
     void Init(const char* name, const char* namespaceUri, const char* namespaceRestriction,
               const char* targetNamespace);
     // Makes this element a copy of element and everything below it.
     void CopyXmlElement(CXmlElement* element);
     // Hooks called with the new value before a setter stores it; they do nothing here.
     virtual void FireOnChangeName(const char* name);
+    // Called with the new namespace.
     virtual void FireOnChangeNamespace(const char* namespaceUri);
+    // Called with the new text.
     virtual void FireOnChangeText(const char* text);
 
     void ToXml_Int(CXmlWriter* writer, bool isRoot, const char* namespaceUri, const CXmlSerializationContext& context,
@@ -100,7 +112,9 @@ public:
     // The two integers are accepted for the generated code's sake; the bounds stay 0 and unbounded.
     CElementCol(const char* defaultNamespace, const char* namespaceRestriction, const char* targetNamespace, int,
                 int);
+    // Shares the element objects with other.
     CElementCol(const CElementCol& other) = default;
+    // Shares the element objects of other, releasing its own.
     CElementCol& operator=(const CElementCol& other) = default;
     ~CElementCol() override = default;
 
@@ -115,10 +129,13 @@ public:
     CSmartPtr<CElement> Add(CElement* element);
     // No namespace test; a null existing adds at the front (AddAfter) or the end (AddBefore).
     void AddAfter(const CElement* existing, CElement* item);
+    // Inserts item before existing; see AddAfter.
     void AddBefore(const CElement* existing, CElement* item);
     // Fails with COrvexInvalidParamException "Index %d is out of range, use 0 - %d".
     CSmartPtr<CElement> Item(int index) const;
+    // An iterator at the first element.
     COrvexIterator<CElement> begin() const { return COrvexIterator<CElement>(GetHead()); }
+    // The iterator past the last element.
     COrvexIterator<CElement> end() const { return COrvexIterator<CElement>(); }
 
 protected:

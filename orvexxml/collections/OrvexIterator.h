@@ -6,10 +6,12 @@
 
 namespace OrvexXmlLib5 {
 
+// A forward iterator over the items of a CXmlCollection, giving each as T*.
 template <typename T>
 class COrvexIterator
 {
 public:
+    // An iterator at node; null is the end.
     explicit COrvexIterator(CNode* node = nullptr) : m_node(node) {}
 
     // Moving past the end fails with COrvexException "No More Elements in the Collection".
@@ -19,6 +21,7 @@ public:
         m_node = m_node->GetNext();
         return *this;
     }
+    // Moves on and gives the iterator as it was; fails at the end as ++ does.
     COrvexIterator operator++(int)
     {
         COrvexIterator old(*this);
@@ -32,6 +35,7 @@ public:
         if (!m_node) throw COrvexException("No More Elements in the Collection");
         return dynamic_cast<T*>(m_node->GetItem());
     }
+    // The item as T*, as operator* gives it.
     T* operator->() const { return **this; }
 
     // Equal when both hold the same node, or both hold nodes with the same item; a
@@ -42,8 +46,10 @@ public:
         if (!m_node || !other.m_node) return false;
         return m_node->GetItem() == other.m_node->GetItem();
     }
+    // The negation of operator==.
     bool operator!=(const COrvexIterator& other) const { return !(*this == other); }
 
+    // The node the iterator stands on; null at the end.
     CNode* GetNode() const { return m_node; }
 
 private:

@@ -14,8 +14,11 @@ class CXmlCollection;
 class ORVEXXML_API CNode
 {
 public:
+    // The item; never null.
     CXmlObjectBase* GetItem() const { return m_item; }
+    // The next node; null for the last.
     CNode* GetNext() const { return m_next; }
+    // The previous node; null for the first.
     CNode* GetPrevious() const { return m_previous; }
 
 private:
@@ -30,6 +33,9 @@ private:
     CNode* m_previous;
 };
 
+// The base of the collections of objects (CElementCol, CAttributeCol and the
+// collections of generated classes): a doubly linked list holding one reference
+// on each item.
 class ORVEXXML_API CXmlCollection : public CXmlCollectionBase
 {
 public:
@@ -40,6 +46,7 @@ public:
     // Removes item by item, so listeners hear one event each.
     ~CXmlCollection() override;
 
+    // Number of items.
     int GetCount() const override { return m_count; }
     // Removes item by item through the virtual Remove: one event per item.
     void Clear() override;
@@ -48,6 +55,8 @@ public:
 
 protected:
     CXmlCollection();
+    // name and namespaceUri are the item elements'; minOccurs and maxOccurs the
+    // bounds of the count, -1 for unbounded.
     CXmlCollection(const char* name, const char* namespaceUri, int minOccurs, int maxOccurs);
 
     // Carries the attributes of pseudo items up to the enclosing start tag.
@@ -55,6 +64,7 @@ protected:
 
     // Each adding operation takes one reference on item and sends one change event.
     void AppendItem(CXmlObjectBase* item);
+    // Adds item at the front.
     void PrependItem(CXmlObjectBase* item);
     // A null existing adds at the front; an existing that is not here fails with
     // COrvexInvalidParamException "The object was not found in the collection".
@@ -71,7 +81,9 @@ protected:
     // Unlinks and frees the node and releases its item; sends no event.
     void RemoveNode(CNode* node);
 
+    // The first node; null when empty.
     CNode* GetHead() const { return m_head; }
+    // The last node; null when empty.
     CNode* GetTail() const { return m_tail; }
 
 private:

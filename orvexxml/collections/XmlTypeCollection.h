@@ -13,11 +13,14 @@
 
 namespace OrvexXmlLib5 {
 
+// The base of the collections of simple-type values: the item type, the facets every
+// item is tested against, the whitespace rule and the number format.
 class ORVEXXML_API CXmlTypeCollection : public CXmlCollectionBase
 {
 public:
     // Copies the base fields, the facets and the type.
     CXmlTypeCollection(const CXmlTypeCollection& other) = default;
+    // The same as the copy.
     CXmlTypeCollection& operator=(const CXmlTypeCollection& other) = default;
     ~CXmlTypeCollection() override = default;
 
@@ -25,10 +28,13 @@ public:
     // the facets fails, and the collection is left as it was.
     virtual void AddFromString(std::string text) = 0;
 
+    // The type of the items.
     ItemType GetItemType() const { return m_itemType; }
+    // The facets each item is tested against when it is added.
     const CPrimitiveRestrictions& GetRestrictions() const { return m_restrictions; }
     // May be null.
     const char* GetFormat() const { return m_format; }
+    // The whitespace rule applied to item text before it is parsed.
     CWhitespaceUtils::WhitespaceRule GetWhitespaceRule() const { return m_whitespaceRule; }
 
 protected:

@@ -35,9 +35,13 @@ enum ByteEncoding : int
 // in place; a holder with a count above 1 is never changed.
 struct ORVEXXML_API CDataHolder
 {
+    // The bytes, allocated with new[]; may be null when the length is 0.
     unsigned char* data;
+    // Bytes in use.
     unsigned long length;
+    // Bytes allocated.
     unsigned long capacity;
+    // Number of CBinaryData objects sharing the holder.
     long refCount;
 
     // Gives the data array away; fails with "Failed to release data. [RefCount=%d]"
@@ -45,10 +49,14 @@ struct ORVEXXML_API CDataHolder
     unsigned char* ReleaseData();
 };
 
+// A byte buffer. Copies share the bytes and a write first takes a private copy, so
+// copying is cheap; an empty object has no holder at all. Also the text forms of
+// bytes (hex, base64, typed lists) and compression.
 class ORVEXXML_API CBinaryData
 {
 public:
     CBinaryData() : m_holder(nullptr) {}
+    // Shares the bytes of other.
     CBinaryData(const CBinaryData& other);
     // With takeOwnership the array (from new[]) becomes the holder's; otherwise it is copied.
     CBinaryData(unsigned char* const data, unsigned long length, bool takeOwnership);
@@ -56,6 +64,7 @@ public:
     CBinaryData(const char* text);
     ~CBinaryData() { Clear(); }
 
+    // Shares the bytes of other and lets go of its own.
     CBinaryData& operator=(const CBinaryData& other);
 
     // Releases the holder; the object is then empty with a null holder.
@@ -63,23 +72,31 @@ public:
 
     // Null for an empty object; writing through it also changes every sharer.
     unsigned char* GetData() const { return m_holder ? m_holder->data : nullptr; }
+    // Number of bytes; 0 for an empty object.
     unsigned long GetLength() const { return m_holder ? m_holder->length : 0; }
     // The bytes unchanged, NUL bytes included; empty for an empty object.
     std::string GetString() const;
     // Fails with "Index Out of range [%d]" at or beyond the length.
     const unsigned char& operator[](unsigned int index) const;
+    // The same check; the holder is made private first, as the byte may be written.
     unsigned char& operator[](unsigned int index);
 
     // A null holder equals only a null holder, even one of length 0 does not.
     bool operator==(const CBinaryData& other) const;
+    // The negation of operator==.
     bool operator!=(const CBinaryData& other) const { return !(*this == other); }
 
     // Replaces the contents with a copy of length bytes; a null data gives zeros.
     void SetBuffer(unsigned char* const data, unsigned long length);
+    // Replaces the contents with a copy of text without the terminator; null gives length 0.
     void SetBuffer(const char* text);
+    // Appends a copy of length bytes, taking a private holder first.
     void Append(unsigned char* const data, unsigned long length);
+    // Appends the bytes of text without the terminator; null appends nothing.
     void Append(const char* text);
+    // Appends the bytes of other.
     void Append(const CBinaryData& other);
+    // Appends one byte.
     void Append(unsigned char byte);
     // The caller owns the result (delete[]); the object keeps a holder of length 0.
     // Null when the object was empty.
@@ -134,13 +151,17 @@ private:
 // Library text (local encoding) to UTF-8 bytes, no terminator. A lone surrogate
 // in the text gives an empty result.
 ORVEXXML_API CBinaryData LocalToUtf8Bytes(const char* text, std::size_t length);
+// The same for a std::string.
 ORVEXXML_API CBinaryData LocalToUtf8Bytes(const std::string& text);
 // Library text to UTF-16 little-endian bytes, no terminator, no byte order mark.
 ORVEXXML_API CBinaryData LocalToUtf16Bytes(const char* text, std::size_t length);
+// The same for a std::string.
 ORVEXXML_API CBinaryData LocalToUtf16Bytes(const std::string& text);
 // Zero-terminated UTF-16 text to UTF-8 bytes; a lone surrogate gives an empty result.
 ORVEXXML_API CBinaryData WideToUtf8Bytes(const char16_t* text);
+// The same for length units, which may include zeros.
 ORVEXXML_API CBinaryData WideToUtf8Bytes(const char16_t* text, std::size_t length);
+// The same for zero-terminated UTF-16 text in unsigned short units.
 ORVEXXML_API CBinaryData WideToUtf8Bytes(const unsigned short* text);
 
 }  // namespace OrvexXmlLib5

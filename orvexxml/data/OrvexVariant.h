@@ -63,6 +63,7 @@ struct ORVEXXML_API OrvexVariant
 {
 public:
     OrvexVariant() : m_type(ItemType_Invalid) { m_value.bits = 0; }
+    // Shares or copies the value of other as its assignment does.
     OrvexVariant(const OrvexVariant& other);
     ~OrvexVariant() { Clear(); }
 
@@ -70,73 +71,126 @@ public:
     // fails with "Unknown Type" and leaves this variant invalid.
     const OrvexVariant& operator=(const OrvexVariant& other);
 
+    // False when nothing is held (ItemType_Invalid).
     bool IsValid() const { return m_type != ItemType_Invalid; }
+    // The type of the value held; ItemType_Invalid when none is.
     ItemType GetItemType() const { return m_type; }
     // Frees what is held; the variant is then invalid.
     void Clear();
+    // The same as Clear.
     void SetInvalid() { Clear(); }
 
+    // Holds value as ItemType_i1, freeing what was held.
     void SetI1(char value);
+    // Holds value as ItemType_i2, freeing what was held.
     void SetI2(short value);
+    // Holds value as ItemType_i4, freeing what was held.
     void SetI4(std::int32_t value);
+    // Holds value as ItemType_i8, freeing what was held.
     void SetI8(std::int64_t value);
+    // Holds value as ItemType_ui1, freeing what was held.
     void SetUI1(unsigned char value);
+    // Holds value as ItemType_ui2, freeing what was held.
     void SetUI2(unsigned short value);
+    // Holds value as ItemType_ui4, freeing what was held.
     void SetUI4(std::uint32_t value);
+    // Holds value as ItemType_ui8, freeing what was held.
     void SetUI8(std::uint64_t value);
+    // Holds value as ItemType_r4, freeing what was held.
     void SetR4(float value);
+    // Holds value as ItemType_r8, freeing what was held.
     void SetR8(double value);
+    // Holds value as ItemType_year, freeing what was held.
     void SetYear(unsigned short value);
+    // Holds value as ItemType_month, freeing what was held.
     void SetMonth(unsigned char value);
+    // Holds value as ItemType_day, freeing what was held.
     void SetDay(unsigned char value);
+    // Holds value as ItemType_char, freeing what was held.
     void SetChar(char value);
+    // Holds value as ItemType_string, freeing what was held.
     void SetString(const std::string& value);
+    // Holds value as ItemType_boolean, freeing what was held.
     void SetBoolean(bool value);
     // Adds a reference to a non-null object; a null object still sets the type.
     void SetXmlObject(CXmlObjectBase* object);
+    // Holds value as ItemType_hexBinary, sharing its bytes.
     void SetHexBinary(const CBinaryData& value);
+    // Holds value as ItemType_base64Binary, sharing its bytes.
     void SetBase64Binary(const CBinaryData& value);
+    // Holds a copy of value as ItemType_duration.
     void SetDuration(const CDateTimeSpan& value);
     // The five date kinds store the value with whatever CDateTime kind it has.
     void SetYearMonth(const CDateTime& value);
+    // Holds a copy of value as ItemType_monthDay.
     void SetMonthDay(const CDateTime& value);
+    // Holds a copy of value as ItemType_date.
     void SetDate(const CDateTime& value);
+    // Holds a copy of value as ItemType_datetime.
     void SetDateTime(const CDateTime& value);
+    // Holds a copy of value as ItemType_time.
     void SetTime(const CDateTime& value);
+    // Holds a copy of value as ItemType_decimal.
     void SetDecimal(const CDecimal& value);
+    // Holds a copy of value as ItemType_integer.
     void SetInteger(const CBigInteger& value);
 
+    // The value as ItemType_i1; meaningless when another type is held.
     char GetI1() const { return static_cast<char>(m_value.u8); }
+    // The value as ItemType_i2; meaningless when another type is held.
     short GetI2() const { return static_cast<short>(m_value.u16); }
+    // The value as ItemType_i4; meaningless when another type is held.
     std::int32_t GetI4() const { return static_cast<std::int32_t>(m_value.u32); }
+    // The value as ItemType_i8; meaningless when another type is held.
     std::int64_t GetI8() const { return static_cast<std::int64_t>(m_value.bits); }
+    // The value as ItemType_ui1; meaningless when another type is held.
     unsigned char GetUI1() const { return m_value.u8; }
+    // The value as ItemType_ui2; meaningless when another type is held.
     unsigned short GetUI2() const { return m_value.u16; }
+    // The value as ItemType_ui4; meaningless when another type is held.
     std::uint32_t GetUI4() const { return m_value.u32; }
+    // The value as ItemType_ui8; meaningless when another type is held.
     std::uint64_t GetUI8() const { return m_value.bits; }
+    // The value as ItemType_r4; meaningless when another type is held.
     float GetR4() const { return m_value.r4; }
+    // The value as ItemType_r8; meaningless when another type is held.
     double GetR8() const { return m_value.r8; }
+    // The value as ItemType_year; meaningless when another type is held.
     unsigned short GetYear() const { return m_value.u16; }
+    // The value as ItemType_month; meaningless when another type is held.
     unsigned char GetMonth() const { return m_value.u8; }
+    // The value as ItemType_day; meaningless when another type is held.
     unsigned char GetDay() const { return m_value.u8; }
+    // The value as ItemType_char; meaningless when another type is held.
     char GetChar() const { return static_cast<char>(m_value.u8); }
+    // The value as ItemType_boolean; meaningless when another type is held.
     bool GetBoolean() const { return m_value.u8 != 0; }
     // A copy; empty when no string is held.
     std::string GetString() const { return m_value.str ? *m_value.str : std::string(); }
     // The held string itself, without a copy; valid until the variant changes.
     const std::string& GetStringRef() const;
+    // The object held, with a new reference; for the two object kinds only.
     CSmartPtr<CXmlObjectBase> GetXmlObject() const;
     // The value-class getters give a copy, or the class's empty value when nothing
     // is held. The binary pair reads one CBinaryData, the five date getters one CDateTime.
     CBinaryData GetHexBinary() const { return Held(m_value.binary); }
+    // A copy of the ItemType_base64Binary value; the empty value when none is held.
     CBinaryData GetBase64Binary() const { return Held(m_value.binary); }
+    // A copy of the ItemType_duration value; the empty value when none is held.
     CDateTimeSpan GetDuration() const { return Held(m_value.span); }
+    // A copy of the ItemType_yearMonth value; the empty value when none is held.
     CDateTime GetYearMonth() const { return Held(m_value.dateTime); }
+    // A copy of the ItemType_monthDay value; the empty value when none is held.
     CDateTime GetMonthDay() const { return Held(m_value.dateTime); }
+    // A copy of the ItemType_date value; the empty value when none is held.
     CDateTime GetDate() const { return Held(m_value.dateTime); }
+    // A copy of the ItemType_datetime value; the empty value when none is held.
     CDateTime GetDateTime() const { return Held(m_value.dateTime); }
+    // A copy of the ItemType_time value; the empty value when none is held.
     CDateTime GetTime() const { return Held(m_value.dateTime); }
+    // A copy of the ItemType_decimal value; the empty value when none is held.
     CDecimal GetDecimal() const { return Held(m_value.decimal); }
+    // A copy of the ItemType_integer value; the empty value when none is held.
     CBigInteger GetInteger() const { return Held(m_value.integer); }
     // The collection kind (28) is held, copied and released through its
     // CXmlObjectBase part like the object kind; a null collection still sets the type.

@@ -6,6 +6,8 @@
 
 namespace OrvexXmlLib5 {
 
+// The XML declaration written in front of a Fast Infoset document: none, one without
+// a version, or one for XML 1.0 or 1.1, each with or without a standalone value.
 enum FInfoDecl
 {
     FInfoDecl_None = 0,

@@ -24,6 +24,8 @@ class CReaderStringTable;
 struct CReaderNameSurrogate;
 }  // namespace Detail
 
+// Reads a Fast Infoset document into a CXmlDocument. CXmlDocument runs it when its
+// input is binary; user code has no need to.
 class ORVEXXML_API CFastInfosetReader : public CInstanceMonitor
 {
 public:

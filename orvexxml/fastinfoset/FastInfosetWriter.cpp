@@ -10,7 +10,6 @@ using namespace Detail;
 
 namespace {
 
-const char* const XmlNamespace = "http://www.w3.org/XML/1998/namespace";
 const char* const XsiNamespace = "http://www.w3.org/2001/XMLSchema-instance";
 
 const char* const DeclarationTexts[] = {

@@ -12,11 +12,15 @@ namespace OrvexXmlLib5 {
 
 class CXmlElement;
 
+// The base of the factories that generated code writes for abstract types and types with
+// derived types: it reads the xsi:type of an element so that the factory can pick the class.
 class ORVEXXML_API CClassfactoryBase
 {
 public:
     CClassfactoryBase() = default;
+    // Copies nothing: the base holds no state.
     CClassfactoryBase(const CClassfactoryBase&) = default;
+    // Assigns nothing: the base holds no state.
     CClassfactoryBase& operator=(const CClassfactoryBase&) = default;
     virtual ~CClassfactoryBase() = default;
 

@@ -4,6 +4,7 @@
 
 namespace OrvexXmlLib5 {
 
+// The packing of the bytes of a stream or file entry point.
 enum CompressionType
 {
     Compression_None = 0,

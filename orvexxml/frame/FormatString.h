@@ -13,6 +13,7 @@ namespace OrvexXmlLib5 {
 ORVEXXML_API std::string FormatString(const char* format, ...)
     ;
 
+// FormatString with the arguments in a va_list, which the call consumes.
 ORVEXXML_API std::string FormatStringV(const char* format, va_list args);
 
 }  // namespace OrvexXmlLib5

@@ -5,9 +5,11 @@
 
 namespace OrvexXmlLib5 {
 
+// A base that generated classes name themselves to; it keeps nothing.
 class ORVEXXML_API CInstanceMonitor
 {
 public:
+    // Takes the name of the class and ignores it.
     explicit CInstanceMonitor(const char* /*className*/) {}
 };
 

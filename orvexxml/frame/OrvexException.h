@@ -15,34 +15,48 @@ namespace OrvexXmlLib5 {
 // Fast Infoset.
 struct ORVEXXML_API CSourceLocation
 {
+    // Which of the position fields hold the place.
     enum Kind : unsigned char { Kind_None, Kind_Text, Kind_Binary };
 
+    // Kind_Text: line and column are set; Kind_Binary: octetOffset is set; Kind_None: nothing is.
     Kind kind = Kind_None;
+    // The line in the text, from 1; 0 unless kind is Kind_Text.
     std::uint64_t line = 0;
+    // The column in the line, from 1; 0 unless kind is Kind_Text.
     std::uint64_t column = 0;
+    // The offset of the first octet in the Fast Infoset input, from 0; 0 unless kind is Kind_Binary.
     std::uint64_t octetOffset = 0;
 
+    // A place in XML text.
     static CSourceLocation InText(std::uint64_t line, std::uint64_t column);
+    // A place in Fast Infoset input.
     static CSourceLocation InBinary(std::uint64_t octetOffset);
 
+    // False for a default-made location (Kind_None).
     bool IsKnown() const { return kind != Kind_None; }
     // "line 12, column 5", "octet 1234", or empty when not known.
     std::string ToString() const;
 };
 
+// The root of every exception the library throws. Each level carries a message, an
+// optional inner exception (the cause) and the place in the input where a read failed.
 class ORVEXXML_API COrvexException : public std::exception
 {
 public:
     COrvexException();
+    // An exception with message and no inner exception.
     explicit COrvexException(std::string message);
     // The inner exception is cloned, so it keeps its most derived class.
     COrvexException(std::string message, const COrvexException& inner);
+    // Copies the message and the place, and clones the inner chain.
     COrvexException(const COrvexException& other);
+    // The same as the copy; an exception assigned its own inner level stays valid.
     COrvexException& operator=(const COrvexException& other);
     ~COrvexException() override;
 
     // Copy of the message of this level alone.
     std::string GetMessageA() const { return m_message; }
+    // The same as GetMessageA.
     std::string GetMessage() const { return m_message; }
     // One line per level, outermost first, no line feed at the end.
     std::string GetFullMessage() const;
@@ -51,13 +65,16 @@ public:
     // Where the read that failed had got to; not known for failures outside a read.
     // A chain built on the way up keeps the innermost known place.
     const CSourceLocation& GetLocation() const { return m_location; }
+    // Replaces the place; an outer level built later takes it over from this one.
     void SetLocation(const CSourceLocation& location) { m_location = location; }
 
+    // The message of this level alone, as GetMessage gives it.
     const char* what() const noexcept override { return m_message.c_str(); }
 
 protected:
     // A new heap copy with the most derived type; the caller owns it.
     virtual COrvexException* Clone() const;
+    // Clone reached from a derived class for another exception.
     static COrvexException* CloneOf(const COrvexException& e) { return e.Clone(); }
 
 private:
@@ -70,12 +87,18 @@ private:
     class ORVEXXML_API Name : public Base                                                        \
     {                                                                                       \
     public:                                                                                 \
+        /** An exception with no message and no inner exception. */                         \
         Name() = default;                                                                   \
+        /** An exception with message and no inner exception. */                            \
         explicit Name(std::string message) : Base(std::move(message)) {}                    \
+        /** An exception with message whose cause is inner; inner is cloned. */             \
         Name(std::string message, const COrvexException& inner)                             \
             : Base(std::move(message), inner) {}                                            \
+        /** A copy of any exception of the family, taken over as this class. */             \
         Name(const COrvexException& other) : Base(other) {}                                 \
+        /** Copies the message and the place, and clones the inner chain. */                \
         Name(const Name& other) = default;                                                  \
+        /** The same as the copy. */                                                        \
         Name& operator=(const Name& other) = default;                                       \
         ~Name() override = default;                                                         \
                                                                                             \

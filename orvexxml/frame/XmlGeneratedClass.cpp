@@ -8,6 +8,7 @@
 #include "orvexxml/collections/XmlCollectionBase.h"
 #include "orvexxml/frame/FormatString.h"
 #include "orvexxml/frame/OrvexException.h"
+#include "orvexxml/frame/detail/NestingGuard.h"
 #include "orvexxml/metadata/AttributeInfo.h"
 #include "orvexxml/metadata/ElementInfo.h"
 #include "orvexxml/metadata/ElementInfoChoice.h"
@@ -28,25 +29,7 @@ const char* Text(const char* s) { return s ? s : ""; }
 const char* const kUnexpectedElement =
     "Failed read all the elements held within the element [%s]. The unexpected element [%s] remains un processed";
 
-// The walks recurse once per level of generated classes. A schema type that
-// contains itself would let a hostile document nest deep enough to overflow the
-// stack, so the depth of one thread's walks is capped well below that point.
-constexpr int kMaxNesting = 1000;
-thread_local int t_nesting = 0;
-
-class CNestingGuard
-{
-public:
-    CNestingGuard()
-    {
-        if (t_nesting >= kMaxNesting)
-            throw COrvexException(FormatString("Elements are nested deeper than %d levels", kMaxNesting));
-        ++t_nesting;
-    }
-    ~CNestingGuard() { --t_nesting; }
-    CNestingGuard(const CNestingGuard&) = delete;
-    CNestingGuard& operator=(const CNestingGuard&) = delete;
-};
+using Detail::CNestingGuard;
 
 // A failure that no deeper level has placed is placed at the element being read.
 void PlaceFailure(COrvexException& e, const CXmlElement* element)

@@ -19,11 +19,16 @@ class CAttributeInfo;
 
 namespace OrvexXmlLib5 {
 
+// The base of every class generated from a schema. The class describes itself in
+// three static tables and reads and writes its properties through AccessProperty;
+// the walks here turn the object into XML and back by those tables.
 class ORVEXXML_API CXmlGeneratedClass : public CXmlObjectBase
 {
 public:
     CXmlGeneratedClass() = default;
+    // Copies the element name; the copy starts with no references of its own.
     CXmlGeneratedClass(const CXmlGeneratedClass& other) = default;
+    // Assigns the element name; the reference count stays with the object.
     CXmlGeneratedClass& operator=(const CXmlGeneratedClass& other) = default;
     ~CXmlGeneratedClass() override = default;
 
@@ -34,6 +39,7 @@ public:
     virtual OrvexXmlLib5Data::CParentElementInfo* GetClassInfo() const = 0;
     // Null-terminated tables in schema order; never null, possibly just the terminator.
     virtual OrvexXmlLib5Data::CElementInfo** GetClassElementInfo() const = 0;
+    // The attribute descriptors, null-terminated in the same way.
     virtual OrvexXmlLib5Data::CAttributeInfo** GetClassAttributeInfo() const = 0;
     // Brings the properties back to their starting state; afterwards every mandatory
     // class child and every collection must be in place.
@@ -45,11 +51,14 @@ protected:
     // [%s]", COrvexValidationException "Failed to convert the element [%s] to XML",
     // and COrvexException "Failed to convert attributes to XML".
     void AttributesToXml_Int(CXmlWriter* writer, const CXmlSerializationContext& context) const override;
+    // Writes the element: its start tag with the attributes, then the children in the
+    // order the content model gives.
     void ToXml_Int(CXmlWriter* writer, bool isRoot, const char* namespaceUri, const CXmlSerializationContext& context,
                    bool isOptional) const override;
     CXmlElement* FromXml_Int(CXmlElement* element, CXmlElement* firstChild, const CXmlSerializationContext& context,
                              bool isOptional) override;
 
+    // AccessProperty for reading, on a const object.
     void ReadProperty(int propertyIndex, OrvexVariant& value) const;
 
     // True when some element descriptor matches element.

@@ -15,6 +15,9 @@
 #include "orvexxml/frame/XmlSerializationContext.h"
 #include "orvexxml/xml/XmlEnums.h"
 
+// The library: the object base and entry points, the collections, the XML and Fast
+// Infoset readers and writers, the value classes and the platform layer. The
+// metadata descriptors of generated classes are in OrvexXmlLib5Data.
 namespace OrvexXmlLib5 {
 
 class CXmlDocument;
@@ -25,9 +28,13 @@ namespace Detail {
 class CObjectAccess;
 }
 
+// The root of everything that is read from or written to XML: the element name, the
+// reference count, and the entry points that read a document into the object and
+// write the object as a document. Made on the heap and held by CSmartPtr.
 class ORVEXXML_API CXmlObjectBase
 {
 public:
+    // The events an object gets through OnEvent.
     enum MsgType
     {
         MsgType_CollectionChange = 0
@@ -43,6 +50,7 @@ public:
     // The CXmlObjectBase part of the object; collections use it as the object's
     // identity. Each concrete class gives itself.
     virtual CXmlObjectBase* GetBase() = 0;
+    // The const form of GetBase.
     const CXmlObjectBase* GetBase() const { return const_cast<CXmlObjectBase*>(this)->GetBase(); }
 
     // Parses UTF-8 text (or text whose declaration names an encoding the parser
@@ -61,6 +69,7 @@ public:
     // The same for bytes in memory; length 0 fails with "XML Stream is empty!".
     void FromXmlStream(unsigned char* const data, unsigned long length,
                        const CXmlSerializationContext& context = CXmlSerializationContext::GetDefaultContext());
+    // The same for the bytes of data; empty data fails with "XML Stream is empty!".
     void FromXmlStream(const CBinaryData& data,
                        const CXmlSerializationContext& context = CXmlSerializationContext::GetDefaultContext());
     // Reads from an element of a tree that stays alive for the call; nothing is copied.
@@ -107,12 +116,20 @@ public:
     // Drops one reference and destroys the object when none is left; gives the new count.
     std::int32_t Release();
 
+    // The namespace of the schema the class comes from; empty for none.
     virtual std::string GetTargetNamespace() const = 0;
+    // The namespace of the element this object is written as.
     virtual std::string GetNamespace() const = 0;
 
 protected:
+    // Called when something the object listens to changes, e.g. a collection property of
+    // a choice; source is the object that changed. Does nothing here.
     virtual void OnEvent(CXmlObjectBase* source, MsgType type, void* data);
+    // Writes the object's attributes into the start tag that writer has open; nothing here.
     virtual void AttributesToXml_Int(CXmlWriter* writer, const CXmlSerializationContext& context) const;
+    // Writes the object as an element. isRoot makes it the document element (with the
+    // root attributes and declarations of the context); namespaceUri is the namespace it
+    // is written in; with isOptional an object with nothing to write may write nothing.
     virtual void ToXml_Int(CXmlWriter* writer, bool isRoot, const char* namespaceUri,
                            const CXmlSerializationContext& context, bool isOptional) const = 0;
     // Gives the next element not consumed by this object.
@@ -122,21 +139,29 @@ protected:
     // Reach the protected virtuals of another object.
     static void AttributesToXml_Int(const CXmlObjectBase* object, CXmlWriter* writer,
                                     const CXmlSerializationContext& context);
+    // Calls the ToXml_Int of object.
     static void ToXml_Int(const CXmlObjectBase* object, CXmlWriter* writer, bool isRoot, const char* namespaceUri,
                           const CXmlSerializationContext& context, bool isOptional);
+    // Calls the FromXml_Int of object, as a mandatory element.
     static CXmlElement* FromXml_Int(CXmlObjectBase* object, CXmlElement* element, CXmlElement* firstChild,
                                     const CXmlSerializationContext& context);
 
+    // A copy of the name of the element this object is written as.
     std::string GetElementName() const { return m_elementName; }
+    // The element name without a copy.
     const std::string& ElementNameRef() const { return m_elementName; }
+    // Sets the element name; null gives an empty name.
     void SetElementName(const char* name) { m_elementName = name ? name : ""; }
+    // Sets the element name of another object; null gives an empty name.
     static void SetElementName(CXmlObjectBase* object, const char* name) { object->SetElementName(name); }
 
+    // Tells listener, which must not be null, that collection has changed.
     static void FireOnCollectionChangeEvent(CXmlObjectBase* listener, CXmlCollectionBase* collection);
 
     // Fails with COrvexInvalidNamespaceException when candidate is not admitted by
-    // the space-separated list allowed (with ##any, ##other, ##local, ##targetNamespace).
+    // the space-separated list allowed (with `##any`, `##other`, `##local`, `##targetNamespace`).
     void TestNamespace(const char* candidate, const char* allowed, const char* targetNamespace) const;
+    // The test of TestNamespace without the exception.
     bool IsNamespaceValid(const char* candidate, const char* allowed, const char* targetNamespace) const;
     // Local name equal to name and, unless namespaces are ignored, namespace equal to namespaceUri.
     bool DoesElementNameMatch(const CXmlSerializationContext& context, const CXmlElement* element, const char* name,
@@ -150,7 +175,11 @@ protected:
     // selected names the filled alternative of a choice, empty when none is. Filling
     // a second one fails with COrvexInvalidStateException; null or 0 empties the own one.
     static void Choice_SelectElement(const char* propertyName, CXmlObjectBase* value, std::string& selected);
+    // Marks the alternative propertyName as filled (valid) or empty (not valid). Filling it
+    // while another one is selected fails with COrvexInvalidStateException.
     static void Choice_SetElementValid(bool valid, const char* propertyName, std::string& selected);
+    // Follows the count of the collection alternative propertyName: above 0 it becomes the
+    // selected one (COrvexInvalidStateException when another one is), at 0 it stops being so.
     static void Choice_CollectionChanged(const char* propertyName, std::int32_t count, std::string& selected);
     // Reads a collection alternative once: nothing happens when itemsRead is above 0;
     // when the collection took elements, current moves past them and the count is tested.

@@ -15,6 +15,7 @@ namespace OrvexXmlLib5 {
 
 class CAttributeCol;
 
+// How names in the documents are matched.
 enum SchemaType
 {
     SchemaType_Namespaced = 0,
@@ -22,12 +23,15 @@ enum SchemaType
     SchemaType_NoNamespaces = 2
 };
 
+// The options of one read or write: what a read may pass over, the namespaces and
+// prefixes, what is written around the root element, and the input limits.
 class ORVEXXML_API CXmlSerializationContext
 {
 public:
     CXmlSerializationContext();
     // A copy shares the additional root attributes with its source.
     CXmlSerializationContext(const CXmlSerializationContext& other);
+    // Copies every option; the additional root attributes are shared, not copied.
     CXmlSerializationContext& operator=(const CXmlSerializationContext& other);
     ~CXmlSerializationContext();
 
@@ -35,26 +39,38 @@ public:
     // every later use of the default.
     static CXmlSerializationContext& GetDefaultContext();
 
+    // True when attributes that no descriptor takes are passed over instead of failing the read.
     bool GetIgnoreUnknownAttributes() const { return m_ignoreUnknownAttributes; }
+    // Sets GetIgnoreUnknownAttributes; false by default.
     void SetIgnoreUnknownAttributes(bool value) { m_ignoreUnknownAttributes = value; }
+    // True when elements that no descriptor takes are passed over instead of failing the read.
     bool GetIgnoreUnknownElements() const { return m_ignoreUnknownElements; }
     // Fails with COrvexInvalidStateException while missing mandatory elements are ignored.
     void SetIgnoreUnknownElements(bool value);
+    // True when a mandatory element that is absent does not fail the read.
     bool GetIgnoreMissingMandatoryElements() const { return m_ignoreMissingMandatoryElements; }
     // Fails with COrvexInvalidStateException while unknown elements are ignored.
     void SetIgnoreMissingMandatoryElements(bool value);
+    // True when a choice with no alternative present does not fail the read or the write.
     bool GetIgnoreMissingChoice() const { return m_ignoreMissingChoice; }
+    // Sets GetIgnoreMissingChoice; false by default.
     void SetIgnoreMissingChoice(bool value) { m_ignoreMissingChoice = value; }
+    // True when collection counts outside minOccurs and maxOccurs do not fail the read
+    // or the write.
     bool GetIgnoreInvalidCollectionCounts() const { return m_ignoreInvalidCollectionCounts; }
+    // Sets GetIgnoreInvalidCollectionCounts; false by default.
     void SetIgnoreInvalidCollectionCounts(bool value) { m_ignoreInvalidCollectionCounts = value; }
     // True when the flag is set or the schema type is SchemaType_NoNamespaces.
     bool GetIgnoreNamespaces() const
     {
         return m_ignoreNamespaces || m_schemaType == SchemaType_NoNamespaces;
     }
+    // Sets the flag of GetIgnoreNamespaces; false by default.
     void SetIgnoreNamespaces(bool value) { m_ignoreNamespaces = value; }
 
+    // How names are matched; SchemaType_Namespaced by default.
     SchemaType GetSchemaType() const { return m_schemaType; }
+    // Sets GetSchemaType.
     void SetSchemaType(SchemaType value) { m_schemaType = value; }
 
     // Reading a compressed stream or file fails with COrvexException once the
@@ -63,22 +79,29 @@ public:
     // from taking gigabytes of memory while leaving room for any data document
     // of a sensible size. Input that is not compressed is not limited here.
     static constexpr std::uint64_t DefaultMaxInflatedSize = std::uint64_t(256) << 20;
+    // The inflated-size limit in bytes; 0 for none.
     std::uint64_t GetMaxInflatedSize() const { return m_maxInflatedSize; }
+    // Sets GetMaxInflatedSize.
     void SetMaxInflatedSize(std::uint64_t value) { m_maxInflatedSize = value; }
 
+    // The namespace written as the default namespace of the root element; empty for none.
     std::string GetDefaultNamespaceURI() const { return m_defaultNamespaceUri; }
+    // Sets GetDefaultNamespaceURI; null gives empty.
     void SetDefaultNamespaceURI(const char* value) { m_defaultNamespaceUri = value ? value : ""; }
 
     // Complete text lines written in front of the root element, unescaped.
     std::vector<std::string>& GetProcessingInstructions() { return m_processingInstructions; }
+    // The const form of GetProcessingInstructions.
     const std::vector<std::string>& GetProcessingInstructions() const { return m_processingInstructions; }
 
     // Attribute text written unescaped inside the root start tag, behind its attributes.
     std::string GetInLineSchema() const { return m_inLineSchema; }
+    // Sets GetInLineSchema; null gives empty.
     void SetInLineSchema(const char* value) { m_inLineSchema = value ? value : ""; }
 
     // Namespaces that the root element declares, with the prefixes wanted for them.
     CNamespaceAliasMap& GetNamespaceAliases() { return m_namespaceAliases; }
+    // The const form of GetNamespaceAliases.
     const CNamespaceAliasMap& GetNamespaceAliases() const { return m_namespaceAliases; }
 
     // Attributes written on the root element in front of its own. The collection is
@@ -95,6 +118,7 @@ public:
     // before the cut. True brings back the older reading, which loads that part
     // without error.
     bool GetAllowTruncatedDocuments() const { return m_allowTruncatedDocuments; }
+    // Sets GetAllowTruncatedDocuments; false by default.
     void SetAllowTruncatedDocuments(bool value) { m_allowTruncatedDocuments = value; }
     // A document type declaration may declare at most CXmlDocument::MaxEntityDeclarations
     // entities; one more fails the read with COrvexException. Chains of entities that
@@ -102,6 +126,7 @@ public:
     // document of a few hundred kilobytes can exhaust the stack. True lifts the limit,
     // for trusted input only.
     bool GetAllowManyEntityDeclarations() const { return m_allowManyEntityDeclarations; }
+    // Sets GetAllowManyEntityDeclarations; false by default.
     void SetAllowManyEntityDeclarations(bool value) { m_allowManyEntityDeclarations = value; }
 
 private:

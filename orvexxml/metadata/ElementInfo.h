@@ -26,14 +26,20 @@ namespace OrvexXmlLib5Data {
 typedef CSmartPtr<CXmlObjectBase> (*ClassFactoryFn)(int classId, const char* elementName);
 // Creates the object for element, looking at xsi:type; null when no class suits.
 typedef CSmartPtr<CXmlObjectBase> (*ElementFactoryFn)(CXmlElement* element);
-// The generated text functions of an enumeration.
+// The generated function that gives the text of an enumeration value.
 typedef const char* (*EnumToStringFn)(int value);
+// Gives the enumeration value of text.
 typedef int (*EnumFromStringFn)(const char* text);
 
+// The base of every element descriptor: one child of a generated class (its name,
+// namespace and property index, and for simple types the conversion and facets)
+// and the operations that read it from the tree and write it.
 class ORVEXXML_API CElementInfo
 {
 public:
+    // Copies every field.
     CElementInfo(const CElementInfo& other) = default;
+    // The same as the copy.
     CElementInfo& operator=(const CElementInfo& other) = default;
     virtual ~CElementInfo() = default;
 
@@ -56,30 +62,46 @@ public:
     void CheckRestriction(const OrvexVariant& value) const;
 
 protected:
+    // A descriptor of a child that is not of a simple type: name and namespaceUri name
+    // the element (null counts as empty), propertyIndex is its property.
     CElementInfo(const char* name, const char* namespaceUri, int propertyIndex);
+    // A descriptor of a child of a simple type: itemType, format and rule say how the
+    // text is converted, restrictions holds the facets.
     CElementInfo(const char* name, const char* namespaceUri, int propertyIndex, ItemType itemType,
                  const char* format, CWhitespaceUtils::WhitespaceRule rule,
                  const CPrimitiveRestrictions& restrictions);
 
+    // The element's local name.
     std::string GetElementName() const { return m_elementName; }
+    // The element's namespace; empty for none.
     std::string GetElementNamespace() const { return m_elementNamespace; }
+    // The index of the property in the owner's AccessProperty.
     int GetPropertyIndex() const { return m_propertyIndex; }
+    // The value type of a simple-type child.
     ItemType GetItemType() const { return m_itemType; }
+    // The format used to write the value; may be null.
     const char* GetFormat() const { return m_format; }
+    // The whitespace rule applied to the text before it is converted.
     CWhitespaceUtils::WhitespaceRule GetWhitespaceRule() const { return m_whitespaceRule; }
+    // The facets of a simple-type child.
     const CPrimitiveRestrictions& GetRestrictions() const { return m_restrictions; }
+    // True when the descriptor was built with facets.
     bool GetHasRestrictions() const { return m_hasRestrictions; }
 
     // False for a null element; the local name must match, and the namespace too
     // unless the context ignores namespaces.
     bool IsThisElement(const CXmlSerializationContext& context, const CXmlElement* element) const;
 
+    // Reads (read true) or stores value through the owner's AccessProperty at this
+    // descriptor's property index.
     void AccessProperty(CXmlGeneratedClass* owner, bool read, OrvexVariant& value) const;
+    // Reads the property into value from a const owner.
     void ReadProperty(const CXmlGeneratedClass* owner, OrvexVariant& value) const;
 
     // Reaches the walks of another object; gives the next unconsumed element.
     static CXmlElement* FromXml_Int(CXmlObjectBase* object, CXmlElement* element, CXmlElement* firstChild,
                                     const CXmlSerializationContext& context, bool isOptional);
+    // Lets object write its attributes into the start tag that writer has open.
     void AttributesToXml_Int(const CXmlObjectBase* object, CXmlWriter* writer,
                              const CXmlSerializationContext& context) const;
 
@@ -93,11 +115,13 @@ protected:
     // fails before anything is written.
     bool ElementToXmlPrim(const CXmlSerializationContext& context, const CXmlGeneratedClass* owner,
                           CXmlWriter* writer) const;
+    // The same as ElementToXmlPrim.
     bool ElementToXmlPrimOpt(const CXmlSerializationContext& context, const CXmlGeneratedClass* owner,
                              CXmlWriter* writer) const;
     // An invalid variant writes nothing and gives false; no facet test.
     bool ElementToXmlEnum(const CXmlSerializationContext& context, const CXmlGeneratedClass* owner,
                           CXmlWriter* writer, EnumToStringFn toString) const;
+    // The same as ElementToXmlEnum.
     bool ElementToXmlEnumOpt(const CXmlSerializationContext& context, const CXmlGeneratedClass* owner,
                              CXmlWriter* writer, EnumToStringFn toString) const;
 
@@ -105,6 +129,7 @@ protected:
     // type of exactly 1 carries attributes up.
     void PseudoChildObjectAttributesToXml(const CXmlSerializationContext& context, const CXmlGeneratedClass* owner,
                                           CXmlWriter* writer, XmlElementType childType) const;
+    // The form for a property that holds a collection.
     void PseudoChildCollectionAttributesToXml(const CXmlSerializationContext& context,
                                               const CXmlGeneratedClass* owner, CXmlWriter* writer,
                                               XmlElementType childType) const;

@@ -19,10 +19,13 @@ namespace OrvexXmlLib5Data {
 class ORVEXXML_API CElementInfoAll : public CElementInfo
 {
 protected:
+    // name and namespaceUri name the child element; propertyIndex is its property.
     CElementInfoAll(const char* name, const char* namespaceUri, int propertyIndex)
         : CElementInfo(name, namespaceUri, propertyIndex)
     {
     }
+    // name and namespaceUri name the child element; propertyIndex is its property. itemType, format
+    // and rule say how the text is converted; restrictions holds the facets.
     CElementInfoAll(const char* name, const char* namespaceUri, int propertyIndex, ItemType itemType,
                     const char* format, CWhitespaceUtils::WhitespaceRule rule,
                     const CPrimitiveRestrictions& restrictions)
@@ -38,6 +41,7 @@ protected:
 class ORVEXXML_API CElementInfoAllCol : public CElementInfoAll
 {
 public:
+    // name and namespaceUri name the child element; propertyIndex is its property.
     CElementInfoAllCol(const char* name, const char* namespaceUri, int propertyIndex)
         : CElementInfoAll(name, namespaceUri, propertyIndex)
     {
@@ -59,15 +63,21 @@ public:
 class ORVEXXML_API CElementInfoAllNonCol : public CElementInfoAll
 {
 public:
+    // name and namespaceUri name the child element; propertyIndex is its property.
     CElementInfoAllNonCol(const char* name, const char* namespaceUri, int propertyIndex)
         : CElementInfoAll(name, namespaceUri, propertyIndex)
     {
     }
 };
 
+// The descriptor of a child of an abstract type or of a type with derived types (chosen by
+// xsi:type), that stands exactly once, in an xs:all class.
 class ORVEXXML_API CElementInfoAllAbsClsMnd : public CElementInfoAll
 {
 public:
+    // name and namespaceUri name the child element; propertyIndex is its property. childType tells
+    // whether the child is a real element; factory makes the object for the element read, from its
+    // xsi:type (classId is kept for it).
     CElementInfoAllAbsClsMnd(const char* name, const char* namespaceUri, int propertyIndex, XmlElementType childType,
                              ElementFactoryFn factory, int classId)
         : CElementInfoAll(name, namespaceUri, propertyIndex),
@@ -87,14 +97,22 @@ public:
                                    CXmlWriter* writer) const override;
 
 protected:
+    // ElementType_Pseudo when the child is a group whose elements stand among the owner's.
     XmlElementType m_childType;
+    // Makes the child object; may be null.
     ElementFactoryFn m_factory;
+    // The class number passed to m_factory.
     int m_classId;
 };
 
+// The descriptor of a child of an abstract type or of a type with derived types (chosen by
+// xsi:type), that may be absent, in an xs:all class.
 class ORVEXXML_API CElementInfoAllAbsClsOpt : public CElementInfoAll
 {
 public:
+    // name and namespaceUri name the child element; propertyIndex is its property. childType tells
+    // whether the child is a real element; factory makes the object for the element read, from its
+    // xsi:type.
     CElementInfoAllAbsClsOpt(const char* name, const char* namespaceUri, int propertyIndex, XmlElementType childType,
                              ElementFactoryFn factory)
         : CElementInfoAll(name, namespaceUri, propertyIndex), m_childType(childType), m_factory(factory)
@@ -111,13 +129,19 @@ public:
                                    CXmlWriter* writer) const override;
 
 protected:
+    // ElementType_Pseudo when the child is a group whose elements stand among the owner's.
     XmlElementType m_childType;
+    // Makes the child object; may be null.
     ElementFactoryFn m_factory;
 };
 
+// The descriptor of a child of an abstract type or of a type with derived types (chosen by
+// xsi:type), that repeats (its property holds a collection), in an xs:all class.
 class ORVEXXML_API CElementInfoAllAbsClsCol : public CElementInfoAllCol
 {
 public:
+    // name and namespaceUri name the child element; propertyIndex is its property. childType tells
+    // whether the item class is a real element.
     CElementInfoAllAbsClsCol(const char* name, const char* namespaceUri, int propertyIndex, XmlElementType childType)
         : CElementInfoAllCol(name, namespaceUri, propertyIndex), m_childType(childType)
     {
@@ -126,12 +150,18 @@ public:
                                    CXmlWriter* writer) const override;
 
 protected:
+    // ElementType_Pseudo when the child is a group whose elements stand among the owner's.
     XmlElementType m_childType;
 };
 
+// The descriptor of a child of a complex type, that stands exactly once, in an xs:all class.
 class ORVEXXML_API CElementInfoAllClsMnd : public CElementInfoAll
 {
 public:
+    // name and namespaceUri name the child element; propertyIndex is its property. childType tells
+    // whether the child is a real element; factory(classId, name) makes a new child object when one
+    // is read, unless the property already holds one. mustConsume: the child has to take at least
+    // one element.
     CElementInfoAllClsMnd(const char* name, const char* namespaceUri, int propertyIndex, XmlElementType childType,
                           ClassFactoryFn factory, int classId, bool mustConsume)
         : CElementInfoAll(name, namespaceUri, propertyIndex),
@@ -152,15 +182,23 @@ public:
                                    CXmlWriter* writer) const override;
 
 protected:
+    // ElementType_Pseudo when the child is a group whose elements stand among the owner's.
     XmlElementType m_childType;
+    // Makes the child object; may be null.
     ClassFactoryFn m_factory;
+    // The class number passed to m_factory.
     int m_classId;
+    // True when the child has to take at least one element.
     bool m_mustConsume;
 };
 
+// The descriptor of a child of a complex type, that may be absent, in an xs:all class.
 class ORVEXXML_API CElementInfoAllClsOpt : public CElementInfoAll
 {
 public:
+    // name and namespaceUri name the child element; propertyIndex is its property. childType tells
+    // whether the child is a real element; factory(classId, name) makes a new child object when one
+    // is read, unless the property already holds one.
     CElementInfoAllClsOpt(const char* name, const char* namespaceUri, int propertyIndex, XmlElementType childType,
                           ClassFactoryFn factory, int classId)
         : CElementInfoAll(name, namespaceUri, propertyIndex),
@@ -180,14 +218,21 @@ public:
                                    CXmlWriter* writer) const override;
 
 protected:
+    // ElementType_Pseudo when the child is a group whose elements stand among the owner's.
     XmlElementType m_childType;
+    // Makes the child object; may be null.
     ClassFactoryFn m_factory;
+    // The class number passed to m_factory.
     int m_classId;
 };
 
+// The descriptor of a child of a complex type, that repeats (its property holds a collection), in
+// an xs:all class.
 class ORVEXXML_API CElementInfoAllClsCol : public CElementInfoAllCol
 {
 public:
+    // name and namespaceUri name the child element; propertyIndex is its property. childType tells
+    // whether the item class is a real element.
     CElementInfoAllClsCol(const char* name, const char* namespaceUri, int propertyIndex, XmlElementType childType)
         : CElementInfoAllCol(name, namespaceUri, propertyIndex), m_childType(childType)
     {
@@ -196,12 +241,17 @@ public:
                                    CXmlWriter* writer) const override;
 
 protected:
+    // ElementType_Pseudo when the child is a group whose elements stand among the owner's.
     XmlElementType m_childType;
 };
 
+// The descriptor of a child of an enumerated simple type, read and written by the generated text
+// functions, that stands exactly once, in an xs:all class.
 class ORVEXXML_API CElementInfoAllEnumMnd : public CElementInfoAll
 {
 public:
+    // name and namespaceUri name the child element; propertyIndex is its property. toString and
+    // fromString are the generated text functions of the enumeration.
     CElementInfoAllEnumMnd(const char* name, const char* namespaceUri, int propertyIndex, EnumToStringFn toString,
                            EnumFromStringFn fromString)
         : CElementInfoAll(name, namespaceUri, propertyIndex), m_toString(toString), m_fromString(fromString)
@@ -216,13 +266,19 @@ public:
                   bool parentIsElement) const override;
 
 protected:
+    // The generated function that gives the text of a value.
     EnumToStringFn m_toString;
+    // The generated function that gives the value of a text.
     EnumFromStringFn m_fromString;
 };
 
+// The descriptor of a child of an enumerated simple type, read and written by the generated text
+// functions, that may be absent, in an xs:all class.
 class ORVEXXML_API CElementInfoAllEnumOpt : public CElementInfoAll
 {
 public:
+    // name and namespaceUri name the child element; propertyIndex is its property. toString and
+    // fromString are the generated text functions of the enumeration.
     CElementInfoAllEnumOpt(const char* name, const char* namespaceUri, int propertyIndex, EnumToStringFn toString,
                            EnumFromStringFn fromString)
         : CElementInfoAll(name, namespaceUri, propertyIndex), m_toString(toString), m_fromString(fromString)
@@ -237,22 +293,31 @@ public:
                   bool parentIsElement) const override;
 
 protected:
+    // The generated function that gives the text of a value.
     EnumToStringFn m_toString;
+    // The generated function that gives the value of a text.
     EnumFromStringFn m_fromString;
 };
 
+// The descriptor of a child of an enumerated simple type, read and written by the generated text
+// functions, that repeats (its property holds a collection), in an xs:all class.
 class ORVEXXML_API CElementInfoAllEnumCol : public CElementInfoAll
 {
 public:
+    // name and namespaceUri name the child element; propertyIndex is its property.
     CElementInfoAllEnumCol(const char* name, const char* namespaceUri, int propertyIndex)
         : CElementInfoAll(name, namespaceUri, propertyIndex)
     {
     }
 };
 
+// The descriptor of a child of a simple type, with its facets, that stands exactly once, in an
+// xs:all class.
 class ORVEXXML_API CElementInfoAllPrimMnd : public CElementInfoAll
 {
 public:
+    // name and namespaceUri name the child element; propertyIndex is its property. itemType, format
+    // and rule say how the text is converted; restrictions holds the facets.
     CElementInfoAllPrimMnd(const char* name, const char* namespaceUri, int propertyIndex, ItemType itemType,
                            const char* format, CWhitespaceUtils::WhitespaceRule rule,
                            const CPrimitiveRestrictions& restrictions)
@@ -268,9 +333,13 @@ public:
                   bool parentIsElement) const override;
 };
 
+// The descriptor of a child of a simple type, with its facets, that may be absent, in an xs:all
+// class.
 class ORVEXXML_API CElementInfoAllPrimOpt : public CElementInfoAll
 {
 public:
+    // name and namespaceUri name the child element; propertyIndex is its property. itemType, format
+    // and rule say how the text is converted; restrictions holds the facets.
     CElementInfoAllPrimOpt(const char* name, const char* namespaceUri, int propertyIndex, ItemType itemType,
                            const char* format, CWhitespaceUtils::WhitespaceRule rule,
                            const CPrimitiveRestrictions& restrictions)
@@ -286,18 +355,26 @@ public:
                   bool parentIsElement) const override;
 };
 
+// The descriptor of a child of a simple type, with its facets, that repeats (its property holds a
+// collection), in an xs:all class.
 class ORVEXXML_API CElementInfoAllPrimCol : public CElementInfoAllCol
 {
 public:
+    // name and namespaceUri name the child element; propertyIndex is its property.
     CElementInfoAllPrimCol(const char* name, const char* namespaceUri, int propertyIndex)
         : CElementInfoAllCol(name, namespaceUri, propertyIndex)
     {
     }
 };
 
+// The descriptor of a child matched by xs:any and held untyped, that stands exactly once, in an
+// xs:all class.
 class ORVEXXML_API CElementInfoAllUntpdMnd : public CElementInfoAll
 {
 public:
+    // name and namespaceUri name the child element; propertyIndex is its property.
+    // namespaceConstraint is the wildcard's namespace list and targetNamespace the schema's
+    // namespace.
     CElementInfoAllUntpdMnd(const char* name, const char* namespaceUri, int propertyIndex,
                             const char* namespaceConstraint, const char* targetNamespace)
         : CElementInfoAll(name, namespaceUri, propertyIndex),
@@ -313,13 +390,20 @@ public:
                   bool parentIsElement) const override;
 
 protected:
+    // The namespace list of the wildcard (`##any`, `##other`, URIs, ...).
     std::string m_namespaceConstraint;
+    // The namespace of the schema, for `##targetNamespace` and `##other`.
     std::string m_targetNamespace;
 };
 
+// The descriptor of a child matched by xs:any and held untyped, that may be absent, in an xs:all
+// class.
 class ORVEXXML_API CElementInfoAllUntpdOpt : public CElementInfoAll
 {
 public:
+    // name and namespaceUri name the child element; propertyIndex is its property.
+    // namespaceConstraint is the wildcard's namespace list and targetNamespace the schema's
+    // namespace.
     CElementInfoAllUntpdOpt(const char* name, const char* namespaceUri, int propertyIndex,
                             const char* namespaceConstraint, const char* targetNamespace)
         : CElementInfoAll(name, namespaceUri, propertyIndex),
@@ -335,13 +419,18 @@ public:
                   bool parentIsElement) const override;
 
 protected:
+    // The namespace list of the wildcard (`##any`, `##other`, URIs, ...).
     std::string m_namespaceConstraint;
+    // The namespace of the schema, for `##targetNamespace` and `##other`.
     std::string m_targetNamespace;
 };
 
+// The descriptor of a child matched by xs:any and held untyped, that repeats (its property holds a
+// collection), in an xs:all class.
 class ORVEXXML_API CElementInfoAllUntpdCol : public CElementInfoAllCol
 {
 public:
+    // name and namespaceUri name the child element; propertyIndex is its property.
     CElementInfoAllUntpdCol(const char* name, const char* namespaceUri, int propertyIndex)
         : CElementInfoAllCol(name, namespaceUri, propertyIndex)
     {

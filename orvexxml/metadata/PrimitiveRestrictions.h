@@ -21,17 +21,27 @@ public:
     // Null texts count as empty.
     CPrimitiveRestrictions(const char* pattern, int minLength, int maxLength, const char* minInclusive,
                            const char* maxInclusive, const char* minExclusive, const char* maxExclusive, int length);
+    // Copies every facet.
     CPrimitiveRestrictions(const CPrimitiveRestrictions& other) = default;
+    // The same as the copy.
     CPrimitiveRestrictions& operator=(const CPrimitiveRestrictions& other) = default;
     virtual ~CPrimitiveRestrictions();
 
+    // The pattern in XSD syntax; empty for none.
     const std::string& GetPattern() const { return m_pattern; }
+    // The least length; -1 for none.
     int GetMinLength() const { return m_minLength; }
+    // The greatest length; -1 for none.
     int GetMaxLength() const { return m_maxLength; }
+    // The inclusive lower bound; empty for none.
     const std::string& GetMinInclusive() const { return m_minInclusive; }
+    // The inclusive upper bound; empty for none.
     const std::string& GetMaxInclusive() const { return m_maxInclusive; }
+    // The exclusive lower bound; empty for none.
     const std::string& GetMinExclusive() const { return m_minExclusive; }
+    // The exclusive upper bound; empty for none.
     const std::string& GetMaxExclusive() const { return m_maxExclusive; }
+    // The exact length; -1 for none.
     int GetLength() const { return m_length; }
 
 private:

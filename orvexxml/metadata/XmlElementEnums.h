@@ -5,6 +5,7 @@
 
 namespace OrvexXmlLib5 {
 
+// The content model of a generated class.
 enum XmlElementGroupType : int
 {
     // The descriptors are tried in table order, once each.
@@ -15,6 +16,7 @@ enum XmlElementGroupType : int
     ElementGroup_All = 2
 };
 
+// How a class or a child stands in the document.
 enum XmlElementType : int
 {
     // A start tag with its attributes, and children inside it.

@@ -17,12 +17,18 @@ namespace OrvexXmlLib5 {
 // any document is read or written; there is no lock. A code page iconv does not
 // know converts as US-ASCII.
 ORVEXXML_API void SetLocalCharEncoding(unsigned int codePage);
+// The code page set by SetLocalCharEncoding; 3 (the platform default) until then.
 ORVEXXML_API unsigned int GetLocalCharEncoding();
 
+// The platform layer: the clock, calendar conversions and character encodings that
+// the library is built on, usable on their own.
 namespace Platform {
 
+// The platform default code page, UTF-8 here.
 constexpr unsigned int CodePageDefault = 0;
+// The default code page of the calling thread; UTF-8 here as well.
 constexpr unsigned int CodePageThreadDefault = 3;
+// UTF-8.
 constexpr unsigned int CodePageUtf8 = 65001;
 
 // True when the local character encoding is UTF-8 (0, 3 or 65001).
@@ -38,14 +44,17 @@ ORVEXXML_API std::string Utf16ToUtf8(const char16_t* text, std::size_t length);
 
 // Parser text (UTF-8) to library text.
 ORVEXXML_API std::string Utf8ToLocal(const char* text, std::size_t length);
+// The same for a std::string.
 inline std::string Utf8ToLocal(const std::string& text) { return Utf8ToLocal(text.data(), text.size()); }
 // Wide text (UTF-16) to library text.
 ORVEXXML_API std::string Utf16ToLocal(const char16_t* text, std::size_t length);
 // Library text to wide text (UTF-16).
 ORVEXXML_API std::u16string LocalToUtf16(const char* text, std::size_t length);
+// The same for a std::string.
 inline std::u16string LocalToUtf16(const std::string& text) { return LocalToUtf16(text.data(), text.size()); }
 // Library text to UTF-8, through UTF-16 as the Windows conversions do.
 ORVEXXML_API std::string LocalToUtf8(const char* text, std::size_t length);
+// The same for a std::string.
 inline std::string LocalToUtf8(const std::string& text) { return LocalToUtf8(text.data(), text.size()); }
 
 // Length in units of a zero-terminated UTF-16 string.

@@ -11,6 +11,8 @@
 
 namespace OrvexXmlLib5 {
 
+// The value of xs:decimal: a whole part and a fraction, both exact, of any length.
+// Products, quotients and parsed values keep at most GetMaxDecimalPlaces places.
 class ORVEXXML_API CDecimal
 {
 public:
@@ -23,12 +25,19 @@ public:
 
     // Zero.
     CDecimal();
+    // The value of an int.
     CDecimal(int value);
+    // The value of a long.
     CDecimal(long value);
+    // The value of a long long.
     CDecimal(long long value);
+    // The value of an unsigned int.
     CDecimal(unsigned int value);
+    // The value of an unsigned long.
     CDecimal(unsigned long value);
+    // The value of an unsigned long long.
     CDecimal(unsigned long long value);
+    // The value of a whole number.
     CDecimal(const CBigInteger& value);
     // Thirteen places of the double, then rationalised. Fails with
     // COrvexInvalidValueException for an infinity or NaN, as their text does.
@@ -37,9 +46,13 @@ public:
     // character; a null text fails at position 0. The message quotes the text, cut
     // after 256 bytes with "..." (see detail/QuotedValue.h).
     CDecimal(const char* text);
+    // Copies the value.
     CDecimal(const CDecimal& other) = default;
+    // Takes the value of other.
     CDecimal(CDecimal&& other) noexcept = default;
+    // Copies the value.
     CDecimal& operator=(const CDecimal& other) = default;
+    // Takes the value of other.
     CDecimal& operator=(CDecimal&& other) noexcept = default;
     ~CDecimal() = default;
 
@@ -50,40 +63,61 @@ public:
     std::string ToString(int places) const;
     // Fail with COrvexOverFlowException beyond the range of the target type.
     double ToDouble() const;
+    // Rounded to a whole number as ToBigInteger rounds.
     std::int64_t ToLongLong() const;
+    // Rounded to a whole number as ToBigInteger rounds.
     std::int32_t ToLong() const;
     // Rounds a half towards zero; no limit.
     CBigInteger ToBigInteger() const;
 
+    // Flips the sign.
     void Negate();
+    // The value with the sign flipped.
     CDecimal GetNegative() const;
 
+    // The exact sum.
     CDecimal operator+(const CDecimal& other) const;
+    // The exact difference.
     CDecimal operator-(const CDecimal& other) const;
+    // The product, rounded to GetMaxDecimalPlaces places.
     CDecimal operator*(const CDecimal& other) const;
     // Fails with COrvexInvalidValueException for a zero divisor.
     CDecimal operator/(const CDecimal& other) const;
+    // Adds other in place.
     CDecimal& operator+=(const CDecimal& other);
+    // Subtracts other in place.
     CDecimal& operator-=(const CDecimal& other);
+    // Multiplies by other in place, as operator* does.
     CDecimal& operator*=(const CDecimal& other);
+    // Divides by other in place, as operator/ does.
     CDecimal& operator/=(const CDecimal& other);
+    // Adds one in place.
     CDecimal& operator++();
+    // Subtracts one in place.
     CDecimal& operator--();
     // The postfix forms give the value plus or minus one and leave the object as it was.
     CDecimal operator++(int) const;
+    // The value minus one; the object stays as it was.
     CDecimal operator--(int) const;
 
+    // True for the same value; trailing zeros of the fraction do not count.
     bool operator==(const CDecimal& other) const;
+    // The negation of operator==.
     bool operator!=(const CDecimal& other) const { return !(*this == other); }
+    // The numeric order.
     bool operator<(const CDecimal& other) const;
+    // The numeric order.
     bool operator>(const CDecimal& other) const;
+    // The numeric order.
     bool operator<=(const CDecimal& other) const;
+    // The numeric order.
     bool operator>=(const CDecimal& other) const;
 
     // Products, quotients and parsed values are rounded to this many places.
     // Meant to be set at start-up; SetMaxDecimalPlaces fails with
     // COrvexInvalidParamException outside 0 to MAX_DECIMAL_PLACES.
     static int GetMaxDecimalPlaces() { return m_maxDivider; }
+    // Sets GetMaxDecimalPlaces; see above.
     static void SetMaxDecimalPlaces(int places);
 
 private:

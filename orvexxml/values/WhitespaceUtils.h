@@ -8,6 +8,7 @@
 
 namespace OrvexXmlLib5 {
 
+// The three xs:whiteSpace rules over text in bytes.
 class ORVEXXML_API CWhitespaceUtils
 {
 public:
@@ -31,6 +32,7 @@ public:
     static std::string Replace(const std::string& text);
     // Runs of whitespace become one space; leading and trailing ones go.
     static std::string Collapse(const std::string& text);
+    // True for space, tab, carriage return and line feed.
     static bool IsWhiteSpace(char c) { return c == ' ' || c == '\t' || c == '\r' || c == '\n'; }
 };
 

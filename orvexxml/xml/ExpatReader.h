@@ -17,6 +17,8 @@ namespace OrvexXmlLib5 {
 
 class CXmlDocument;
 
+// Reads XML text into a CXmlDocument with the Expat parser. CXmlDocument runs it;
+// user code has no need to.
 class ORVEXXML_API CExpatReader : public CInstanceMonitor
 {
 public:

@@ -9,11 +9,15 @@
 
 namespace OrvexXmlLib5 {
 
+// A map from namespace URI to prefix; Add keeps each prefix to one URI. The root
+// element of every document written with the map declares each entry with a prefix.
 class ORVEXXML_API CNamespaceAliasMap
 {
 public:
     CNamespaceAliasMap() = default;
+    // Copies every entry.
     CNamespaceAliasMap(const CNamespaceAliasMap& other) = default;
+    // Replaces every entry by those of other.
     CNamespaceAliasMap& operator=(const CNamespaceAliasMap& other) = default;
     ~CNamespaceAliasMap() = default;
 
@@ -22,7 +26,9 @@ public:
     void Add(const char* alias, const char* namespaceUri);
     // An unknown URI changes nothing.
     void RemoveNamespace(const char* namespaceUri);
+    // True when namespaceUri has an entry (one with an empty alias included).
     bool DoesNamespaceExist(const char* namespaceUri) const;
+    // True when some URI holds alias.
     bool DoesAliasExist(const char* alias) const;
     // An unknown URI gives an empty alias and leaves an entry with that empty alias
     // behind, so the count grows by one.
@@ -30,6 +36,7 @@ public:
     // The first URI in URI order that holds the alias; an unknown alias fails with
     // COrvexException "Namespace alias [%s] not found".
     std::string GetNamespaceFromAlias(const char* alias) const;
+    // Number of entries.
     int GetNamespaceCount() const { return static_cast<int>(m_aliases.size()); }
     // The URI at index in URI order; 0 or below gives the first. The caller stays
     // below GetNamespaceCount(); beyond it an empty string comes back.

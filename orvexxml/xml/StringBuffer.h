@@ -14,6 +14,8 @@
 
 namespace OrvexXmlLib5 {
 
+// A text buffer that only grows at its end, kept in chunks of a fixed size so that
+// nothing written moves; the text writer builds its output in one.
 class ORVEXXML_API CStringBuffer : public CInstanceMonitor
 {
 public:
@@ -43,6 +45,7 @@ public:
             AppendSpanning(text, length);
         }
     }
+    // Appends one byte.
     void AppendChar(char value)
     {
         if (m_used == m_lastCapacity) NewChunk();

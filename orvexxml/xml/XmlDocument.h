@@ -33,7 +33,9 @@ public:
     CXmlAttribute(const CXmlAttribute&) = delete;
     CXmlAttribute& operator=(const CXmlAttribute&) = delete;
 
+    // The name without a prefix (with it, when read without namespace processing).
     const std::string& GetLocalName() const { return *m_localName; }
+    // The value, with entities and character references resolved.
     const std::string& GetValue() const { return m_value; }
     // Empty when the attribute is in no namespace.
     const std::string& GetNamespaceURI() const { return *m_namespaceUri; }
@@ -42,7 +44,7 @@ public:
     bool IsNamespaceAttribute() const;
 
 protected:
-    // The names are the document's shared copies.
+    // Made by the element that owns the attribute; the names are the document's shared copies.
     CXmlAttribute(const std::string* localName, std::string_view value, const std::string* namespaceUri);
     virtual ~CXmlAttribute();
 
@@ -64,6 +66,7 @@ public:
     CXmlElement(const CXmlElement&) = delete;
     CXmlElement& operator=(const CXmlElement&) = delete;
 
+    // The document that owns the element.
     const CXmlDocument* GetDocument() const { return m_document; }
     // Null when the element has no child element.
     CXmlElement* GetFirstElement() const { return m_firstChild; }
@@ -71,8 +74,12 @@ public:
     CXmlElement* GetNextSiblingElement() const { return m_nextSibling; }
     // Empty when the element is in no namespace.
     const std::string& GetNamespaceURI() const { return *m_namespaceUri; }
+    // The name without a prefix (with it, when read without namespace processing).
     const std::string& GetLocalName() const { return *m_localName; }
+    // The element's own character data; empty when it has none.
     const std::string& GetText() const { return m_text; }
+    // Every attribute in document order; the xmlns declarations are among them only
+    // when the document is read without namespace processing.
     const std::vector<CXmlAttribute*>& GetAttributes() const { return m_attributes; }
     // Value of the first attribute with this local name and namespace URI; an empty
     // string when there is none, which can't be told apart from an empty value.
@@ -81,10 +88,13 @@ public:
     CSourceLocation GetLocation() const;
 
 protected:
+    // Made by document, which owns it.
     explicit CXmlElement(CXmlDocument* document);
     virtual ~CXmlElement();
 
+    // Replaces the local name.
     void SetElementName(const std::string& localName);
+    // Replaces the namespace URI.
     void SetNamespace(const std::string& namespaceUri);
     // Appends up to the terminator.
     void AppendText(const char* text);
@@ -92,6 +102,7 @@ protected:
     void AppendText(const char* text, int length);
     // Creates an empty element at the end of this element's children.
     CXmlElement* CreateNewChildElement();
+    // Appends an attribute and gives it; the element owns it.
     CXmlAttribute* AddAttribute(const std::string& localName, const std::string& value,
                                 const std::string& namespaceUri);
 
@@ -128,6 +139,7 @@ public:
     // entities together, unless the document allows more.
     static constexpr int MaxEntityDeclarations = 64;
 
+    // An empty document that reads names by schemaType and the default reading options.
     explicit CXmlDocument(SchemaType schemaType = SchemaType_Namespaced);
     // Takes the schema type and the reading options of the context.
     explicit CXmlDocument(const CXmlSerializationContext& context);
@@ -158,6 +170,7 @@ public:
     // Largest number of bytes a compressed input may inflate to (0: no limit);
     // CXmlSerializationContext::DefaultMaxInflatedSize until set.
     void SetMaxInflatedSize(std::uint64_t value) { m_maxInflatedSize = value; }
+    // The limit set by SetMaxInflatedSize.
     std::uint64_t GetMaxInflatedSize() const { return m_maxInflatedSize; }
 
     // Null before a successful load.
@@ -167,12 +180,16 @@ public:
     std::string LookupNamespaceFromAlias(const char* prefix) const;
     // Every prefix declared in the document with the URI that LookupNamespaceFromAlias gives.
     const std::map<std::string, std::string>& GetPrefixTable() const { return m_prefixTable; }
+    // How names are read: with or without namespace processing.
     SchemaType GetSchemaType() const { return m_schemaType; }
 
     // Reading options, as on CXmlSerializationContext; both are off by default.
     bool GetAllowTruncatedDocuments() const { return m_allowTruncatedDocuments; }
+    // Sets GetAllowTruncatedDocuments.
     void SetAllowTruncatedDocuments(bool value) { m_allowTruncatedDocuments = value; }
+    // True when a document type declaration may declare more than MaxEntityDeclarations entities.
     bool GetAllowManyEntityDeclarations() const { return m_allowManyEntityDeclarations; }
+    // Sets GetAllowManyEntityDeclarations.
     void SetAllowManyEntityDeclarations(bool value) { m_allowManyEntityDeclarations = value; }
 
 protected:

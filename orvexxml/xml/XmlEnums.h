@@ -3,6 +3,7 @@
 
 namespace OrvexXmlLib5 {
 
+// The encoding of written XML text, and what its declaration names.
 enum XmlEncoding
 {
     Encoding_Unspecified = 0,
@@ -11,6 +12,7 @@ enum XmlEncoding
     Encoding_UTF16_NoDeclaration = 3
 };
 
+// The line end written for each line break.
 enum EOLType
 {
     EOL_CRLF = 0,

@@ -24,13 +24,16 @@ public:
 
     // Line breaks and indentation for elements; true after construction.
     void SetFormatted(bool value) { m_formatted = value; }
+    // True when elements are written with line breaks and indentation.
     bool GetFormatted() const { return m_formatted; }
     // Anything but EOL_CRLF or EOL_LF fails with "Invalid EOL type." and changes nothing.
     void SetEOLType(EOLType value);
+    // The line end written; EOL_LF after construction.
     EOLType GetEOLType() const { return m_eolType; }
     // Clears the buffer and writes the XML declaration and one line end. Only
     // Encoding_UTF8 and Encoding_UTF16 name an encoding in it.
     void WriteStartDocument(XmlEncoding encoding);
+    // The encoding given to WriteStartDocument; Encoding_Unspecified before.
     XmlEncoding GetEncoding() const { return m_encoding; }
     // All text written so far, in the local character encoding.
     std::string GetString();
@@ -43,9 +46,12 @@ public:
     // Comments and processing instructions close a start tag that is open, so that
     // they never land among its attributes.
     void WriteComment(const std::string& text) override;
+    // Writes text as it is, then two line ends.
     void WriteProcessingInstruction(const std::string& text) override;
     // Written among the root's attributes: one blank, a line end, the text, a line end.
     void WriteInlineSchema(const std::string& text) override;
+    // The start tag is left open for attributes; the declarations of the element's
+    // namespaces and the ones pending from AddNamespace go into it.
     void WriteStartElement(const std::string& localName, const std::string& namespaceUri) override;
     // Empty text writes nothing and leaves the start tag open.
     void WriteText(const std::string& text) override;

@@ -13,6 +13,9 @@
 
 namespace OrvexXmlLib5 {
 
+// The base of the XML text writer and the Fast Infoset writer: the stack of open
+// elements, the namespace scopes with their prefixes, and the write operations
+// that each concrete writer turns into its own output.
 class ORVEXXML_API CXmlWriter : public CInstanceMonitor
 {
 public:
@@ -41,26 +44,36 @@ public:
         const std::string& GetDefaultNamespace() const;
         // The map of the nearest context with its own scope.
         NamespaceMap& GetNamespaceMap();
+        // The const form of GetNamespaceMap.
         const NamespaceMap& GetNamespaceMap() const;
         // The prefix of namespaceUri; a missing entry is created empty, so look
         // it up in GetNamespaceMap() first when it may be missing.
         std::string& GetPrefix(const std::string& namespaceUri);
         // Both make this element's scope private before changing it.
         void AddNamespace(const std::string& namespaceUri, const std::string& prefix);
+        // Sets the default namespace of this element and its descendants.
         void SetDefaultNamespace(const std::string& namespaceUri);
 
         // Gives up ownership of the parent and gives it back.
         CXmlWriterContext* DetachParent();
+        // True while this element shares its parent's namespace scope.
         bool InheritsScope() const { return m_inheritsScope; }
         // Makes a closed child context, detached from its parent, a fresh child of parent.
         void Reuse(const std::string& localName, const std::string& namespaceUri, CXmlWriterContext* parent);
 
+        // Child elements started inside this one so far.
         std::int32_t m_childCount;
+        // True while the start tag can still take attributes.
         bool m_startTagOpen;
+        // Nesting depth; 0 for the root.
         std::int32_t m_depth;
+        // The element's namespace URI.
         std::string m_namespaceUri;
+        // The element's local name.
         std::string m_localName;
+        // The enclosing element; null for the root. Owned by this context.
         CXmlWriterContext* m_parent;
+        // True once an attribute has been written into the start tag.
         bool m_hasAttributes;
 
     private:
@@ -73,6 +86,7 @@ public:
         bool m_ownsMap;
     };
 
+    // className names the concrete writer.
     explicit CXmlWriter(const char* className);
     // Deletes every open context.
     virtual ~CXmlWriter();
@@ -89,11 +103,19 @@ public:
     virtual void AddNamespace(const std::string& alias, const std::string& namespaceUri);
     // Fails with "An Element has not been closed." while an element is open.
     virtual void WriteEndDocument();
+    // Writes a comment with text; a writer whose output has no comments writes nothing.
     virtual void WriteComment(const std::string& text) = 0;
+    // Writes text, a whole processing instruction, as it is; a writer that has no text
+    // form only closes an open start tag.
     virtual void WriteProcessingInstruction(const std::string& text) = 0;
+    // Writes text into the root start tag as it is; a writer that has no text form
+    // writes nothing.
     virtual void WriteInlineSchema(const std::string& text) = 0;
+    // Opens an element, inside the current one or as the root; it becomes the current one.
     virtual void WriteStartElement(const std::string& localName, const std::string& namespaceUri) = 0;
+    // Writes character data into the current element, escaped as the output needs.
     virtual void WriteText(const std::string& text) = 0;
+    // Closes the current element; its parent becomes current.
     virtual void WriteEndElement() = 0;
     // Fails with "Attributes must be added before elements" once the start tag is closed.
     virtual void WriteAttribute(const std::string& localName, const std::string& namespaceUri,
@@ -108,7 +130,9 @@ public:
     // writers use it as it is and never declare it, since binding that namespace to
     // any other prefix makes a document no namespace-aware parser accepts.
     static constexpr char XmlNamespace[] = "http://www.w3.org/XML/1998/namespace";
+    // The prefix that XmlNamespace always has.
     static constexpr char XmlPrefix[] = "xml";
+    // True for XmlNamespace.
     static bool IsXmlNamespace(const std::string& namespaceUri)
     {
         return namespaceUri.size() == sizeof XmlNamespace - 1 && namespaceUri == XmlNamespace;
@@ -135,13 +159,18 @@ protected:
     bool TakePendingDeclarations(CXmlWriterContext* context, bool& hasDefault, std::string& defaultNamespace,
                                  NamespaceMap& namespaces);
 
+    // The default namespace declared on the root element.
     std::string m_defaultNamespace;
+    // The open element being written; null before the root and after it ends.
     CXmlWriterContext* m_currentContext;
+    // The namespaces declared on the root element, URI to prefix.
     NamespaceMap m_namespaces;
     // Declarations asked for while an element was open. An element's start tag may
     // already be written, so they wait for the next element started.
     NamespaceMap m_pendingNamespaces;
+    // The default namespace asked for while an element was open.
     std::string m_pendingDefaultNamespace;
+    // True when m_pendingDefaultNamespace holds a declaration.
     bool m_hasPendingDefault = false;
     // Closed child contexts, kept so that an element costs no allocation.
     std::vector<CXmlWriterContext*> m_spareContexts;

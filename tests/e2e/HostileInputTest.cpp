@@ -1,11 +1,15 @@
 // Hostile and damaged documents through the generated classes: a purchase order cut
-// after its first item, entity declarations that would make the parser recurse, and
-// caller options at the edge of what the writer takes.
+// after its first item, entity declarations that would make the parser recurse,
+// elements nested past the depth limit, and caller options at the edge of what the
+// writer takes.
 #include <gtest/gtest.h>
 
 #include <string>
+#include <vector>
 
 #include "TestUtil.h"
+#include "orvexxml/collections/Element.h"
+#include "orvexxml/xml/XmlDocument.h"
 #include "examples/ExamplePaths.h"
 #include "examples/binding/Order.h"
 #include "examples/echo/EchoNode.h"
@@ -101,4 +105,64 @@ TEST(HostileInput, NamespaceUrisNeedingEscapesAndTheXmlNamespaceWriteAndReadBack
     CEchoNode echoAgain;
     echoAgain.FromXml(echoed.c_str());
     EXPECT_EQ(echoAgain.ToXml(false, false, EOL_LF), echoed);
+}
+
+namespace {
+std::string Nested(int depth)
+{
+    std::string text;
+    for (int i = 0; i < depth; ++i) text += "<a>";
+    for (int i = 0; i < depth; ++i) text += "</a>";
+    return text;
+}
+// As an untyped element writes it: the innermost element is empty.
+std::string Written(int depth)
+{
+    std::string text;
+    for (int i = 1; i < depth; ++i) text += "<a>";
+    text += "<a/>";
+    for (int i = 1; i < depth; ++i) text += "</a>";
+    return text;
+}
+}  // namespace
+
+TEST(HostileInput, UntypedElementsNestedPastTheDepthLimitFailInsteadOfOverflowingTheStack)
+{
+    const std::string refusal = "Elements are nested deeper than 1000 levels";
+    // At the limit an untyped element reads, writes, copies and frees the whole depth.
+    CElement atLimit("a");
+    atLimit.FromXml(Nested(1000).c_str());
+    EXPECT_EQ(atLimit.ToXml(false, false, EOL_LF), Written(1000));
+    const CElement fromObject(&atLimit);
+    EXPECT_EQ(fromObject.ToXml(false, false, EOL_LF), Written(1000));
+
+    // Hundreds of thousands of levels fail as the first level past the limit does,
+    // from text and from the binary form.
+    CXmlSerializationContext context;
+    for (int depth : {1001, 300000}) {
+        CElement tooDeep("a");
+        EXPECT_THROW_MSG(tooDeep.FromXml(Nested(depth).c_str()), COrvexException, refusal) << depth;
+        // The tree alone holds any depth: only the recursive walks are capped.
+        CXmlDocument document(context);
+        document.LoadXml(Nested(depth).c_str());
+        CXmlObjectBase& asBase = tooDeep;
+        const std::string wrapped = "<w>" + Nested(depth) + "</w>";
+        CBinaryData bytes(reinterpret_cast<unsigned char*>(const_cast<char*>(wrapped.data())),
+                          static_cast<unsigned long>(wrapped.size()), false);
+        EXPECT_THROW_MSG(asBase.FromXmlStream(bytes, context), COrvexException, refusal) << depth;
+    }
+
+    // A tree built in code past the limit fails to write rather than recursing on.
+    CElement top("a");
+    CElement* last = &top;
+    std::vector<CSmartPtr<CElement>> chain;
+    for (int i = 1; i < 1001; ++i) {
+        chain.push_back(new CElement("a"));
+        last->GetChildElements()->Add(chain.back().Get());
+        last = chain.back().Get();
+    }
+    EXPECT_THROW_MSG(top.ToXml(false, false, EOL_LF), COrvexException, refusal);
+    EXPECT_THROW_MSG(top.ToFastInfosetStream(), COrvexException, refusal);
+    chain[997]->GetChildElements()->Clear();
+    EXPECT_EQ(top.ToXml(false, false, EOL_LF), Written(999));
 }

@@ -4,58 +4,17 @@
 #include "examples/ExamplePaths.h"
 #include "examples/purchase-order/PurchaseOrderTools.h"
 #include "examples/library/Library.h"
+#include "tools/common/TreeDump.h"
 
 #include <fstream>
 #include <iomanip>
 #include <iostream>
 #include <sstream>
 #include <string>
-#include <utility>
-#include <vector>
 
 namespace {
 
 using namespace OrvexXmlLib5;
-
-// Text with its leading and trailing blanks removed, inner line breaks shown as \n.
-std::string Shown(const std::string& text)
-{
-    const char* blanks = " \t\n";
-    const std::size_t first = text.find_first_not_of(blanks);
-    if (first == std::string::npos) return std::string();
-    const std::size_t last = text.find_last_not_of(blanks);
-    std::string shown;
-    for (char c : text.substr(first, last - first + 1)) shown += c == '\n' ? std::string("\\n") : std::string(1, c);
-    return shown;
-}
-
-std::string Qualified(const std::string& namespaceUri, const std::string& localName)
-{
-    return namespaceUri.empty() ? localName : "{" + namespaceUri + "}" + localName;
-}
-
-// Depth-first with an explicit stack, so that any depth of nesting prints.
-void PrintTree(const CXmlElement* root, std::ostream& out)
-{
-    std::vector<std::pair<const CXmlElement*, std::size_t>> pending{{root, 0}};
-    while (!pending.empty()) {
-        auto [element, depth] = pending.back();
-        pending.pop_back();
-        const std::string indent(2 * depth, ' ');
-        out << indent << Qualified(element->GetNamespaceURI(), element->GetLocalName()) << "\n";
-        for (const CXmlAttribute* attribute : element->GetAttributes())
-            out << indent << "  @" << Qualified(attribute->GetNamespaceURI(), attribute->GetLocalName()) << " = \""
-                << attribute->GetValue() << "\"" << (attribute->IsNamespaceAttribute() ? "  (schema attribute)" : "")
-                << "\n";
-        const std::string text = Shown(element->GetText());
-        if (!text.empty()) out << indent << "  text: \"" << text << "\"\n";
-        // Children go on the stack last first, so they print in document order.
-        std::vector<const CXmlElement*> children;
-        for (const CXmlElement* child = element->GetFirstElement(); child; child = child->GetNextSiblingElement())
-            children.push_back(child);
-        for (auto it = children.rbegin(); it != children.rend(); ++it) pending.emplace_back(*it, depth + 1);
-    }
-}
 
 bool ReadFile(const std::string& path, std::string& bytes)
 {
@@ -78,10 +37,9 @@ int ShowTree(const std::string& path)
     CXmlDocument document;
     document.LoadXml(bytes.c_str());
     std::cout << "Document: " << path << "\n\nPrefixes:\n";
-    for (const auto& [prefix, uri] : document.GetPrefixTable())
-        std::cout << "  " << (prefix.empty() ? "(default)" : prefix) << " = " << (uri.empty() ? "(none)" : uri) << "\n";
+    OrvexTools::PrintPrefixes(document, std::cout);
     std::cout << "\nTree ({namespace}name, @attribute, text):\n";
-    PrintTree(document.GetDocumentElement(), std::cout);
+    OrvexTools::PrintTree(document.GetDocumentElement(), std::cout);
     return 0;
 }
 

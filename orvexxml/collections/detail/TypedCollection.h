@@ -29,6 +29,11 @@
     class ORVEXXML_API Class : public __VA_ARGS__, public CInstanceMonitor      \
     {                                                                           \
     public:                                                                     \
+        /** The arguments, in the order generated code passes them: the item   \
+            element's name and namespace, minOccurs and maxOccurs (-1: unbounded), \
+            the facets pattern, minLength, maxLength, minInclusive, maxInclusive, \
+            minExclusive, maxExclusive and length, the whitespace rule and the  \
+            number format. */                                                   \
         Class(ORVEXXML_TYPED_COL_PARAMETERS)                                    \
             : __VA_ARGS__(ORVEXXML_TYPED_COL_ARGUMENTS), CInstanceMonitor(#Class) \
         {                                                                       \
