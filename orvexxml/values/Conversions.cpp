@@ -70,6 +70,21 @@ std::string IntegerText(T value)
     return std::string(buffer, result.ptr);
 }
 
+// Widths and precisions beyond this are refused: the run-time library would build a
+// text of gigabytes for "%.999999999f", and no number format needs more.
+constexpr int kMaxFormatField = 1000;
+
+// Skips a width or precision, false when it is beyond kMaxFormatField.
+bool SkipField(const char*& p)
+{
+    int value = 0;
+    for (; IsDigit(*p); ++p) {
+        value = value * 10 + (*p - '0');
+        if (value > kMaxFormatField) return false;
+    }
+    return true;
+}
+
 // Accepts a printf format that consumes exactly one double and nothing else.
 bool IsFloatingFormat(const char* format)
 {
@@ -79,10 +94,10 @@ bool IsFloatingFormat(const char* format)
         ++p;
         if (*p == '%') continue;
         while (*p == '-' || *p == '+' || *p == ' ' || *p == '#' || *p == '0') ++p;
-        while (IsDigit(*p)) ++p;
+        if (!SkipField(p)) return false;
         if (*p == '.') {
             ++p;
-            while (IsDigit(*p)) ++p;
+            if (!SkipField(p)) return false;
         }
         if (*p == 'l') ++p;
         if (*p == '\0' || std::strchr("fFeEgGaA", *p) == nullptr) return false;

@@ -234,11 +234,14 @@ TEST(ConversionsToString, FormsOfEachType)
 
 TEST(ConversionsToString, FloatingFormatMustTakeOneDouble)
 {
-    const char* bad[] = {"%s", "%d", "%f %f", "no conversion", "%*f", "%Lf", "%"};
+    const char* bad[] = {"%s",   "%d",     "%f %f",  "no conversion",   "%*f",
+                         "%Lf",  "%",      "%1001f", "%.99999999999f", "%2147483648.1f"};
     for (const char* format : bad)
         EXPECT_THROW_MSG(CConversions::r8ToString(1.0, format), COrvexInvalidParamException,
                          std::string("Invalid format [") + format + "] for a floating-point value");
     EXPECT_EQ(CConversions::r8ToString(2.0, "%% %+08.3e"), "% +2.000e+00");
+    // A thousand is the widest field taken.
+    EXPECT_EQ(CConversions::r8ToString(0.5, "%1000.1000f").size(), 1002u);
 }
 
 TEST(ConversionsRoundTrip, IntegersAndDoubles)
