@@ -72,7 +72,6 @@ const char* const ConvertHelp =
     "document type declaration are not, and an element keeps its text as one\n"
     "string, written after its child elements. Elements nested more than 1000\n"
     "levels deep fail as bad input. Binary output is not written to a terminal.\n"
-    "Compression fails on a document so small that it would grow.\n"
     "\n"
     "Exit status: 0 done, 1 bad input or failed read or write, 2 usage error.\n";
 
