@@ -206,6 +206,38 @@ CachedParse<Parse, Cache> Cached(const CPrimitiveRestrictions& r, std::shared_pt
 
 CPrimitiveRestrictions::CPrimitiveRestrictions() : m_minLength(-1), m_maxLength(-1), m_length(-1) {}
 
+// The cache is taken atomically: a check in another thread may be publishing it.
+CPrimitiveRestrictions::CPrimitiveRestrictions(const CPrimitiveRestrictions& other)
+    : m_boundCache(std::atomic_load(&other.m_boundCache)),
+      m_pattern(other.m_pattern),
+      m_minLength(other.m_minLength),
+      m_maxLength(other.m_maxLength),
+      m_minInclusive(other.m_minInclusive),
+      m_maxInclusive(other.m_maxInclusive),
+      m_minExclusive(other.m_minExclusive),
+      m_maxExclusive(other.m_maxExclusive),
+      m_length(other.m_length)
+{
+}
+
+CPrimitiveRestrictions& CPrimitiveRestrictions::operator=(const CPrimitiveRestrictions& other)
+{
+    if (this == &other) return *this;
+    std::shared_ptr<BoundCache> cache = std::atomic_load(&other.m_boundCache);
+    // No cache while the texts change, so that a copy cut short parses what it has.
+    std::atomic_store(&m_boundCache, std::shared_ptr<BoundCache>());
+    m_pattern = other.m_pattern;
+    m_minLength = other.m_minLength;
+    m_maxLength = other.m_maxLength;
+    m_minInclusive = other.m_minInclusive;
+    m_maxInclusive = other.m_maxInclusive;
+    m_minExclusive = other.m_minExclusive;
+    m_maxExclusive = other.m_maxExclusive;
+    m_length = other.m_length;
+    std::atomic_store(&m_boundCache, std::move(cache));
+    return *this;
+}
+
 CPrimitiveRestrictions::CPrimitiveRestrictions(const char* pattern, int minLength, int maxLength,
                                                const char* minInclusive, const char* maxInclusive,
                                                const char* minExclusive, const char* maxExclusive, int length)

@@ -21,10 +21,10 @@ public:
     // Null texts count as empty.
     CPrimitiveRestrictions(const char* pattern, int minLength, int maxLength, const char* minInclusive,
                            const char* maxInclusive, const char* minExclusive, const char* maxExclusive, int length);
-    // Copies every facet.
-    CPrimitiveRestrictions(const CPrimitiveRestrictions& other) = default;
+    // Copies every facet. Safe while other threads check other.
+    CPrimitiveRestrictions(const CPrimitiveRestrictions& other);
     // The same as the copy.
-    CPrimitiveRestrictions& operator=(const CPrimitiveRestrictions& other) = default;
+    CPrimitiveRestrictions& operator=(const CPrimitiveRestrictions& other);
     virtual ~CPrimitiveRestrictions();
 
     // The pattern in XSD syntax; empty for none.

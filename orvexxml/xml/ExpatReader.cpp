@@ -1,5 +1,6 @@
 #include "orvexxml/xml/ExpatReader.h"
 
+#include <climits>
 #include <cstring>
 #include <new>
 
@@ -160,12 +161,22 @@ void CExpatReader::Parse()
     // The parser copies what it is given into a buffer of its own, so the input goes
     // in pieces of a few MiB: a whole document at once would double the memory it
     // takes, and one beyond about 1 GiB would not fit the parser's buffer at all.
+    // A token the parser could not finish is scanned again from its start with each
+    // later piece, so while one is pending the next piece is at least as long as what
+    // the parser holds: a token of many pieces then costs a few passes, not one per piece.
     const char* data = reinterpret_cast<const char*>(m_document->GetInput());
     std::size_t left = m_document->GetInputLength();
+    std::size_t fed = 0;
     XML_Status status;
     do {
-        const int piece = left > kPieceSize ? static_cast<int>(kPieceSize) : static_cast<int>(left);
+        const XML_Index done = XML_GetCurrentByteIndex(m_parser);
+        const std::size_t pending =
+            done > 0 && static_cast<std::size_t>(done) <= fed ? fed - static_cast<std::size_t>(done) : fed;
+        std::size_t size = pending > kPieceSize ? pending : kPieceSize;
+        if (size > static_cast<std::size_t>(INT_MAX)) size = static_cast<std::size_t>(INT_MAX);
+        const int piece = left > size ? static_cast<int>(size) : static_cast<int>(left);
         status = XML_Parse(m_parser, data, piece, 0);
+        fed += static_cast<std::size_t>(piece);
         data += piece;
         left -= static_cast<std::size_t>(piece);
     } while (status == XML_STATUS_OK && left > 0);

@@ -11,6 +11,8 @@
 
 #include "examples/binding/Order.h"
 #include "orvexxml/collections/Attribute.h"
+#include "orvexxml/frame/OrvexException.h"
+#include "orvexxml/metadata/PrimitiveRestrictions.h"
 
 using namespace OrvexXmlLib5;
 using namespace OrvexExamples;
@@ -65,4 +67,37 @@ TEST(Threads, SharedContextsAndMetadataReadAndWriteFromManyThreads)
     CSmartPtr<CAttributeCol> held = shared.GetAdditionalRootAttributes();
     EXPECT_EQ(3, held->AddRef());
     held->Release();
+}
+
+TEST(Threads, RestrictionsCopiedWhileAnotherThreadChecksThem)
+{
+    // The first check of a descriptor keeps its parsed bounds in it. A copy made from
+    // the descriptor meanwhile, in another thread, must neither race with that nor
+    // check differently.
+    std::atomic<int> wrong{0};
+    for (int round = 0; round < 50; ++round) {
+        const CPrimitiveRestrictions shared(nullptr, -1, -1, "1", "10", nullptr, nullptr, -1);
+        const auto check = [&wrong](const CPrimitiveRestrictions& r) {
+            OrvexVariant v;
+            v.SetI4(5);
+            CheckPrimitiveRestriction("n", v, ItemType_i4, r);
+            v.SetI4(11);
+            try {
+                CheckPrimitiveRestriction("n", v, ItemType_i4, r);
+                ++wrong;
+            } catch (const COrvexException&) {
+            }
+        };
+        std::thread checker([&] { check(shared); });
+        std::thread copier([&] {
+            const CPrimitiveRestrictions copy(shared);
+            CPrimitiveRestrictions assigned;
+            assigned = shared;
+            check(copy);
+            check(assigned);
+        });
+        checker.join();
+        copier.join();
+    }
+    EXPECT_EQ(0, wrong.load());
 }

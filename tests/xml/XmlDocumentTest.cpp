@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <chrono>
 #include <string>
 #include <vector>
 
@@ -351,4 +352,30 @@ TEST(XmlDocument, NamesAreStoredOncePerDocument)
     EXPECT_EQ(document.GetDocumentElement()->GetLocalName(), "item");
     EXPECT_EQ(document.GetDocumentElement()->GetNamespaceURI(), "urn:b");
     EXPECT_EQ(document.GetDocumentElement()->GetFirstElement()->GetLocalName(), "n");
+}
+
+TEST(XmlDocument, OneTokenOverManyParserPiecesReadsInLinearTime)
+{
+    // A comment of 256 MiB is a single token across dozens of parser pieces. Were each
+    // piece to scan the token again from its start, the load would take several times
+    // as long as that of the same bytes in comments of 1 MiB, which fit in a piece.
+    const std::size_t size = std::size_t(256) << 20;
+    const auto seconds = [](const std::string& xml) {
+        const auto start = std::chrono::steady_clock::now();
+        CXmlDocument document;
+        document.LoadXml(xml.c_str());
+        const CXmlElement* e = document.GetDocumentElement()->GetFirstElement();
+        EXPECT_TRUE(e && e->GetAttribute("a", "") == "1");
+        return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
+    };
+    std::string xml = "<r>";
+    for (std::size_t done = 0; done < size; done += std::size_t(1) << 20)
+        xml.append("<!--").append((std::size_t(1) << 20) - 7, 'x').append("-->");
+    xml += "<e a='1'/></r>";
+    const double many = seconds(xml);
+    xml = "<r><!--";
+    xml.append(size, 'x');
+    xml += "--><e a='1'/></r>";
+    const double one = seconds(xml);
+    EXPECT_LT(one, 3 * many + 0.5) << one << " s for one token, " << many << " s for many";
 }
