@@ -11,7 +11,6 @@
 #include <memory>
 #include <string>
 #include <string_view>
-#include <unordered_map>
 #include <vector>
 
 #include "orvexxml/frame/InstanceMonitor.h"
@@ -263,11 +262,13 @@ private:
     Detail::CNodePool<CXmlElement> m_elements;
     Detail::CNodePool<CXmlAttribute> m_attributes;
     // The names of the tree, each once: the first few in a list, all of them in the
-    // index once there are more (its keys view the stored strings).
+    // index once there are more (its keys view the stored strings). The index is
+    // ordered rather than hashed: a document's names are the sender's to choose, and
+    // names made to collide in a fixed hash would make every lookup walk them all.
     Detail::CNodePool<std::string> m_names;
     const std::string* m_firstNames[32] = {};
     std::size_t m_nameCount = 0;
-    std::unordered_map<std::string_view, const std::string*> m_nameIndex;
+    std::map<std::string_view, const std::string*> m_nameIndex;
     // Recently interned names by length and end bytes, tried before the index.
     const std::string* m_recentNames[64] = {};
 };
