@@ -32,6 +32,18 @@ template <typename E, typename Fn>
     return ::testing::AssertionFailure() << "did not throw";
 }
 
+// text with the first occurrence of from replaced by to; a from that is not there
+// fails the test.
+inline std::string Replaced(std::string text, const std::string& from, const std::string& to)
+{
+    const std::size_t at = text.find(from);
+    if (at == std::string::npos)
+        ADD_FAILURE() << "not in the text: " << from;
+    else
+        text.replace(at, from.size(), to);
+    return text;
+}
+
 // Path of a scratch file in the build tree's test folder.
 inline std::string TempPath(const std::string& name)
 {

@@ -11,6 +11,7 @@
 
 using namespace OrvexXmlLib5;
 using namespace OrvexExamples;
+using OrvexTest::Replaced;
 
 namespace {
 
@@ -39,16 +40,6 @@ CSmartPtr<CPurchaseOrder> ReadOrder(const std::string& xml)
     CSmartPtr<CPurchaseOrder> order = CPurchaseOrder::CreateInstance();
     order->FromXml(xml.c_str());
     return order;
-}
-
-std::string Replaced(std::string text, const std::string& from, const std::string& to)
-{
-    const std::size_t at = text.find(from);
-    if (at == std::string::npos)
-        ADD_FAILURE() << "not in the text: " << from;
-    else
-        text.replace(at, from.size(), to);
-    return text;
 }
 
 // The full message, the class of the outermost exception and that of the cause.

@@ -17,6 +17,7 @@
 
 using namespace OrvexXmlLib5;
 using namespace OrvexGenTest;
+using OrvexTest::Replaced;
 
 namespace {
 
@@ -35,16 +36,6 @@ CSmartPtr<CCatalogue> Read(const std::string& xml)
     CSmartPtr<CCatalogue> catalogue = CCatalogue::CreateInstance();
     catalogue->FromXml(xml.c_str());
     return catalogue;
-}
-
-std::string Replaced(std::string text, const std::string& from, const std::string& to)
-{
-    const std::size_t at = text.find(from);
-    if (at == std::string::npos)
-        ADD_FAILURE() << "not in the text: " << from;
-    else
-        text.replace(at, from.size(), to);
-    return text;
 }
 
 std::string FullFailure(const std::function<void()>& fn)

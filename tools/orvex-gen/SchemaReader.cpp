@@ -247,31 +247,36 @@ void CSchemaReader::ReadTop(CSchemaDocument& doc, const CXmlElement* e)
     }
 }
 
+template <typename Decl>
+void CSchemaReader::ReadDeclaration(const CXmlElement* e, bool qualified, const char* what, Decl& decl)
+{
+    decl.where = Where(e);
+    if (HasAttribute(e, "ref")) {
+        decl.ref = ResolveQName(e, Attr(e, "ref"));
+    } else {
+        decl.name = Trimmed(Attr(e, "name"));
+        if (decl.name.empty()) Fail(decl.where, std::string(what) + " without name or ref");
+        if (HasAttribute(e, "form")) qualified = Trimmed(Attr(e, "form")) == "qualified";
+        if (qualified) decl.ns = m_tns;
+    }
+    if (HasAttribute(e, "type")) decl.type = ResolveQName(e, Attr(e, "type"));
+    if (HasAttribute(e, "default")) {
+        decl.hasDefault = true;
+        decl.defaultValue = Attr(e, "default");
+    }
+    if (HasAttribute(e, "fixed")) {
+        decl.hasFixed = true;
+        decl.fixedValue = Attr(e, "fixed");
+    }
+}
+
 std::unique_ptr<CElementDecl> CSchemaReader::ReadElement(const CXmlElement* e, bool global)
 {
     auto decl = std::make_unique<CElementDecl>();
-    decl->where = Where(e);
+    ReadDeclaration(e, global || m_doc->elementQualified, "xs:element", *decl);
     decl->global = global;
     decl->schema = m_doc;
-    if (HasAttribute(e, "ref")) {
-        decl->ref = ResolveQName(e, Attr(e, "ref"));
-    } else {
-        decl->name = Trimmed(Attr(e, "name"));
-        if (decl->name.empty()) Fail(decl->where, "xs:element without name or ref");
-        bool qualified = global || m_doc->elementQualified;
-        if (HasAttribute(e, "form")) qualified = Trimmed(Attr(e, "form")) == "qualified";
-        if (qualified) decl->ns = m_tns;
-    }
-    if (HasAttribute(e, "type")) decl->type = ResolveQName(e, Attr(e, "type"));
     decl->isAbstract = Trimmed(Attr(e, "abstract")) == "true";
-    if (HasAttribute(e, "default")) {
-        decl->hasDefault = true;
-        decl->defaultValue = Attr(e, "default");
-    }
-    if (HasAttribute(e, "fixed")) {
-        decl->hasFixed = true;
-        decl->fixedValue = Attr(e, "fixed");
-    }
     decl->propertyName = Trimmed(e->GetAttribute("property", kGenNamespace));
     decl->format = Trimmed(e->GetAttribute("format", kGenNamespace));
     if (HasAttribute(e, "substitutionGroup"))
@@ -335,28 +340,10 @@ std::unique_ptr<CParticle> CSchemaReader::ReadParticle(const CXmlElement* e)
 std::unique_ptr<CAttributeDecl> CSchemaReader::ReadAttribute(const CXmlElement* e, bool global)
 {
     auto decl = std::make_unique<CAttributeDecl>();
-    decl->where = Where(e);
-    if (HasAttribute(e, "ref")) {
-        decl->ref = ResolveQName(e, Attr(e, "ref"));
-    } else {
-        decl->name = Trimmed(Attr(e, "name"));
-        if (decl->name.empty()) Fail(decl->where, "xs:attribute without name or ref");
-        bool qualified = global || m_doc->attributeQualified;
-        if (HasAttribute(e, "form")) qualified = Trimmed(Attr(e, "form")) == "qualified";
-        if (qualified) decl->ns = m_tns;
-    }
-    if (HasAttribute(e, "type")) decl->type = ResolveQName(e, Attr(e, "type"));
+    ReadDeclaration(e, global || m_doc->attributeQualified, "xs:attribute", *decl);
     const std::string use = Trimmed(Attr(e, "use"));
     decl->required = use == "required";
     decl->prohibited = use == "prohibited";
-    if (HasAttribute(e, "default")) {
-        decl->hasDefault = true;
-        decl->defaultValue = Attr(e, "default");
-    }
-    if (HasAttribute(e, "fixed")) {
-        decl->hasFixed = true;
-        decl->fixedValue = Attr(e, "fixed");
-    }
     for (const CXmlElement* c = e->GetFirstElement(); c; c = c->GetNextSiblingElement())
         if (IsXsd(c, "simpleType")) decl->inlineType = ReadSimpleType(c);
     return decl;

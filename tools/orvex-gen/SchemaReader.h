@@ -35,6 +35,10 @@ private:
     std::unique_ptr<CSimpleType> ReadSimpleType(const OrvexXmlLib5::CXmlElement* e);
     std::unique_ptr<CParticle> ReadParticle(const OrvexXmlLib5::CXmlElement* e);
     std::unique_ptr<CAttributeDecl> ReadAttribute(const OrvexXmlLib5::CXmlElement* e, bool global);
+    // What element and attribute declarations share: name or ref, namespace, type,
+    // default and fixed value. what names the construct in a failure.
+    template <typename Decl>
+    void ReadDeclaration(const OrvexXmlLib5::CXmlElement* e, bool qualified, const char* what, Decl& decl);
     void ReadAttributeItems(const OrvexXmlLib5::CXmlElement* first, std::vector<CAttributeItem>& items,
                             std::unique_ptr<CWildcard>& anyAttribute);
     void ReadFacets(const OrvexXmlLib5::CXmlElement* restriction, CFacets& facets);
