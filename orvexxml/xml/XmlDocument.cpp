@@ -15,6 +15,7 @@
 #include "orvexxml/frame/OrvexException.h"
 #include "orvexxml/fastinfoset/FastInfosetReader.h"
 #include "orvexxml/xml/ExpatReader.h"
+#include "orvexxml/xml/FastXmlReader.h"
 #include "orvexxml/xml/detail/InputInflater.h"
 
 namespace OrvexXmlLib5 {
@@ -178,6 +179,12 @@ CXmlDocument::~CXmlDocument()
 
 void CXmlDocument::Cleanup()
 {
+    ClearTree();
+    FreeInput();
+}
+
+void CXmlDocument::ClearTree()
+{
     m_documentElement = nullptr;
     m_openElements.clear();
     m_prefixTable.clear();
@@ -187,7 +194,6 @@ void CXmlDocument::Cleanup()
     m_nameCount = 0;
     std::fill(std::begin(m_recentNames), std::end(m_recentNames), nullptr);
     m_names.Clear();
-    FreeInput();
 }
 
 void CXmlDocument::LoadXml(const char* text)
@@ -297,6 +303,11 @@ void CXmlDocument::Parse(bool isText)
         InflateInput();
         CFastInfosetReader binaryReader(this);
         read = binaryReader.Parse();
+    }
+    // Most text is read by the fast reader; what it is not certain of, Expat reads.
+    if (!read) {
+        CFastXmlReader fastReader(this);
+        read = fastReader.Parse();
     }
     if (!read) {
         CExpatReader reader(this);
@@ -507,6 +518,24 @@ const std::string* CXmlDocument::Intern(std::string_view text)
     }
     m_recentNames[slot] = name;
     return name;
+}
+
+bool Detail::LoadTextWith(CXmlDocument& document, std::string_view text, TextReader reader)
+{
+    document.Cleanup();
+    document.BorrowInput(text.data(), text.size());
+    struct InputRelease
+    {
+        CXmlDocument& document;
+        ~InputRelease() { document.FreeInput(); }
+    } release{document};
+    if (reader == TextReader::Fast) {
+        CFastXmlReader fastReader(&document);
+        return fastReader.Parse();
+    }
+    CExpatReader expatReader(&document);
+    expatReader.Parse();
+    return true;
 }
 
 }  // namespace OrvexXmlLib5

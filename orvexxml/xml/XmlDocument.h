@@ -17,6 +17,7 @@
 #include "orvexxml/frame/OrvexException.h"
 #include "orvexxml/frame/XmlSerializationContext.h"
 #include "orvexxml/xml/detail/NodePool.h"
+#include "orvexxml/xml/detail/TextReaderChoice.h"
 
 namespace OrvexXmlLib5 {
 
@@ -24,6 +25,7 @@ class CXmlDocument;
 class CXmlElement;
 class CExpatReader;
 class CFastInfosetReader;
+class CFastXmlReader;
 
 // One attribute of an element; every string is in the local character encoding.
 class ORVEXXML_API CXmlAttribute : public CInstanceMonitor
@@ -107,6 +109,7 @@ protected:
 
 private:
     friend class CXmlDocument;
+    friend class CFastXmlReader;
     friend class Detail::CNodePool<CXmlElement>;
 
     void AppendBytes(const char* text, std::size_t length);
@@ -199,7 +202,12 @@ private:
     friend class CXmlElement;
     friend class CExpatReader;
     friend class CFastInfosetReader;
+    friend class CFastXmlReader;
+    friend bool Detail::LoadTextWith(CXmlDocument& document, std::string_view text,
+                                     Detail::TextReader reader);
 
+    // Back to an empty tree and prefix table, keeping the input buffer for another reader.
+    void ClearTree();
     // Runs a reader over the input buffer, then frees it. isText is true for text
     // given as a string, which is always XML text; other input is inflated first
     // when it is compressed, and may be Fast Infoset.
