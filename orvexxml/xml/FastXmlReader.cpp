@@ -153,7 +153,7 @@ void CFastXmlReader::Run()
         (m_p[5] == ' ' || m_p[5] == '\t' || m_p[5] == '\n' || m_p[5] == '\r'))
         Declaration();
     Misc();
-    if (m_p >= m_end) GiveUp();
+    if (m_p >= m_end || *m_p != '<') GiveUp();
     StartTag();
     Content();
     Misc();
