@@ -22,10 +22,12 @@ corpus="build-fuzz/corpus-$name"
 mkdir -p "$corpus" "build-fuzz/artifacts-$name"
 seeds=()
 [ -d "fuzz/corpus/$name" ] && seeds+=("fuzz/corpus/$name")
+options=()
+[ -f "fuzz/$name.dict" ] && options+=("-dict=fuzz/$name.dict")
 log="build-fuzz/$name.long.log"
 status=0
 "$target" -max_total_time=$((minutes * 60)) -rss_limit_mb=2048 -timeout=25 -print_final_stats=1 \
-  -artifact_prefix="build-fuzz/artifacts-$name/" "$corpus" "${seeds[@]}" >/dev/null 2>"$log" || status=$?
+  -artifact_prefix="build-fuzz/artifacts-$name/" "${options[@]}" "$corpus" "${seeds[@]}" >/dev/null 2>"$log" || status=$?
 if [ "$status" -ne 0 ]; then
   tail -60 "$log"
   echo "$name: failed; the input is in build-fuzz/artifacts-$name/" >&2
