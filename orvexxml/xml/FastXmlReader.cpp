@@ -645,6 +645,7 @@ void CFastXmlReader::OpenNamespaced(std::string_view name, std::uint64_t line, s
         }
         if (attribute.value == kXmlNamespaceUri || attribute.value == kXmlnsNamespaceUri) GiveUp();
         attribute.declaration = true;
+        if (m_bindings.size() == MaxBindings) GiveUp();
         m_bindings.push_back(Binding{prefix, m_document->Intern(attribute.value)});
         m_document->SetNamespaceAlias(prefix, attribute.value);
     }

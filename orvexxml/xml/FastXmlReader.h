@@ -30,6 +30,9 @@ public:
     // Attributes per element beyond which the reader leaves the element to Expat,
     // which finds doubled names through a hash table rather than by comparing pairs.
     static constexpr std::size_t MaxAttributes = 64;
+    // Namespace declarations in scope at once beyond which the document goes to Expat:
+    // prefixes are looked up by walking the declarations in scope, which must stay short.
+    static constexpr std::size_t MaxBindings = 256;
 
     // The document is filled, not owned; it must outlive the reader.
     explicit CFastXmlReader(CXmlDocument* document);

@@ -127,6 +127,27 @@ TEST(FastXmlReader, LeavesElementsWithManyAttributesToExpat)
     }
 }
 
+// Prefixes are looked up by walking the declarations in scope, so a document that
+// keeps more of them in scope than the limit goes to Expat and its hash tables.
+TEST(FastXmlReader, LeavesDocumentsWithManyDeclarationsInScopeToExpat)
+{
+    for (std::size_t count : {CFastXmlReader::MaxBindings, CFastXmlReader::MaxBindings + 1}) {
+        std::string text, close;
+        for (std::size_t i = 0; i < count; i += 4) {
+            text += "<e";
+            for (std::size_t j = i; j < i + 4 && j < count; ++j) text += " xmlns:p" + std::to_string(j) + "='u'";
+            text += ">";
+            close = "</e>" + close;
+        }
+        text += close;
+        const std::string fast = FastTree(text, SchemaType_Namespaced);
+        if (count > CFastXmlReader::MaxBindings)
+            EXPECT_EQ(fast, "left");
+        else
+            EXPECT_EQ(fast, ExpatTree(text, SchemaType_Namespaced));
+    }
+}
+
 // A tree the fast reader gave up on halfway is emptied before Expat reads: a failed
 // load leaves what Expat delivered up to its failure, and nothing of the first attempt.
 TEST(FastXmlReader, GivingUpLateLeavesOnlyExpatsTree)
