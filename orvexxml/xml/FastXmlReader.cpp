@@ -45,12 +45,6 @@ constexpr ByteTables MakeTables()
 
 constexpr ByteTables kTables = MakeTables();
 
-const std::string& EmptyUri()
-{
-    static const std::string empty;
-    return empty;
-}
-
 bool StartsWith(const unsigned char* p, const unsigned char* end, const char* literal)
 {
     const std::size_t length = std::strlen(literal);
@@ -106,7 +100,8 @@ CFastXmlReader::CFastXmlReader(CXmlDocument* document)
       m_lineStart(nullptr),
       m_wide(0),
       m_open(nullptr),
-      m_decodedUsed(0)
+      m_decodedUsed(0),
+      m_emptyUri(nullptr)
 {
     // Views into the decoded values are taken while a tag is read: the vector never
     // grows past its first size, so they stay valid.
@@ -134,6 +129,7 @@ bool CFastXmlReader::Parse()
     m_stack.clear();
     m_bindings.clear();
     try {
+        m_emptyUri = m_document->Intern(std::string_view());
         Run();
         return true;
     } catch (const Uncertain&) {
@@ -623,7 +619,7 @@ const std::string* CFastXmlReader::Lookup(std::string_view prefix)
     if (prefix == "xml") return m_document->Intern(kXmlNamespaceUri);
     for (std::size_t i = m_bindings.size(); i > 0; --i)
         if (m_bindings[i - 1].prefix == prefix) return m_bindings[i - 1].uri;
-    return prefix.empty() ? &EmptyUri() : nullptr;
+    return prefix.empty() ? m_emptyUri : nullptr;
 }
 
 void CFastXmlReader::OpenNamespaced(std::string_view name, std::uint64_t line, std::uint64_t column)
@@ -654,7 +650,7 @@ void CFastXmlReader::OpenNamespaced(std::string_view name, std::uint64_t line, s
     if (element.prefix == "xmlns") GiveUp();
     const std::string* uri = Lookup(element.prefix);
     if (!uri) GiveUp();
-    m_open = m_document->AddElement(*uri, element.local);
+    m_open = m_document->AddElement(uri, element.local);
     CXmlDocument::SetElementTextLocation(m_open, line, column);
     m_stack.push_back(OpenElement{name, mark});
     if (plain == 0) return;
@@ -664,7 +660,7 @@ void CFastXmlReader::OpenNamespaced(std::string_view name, std::uint64_t line, s
     for (const Attribute& attribute : m_attributes) {
         if (attribute.declaration) continue;
         const QName qualified = Split(attribute.name);
-        const std::string* attributeUri = &EmptyUri();
+        const std::string* attributeUri = m_emptyUri;
         if (!qualified.prefix.empty()) {
             attributeUri = Lookup(qualified.prefix);
             if (!attributeUri) GiveUp();
@@ -679,7 +675,7 @@ void CFastXmlReader::OpenNamespaced(std::string_view name, std::uint64_t line, s
 
 void CFastXmlReader::OpenPlain(std::string_view name, std::uint64_t line, std::uint64_t column)
 {
-    m_open = m_document->AddElement(std::string_view(), name);
+    m_open = m_document->AddElement(m_emptyUri, name);
     CXmlDocument::SetElementTextLocation(m_open, line, column);
     m_stack.push_back(OpenElement{name, 0});
     if (m_attributes.empty()) return;

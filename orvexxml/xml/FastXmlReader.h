@@ -133,6 +133,8 @@ private:
     std::vector<std::string> m_decoded;
     std::size_t m_decodedUsed;
     std::string m_scratch;
+    // The document's shared empty string: the namespace of names in none.
+    const std::string* m_emptyUri;
 };
 
 }  // namespace OrvexXmlLib5

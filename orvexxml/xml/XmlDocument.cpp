@@ -80,7 +80,7 @@ CXmlElement::CXmlElement(CXmlDocument* document)
       m_firstChild(nullptr),
       m_lastChild(nullptr),
       m_localName(&SharedEmptyString()),
-      m_namespaceUri(&SharedEmptyString())
+      m_namespaceUri(m_localName)
 {
 }
 
@@ -342,6 +342,11 @@ CXmlElement* CXmlDocument::AddChildElement(const char* namespaceUri, const char*
 
 CXmlElement* CXmlDocument::AddElement(std::string_view namespaceUri, std::string_view localName)
 {
+    return AddElement(Intern(namespaceUri), localName);
+}
+
+CXmlElement* CXmlDocument::AddElement(const std::string* namespaceUri, std::string_view localName)
+{
     CXmlElement* element;
     if (!m_documentElement) {
         element = NewElement();
@@ -351,7 +356,7 @@ CXmlElement* CXmlDocument::AddElement(std::string_view namespaceUri, std::string
         if (m_openElements.empty()) throw COrvexException("Invalid or empty XML document");
         element = m_openElements.back()->CreateNewChildElement();
     }
-    element->m_namespaceUri = Intern(namespaceUri);
+    element->m_namespaceUri = namespaceUri;
     element->m_localName = Intern(localName);
     m_openElements.push_back(element);
     return element;
