@@ -144,15 +144,15 @@ class CachedParse
 public:
     using Parsed = std::decay_t<decltype(std::declval<Parse&>()(std::string(), Rule::Collapse))>;
 
-    CachedParse(const CPrimitiveRestrictions& r, std::shared_ptr<Cache>& slot, ItemType type, Parse parse)
-        : m_r(r), m_parse(parse), m_cache(std::atomic_load(&slot))
+    CachedParse(const CPrimitiveRestrictions& r, std::atomic<Cache*>& slot, ItemType type, Parse parse)
+        : m_r(r), m_parse(parse), m_cache(slot.load(std::memory_order_acquire))
     {
-        if (m_cache && m_cache->type == type) return;
-        if (m_cache) {  // made for another type: this one parses as before
-            m_cache.reset();
+        if (m_cache) {
+            // Made for another type: this one parses as before.
+            if (m_cache->type != type) m_cache = nullptr;
             return;
         }
-        auto made = std::make_shared<Cache>();
+        std::unique_ptr<Cache> made(new Cache());
         made->type = type;
         const std::string* texts[4] = {&r.GetMinInclusive(), &r.GetMaxInclusive(), &r.GetMinExclusive(),
                                        &r.GetMaxExclusive()};
@@ -164,13 +164,16 @@ public:
                 // Left empty: the check that needs it fails with the parser's exception.
             }
         }
-        std::shared_ptr<Cache> expected;
-        if (std::atomic_compare_exchange_strong(&slot, &expected, made))
-            m_cache = std::move(made);
-        else if (expected && expected->type == type)
-            m_cache = std::move(expected);
-        else
-            m_cache = std::move(made);
+        Cache* expected = nullptr;
+        if (slot.compare_exchange_strong(expected, made.get(), std::memory_order_acq_rel, std::memory_order_acquire)) {
+            m_cache = made.release();
+        } else {
+            // Another thread published first: its cache serves when it is for this type,
+            // and this one goes.
+            m_cache = expected->type == type ? expected : nullptr;
+            m_own = std::move(made);
+            if (!m_cache) m_cache = m_own.get();
+        }
     }
 
     const Parsed& operator()(const std::string& text, Rule rule) const
@@ -191,12 +194,14 @@ public:
 private:
     const CPrimitiveRestrictions& m_r;
     Parse m_parse;
-    std::shared_ptr<Cache> m_cache;
+    const Cache* m_cache;
+    // A cache made here that lost the race to one for another type serves this check only.
+    std::shared_ptr<Cache> m_own;
     mutable std::optional<Parsed> m_scratch;
 };
 
 template <typename Parse, typename Cache>
-CachedParse<Parse, Cache> Cached(const CPrimitiveRestrictions& r, std::shared_ptr<Cache>& slot, ItemType type,
+CachedParse<Parse, Cache> Cached(const CPrimitiveRestrictions& r, std::atomic<Cache*>& slot, ItemType type,
                                  Parse parse)
 {
     return CachedParse<Parse, Cache>(r, slot, type, parse);
@@ -206,10 +211,10 @@ CachedParse<Parse, Cache> Cached(const CPrimitiveRestrictions& r, std::shared_pt
 
 CPrimitiveRestrictions::CPrimitiveRestrictions() : m_minLength(-1), m_maxLength(-1), m_length(-1) {}
 
-// The cache is taken atomically: a check in another thread may be publishing it.
+// The copy does not take the cache (a check in another thread may be publishing it):
+// it parses the bounds again at its own first check.
 CPrimitiveRestrictions::CPrimitiveRestrictions(const CPrimitiveRestrictions& other)
-    : m_boundCache(std::atomic_load(&other.m_boundCache)),
-      m_pattern(other.m_pattern),
+    : m_pattern(other.m_pattern),
       m_minLength(other.m_minLength),
       m_maxLength(other.m_maxLength),
       m_minInclusive(other.m_minInclusive),
@@ -223,9 +228,8 @@ CPrimitiveRestrictions::CPrimitiveRestrictions(const CPrimitiveRestrictions& oth
 CPrimitiveRestrictions& CPrimitiveRestrictions::operator=(const CPrimitiveRestrictions& other)
 {
     if (this == &other) return *this;
-    std::shared_ptr<BoundCache> cache = std::atomic_load(&other.m_boundCache);
-    // No cache while the texts change, so that a copy cut short parses what it has.
-    std::atomic_store(&m_boundCache, std::shared_ptr<BoundCache>());
+    // The cache was made from the texts that change now; the next check makes another.
+    delete m_boundCache.exchange(nullptr, std::memory_order_acq_rel);
     m_pattern = other.m_pattern;
     m_minLength = other.m_minLength;
     m_maxLength = other.m_maxLength;
@@ -234,7 +238,6 @@ CPrimitiveRestrictions& CPrimitiveRestrictions::operator=(const CPrimitiveRestri
     m_minExclusive = other.m_minExclusive;
     m_maxExclusive = other.m_maxExclusive;
     m_length = other.m_length;
-    std::atomic_store(&m_boundCache, std::move(cache));
     return *this;
 }
 
@@ -252,7 +255,10 @@ CPrimitiveRestrictions::CPrimitiveRestrictions(const char* pattern, int minLengt
 {
 }
 
-CPrimitiveRestrictions::~CPrimitiveRestrictions() = default;
+CPrimitiveRestrictions::~CPrimitiveRestrictions()
+{
+    delete m_boundCache.load(std::memory_order_acquire);
+}
 
 void CheckPrimitiveRestriction(const char* name, const OrvexVariant& value, ItemType type,
                                const CPrimitiveRestrictions& restrictions)

@@ -5,6 +5,7 @@
 #include "orvexxml/Export.h"
 
 #include <memory>
+#include <atomic>
 #include <string>
 
 #include "orvexxml/data/OrvexVariant.h"
@@ -47,9 +48,10 @@ public:
 private:
     friend ORVEXXML_API void CheckPrimitiveRestriction(const char* name, const OrvexVariant& value, ItemType type,
                                                        const CPrimitiveRestrictions& restrictions);
-    // The bounds parsed for the checks, made at the first check and shared by copies.
+    // The bounds parsed for the checks, made at the first check and published once;
+    // owned by this object. A copy starts without one and makes its own.
     struct BoundCache;
-    mutable std::shared_ptr<BoundCache> m_boundCache;
+    mutable std::atomic<BoundCache*> m_boundCache{nullptr};
 
     std::string m_pattern;
     int m_minLength;
