@@ -15,7 +15,39 @@ std::string UpToZero(const std::string& s)
     return z == std::string::npos ? s : s.substr(0, z);
 }
 
+// True when Collapse gives text unchanged: no zero byte, carriage return, tab or
+// line feed, and no space at either end or next to another space.
+bool CollapseKeeps(const std::string& text)
+{
+    char previous = ' ';
+    for (char c : text) {
+        if (c == '\0' || c == '\r' || c == '\t' || c == '\n') return false;
+        if (c == ' ' && previous == ' ') return false;
+        previous = c;
+    }
+    return text.empty() || previous != ' ';
+}
+
 }  // namespace
+
+const std::string& CWhitespaceUtils::ApplyRule(WhitespaceRule rule, const std::string& text, std::string& scratch)
+{
+    switch (rule) {
+    case WhitespaceRule::Preserve:
+        if (text.find('\r') == std::string::npos) return text;
+        scratch = Preserve(text);
+        return scratch;
+    case WhitespaceRule::Replace:
+        if (text.find_first_of("\r\t\n\0", 0, 4) == std::string::npos) return text;
+        scratch = Replace(text);
+        return scratch;
+    case WhitespaceRule::Collapse:
+        if (CollapseKeeps(text)) return text;
+        scratch = Collapse(text);
+        return scratch;
+    }
+    throw COrvexException("Unknown WhitespaceRule");
+}
 
 std::string CWhitespaceUtils::ApplyRule(WhitespaceRule rule, const std::string& text)
 {
