@@ -255,14 +255,21 @@ void CXmlGeneratedClass::ProcessAttributesFromXml(const CXmlSerializationContext
 {
     CAttributeInfo** descriptors = GetClassAttributeInfo();
     const int count = GetClassAttributeInfoCount();
-    std::vector<char> seen(static_cast<std::size_t>(count), 0);
+    // Most classes have a few attributes: their marks stay on the stack.
+    char local[16] = {};
+    std::vector<char> more;
+    char* seen = local;
+    if (count > static_cast<int>(sizeof local)) {
+        more.assign(static_cast<std::size_t>(count), 0);
+        seen = more.data();
+    }
 
     for (CXmlAttribute* attribute : element->GetAttributes()) {
         if (attribute->IsNamespaceAttribute()) continue;
         bool taken = false;
         for (int i = 0; i < count && !taken; ++i) {
             if (descriptors[i]->AttributeFromXml(context, this, attribute)) {
-                seen[static_cast<std::size_t>(i)] = 1;
+                seen[i] = 1;
                 taken = true;
             }
         }
@@ -271,7 +278,7 @@ void CXmlGeneratedClass::ProcessAttributesFromXml(const CXmlSerializationContext
                 FormatString("Unexpected Attribute [%s] found.", attribute->GetLocalName().c_str()));
     }
 
-    for (int i = 0; i < count; ++i) descriptors[i]->Validate(context, seen[static_cast<std::size_t>(i)] != 0);
+    for (int i = 0; i < count; ++i) descriptors[i]->Validate(context, seen[i] != 0);
 }
 
 CXmlElement* CXmlGeneratedClass::ProcessElementSeqFromXml(const CXmlSerializationContext& context,
