@@ -222,7 +222,9 @@ CXmlElement* CXmlGeneratedClass::FromXmlBody(CXmlElement* element, CXmlElement* 
     if (!element) throw COrvexException("Invalid or empty XML document");
     const CParentElementInfo* info = GetClassInfo();
     const XmlElementType type = info->GetElementType();
-    if (type == ElementType_Element) SetElementName(element->GetLocalName().c_str());
+    // The name is most often the one the object was made with: then nothing changes.
+    if (type == ElementType_Element && ElementNameRef() != element->GetLocalName())
+        SetElementName(element->GetLocalName().c_str());
 
     ProcessAttributesFromXml(context, element, info->GetFromXmlFailIfAttributeUnknown());
 

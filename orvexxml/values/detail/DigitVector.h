@@ -26,14 +26,24 @@ public:
     // n copies of value.
     CDigitVector(size_type n, char value) : CDigitVector() { assign(n, value); }
     CDigitVector(std::initializer_list<char> values) : CDigitVector() { assign(values.begin(), values.end()); }
-    CDigitVector(const CDigitVector& other) : CDigitVector() { assign(other.begin(), other.end()); }
+    CDigitVector(const CDigitVector& other) : CDigitVector()
+    {
+        if (other.m_data == other.m_local)
+            CopyLocal(other);
+        else
+            assign(other.begin(), other.end());
+    }
     // Takes the elements over; other is left empty.
     CDigitVector(CDigitVector&& other) noexcept : CDigitVector() { Take(other); }
     ~CDigitVector() { Release(); }
 
     CDigitVector& operator=(const CDigitVector& other)
     {
-        if (this != &other) assign(other.begin(), other.end());
+        if (this == &other) return *this;
+        if (m_data == m_local && other.m_data == other.m_local)
+            CopyLocal(other);
+        else
+            assign(other.begin(), other.end());
         return *this;
     }
     CDigitVector& operator=(CDigitVector&& other) noexcept
@@ -155,10 +165,17 @@ private:
     {
         if (m_data != m_local) delete[] m_data;
     }
+    // Both in their local room: the whole room is copied, a fixed size the
+    // compiler copies without a call.
+    void CopyLocal(const CDigitVector& other) noexcept
+    {
+        std::memcpy(m_local, other.m_local, kLocal);
+        m_size = other.m_size;
+    }
     void Take(CDigitVector& other) noexcept
     {
         if (other.m_data == other.m_local) {
-            std::memcpy(m_local, other.m_local, other.m_size);
+            std::memcpy(m_local, other.m_local, kLocal);
         } else {
             m_data = other.m_data;
             m_capacity = other.m_capacity;
@@ -172,7 +189,7 @@ private:
     char* m_data;
     size_type m_size;
     size_type m_capacity;
-    char m_local[kLocal];
+    char m_local[kLocal] = {};
 };
 
 }  // namespace detail
