@@ -429,7 +429,10 @@ char CConversions::charFromString(const std::string& text, WhitespaceRule rule)
 
 std::string CConversions::stringFromString(const std::string& text, WhitespaceRule rule)
 {
-    return CWhitespaceUtils::ApplyRule(rule, text);
+    std::string scratch;
+    const std::string& processed = CWhitespaceUtils::ApplyRule(rule, text, scratch);
+    if (&processed == &text) return text;
+    return scratch;
 }
 
 std::string CConversions::decimalToString(const CDecimal& value, const char* format)

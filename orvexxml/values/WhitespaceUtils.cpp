@@ -78,35 +78,39 @@ std::string CWhitespaceUtils::Preserve(const char* text, int length)
 std::string CWhitespaceUtils::Replace(const std::string& text)
 {
     if (text.find_first_of("\r\t\n") == std::string::npos) return UpToZero(text);
-    std::string out;
-    out.reserve(text.size());
+    std::string out(text.size(), '\0');
+    char* write = &out[0];
     for (char c : text) {
         if (c == '\0') break;
         if (c == '\r') continue;
-        out += (c == '\t' || c == '\n') ? ' ' : c;
+        *write++ = (c == '\t' || c == '\n') ? ' ' : c;
     }
+    out.resize(static_cast<std::size_t>(write - out.data()));
     return out;
 }
 
 std::string CWhitespaceUtils::Collapse(const std::string& text)
 {
-    std::string out;
-    out.reserve(text.size());
+    // Written into a buffer of the input's size: the result is never longer.
+    std::string out(text.size(), '\0');
+    char* const begin = &out[0];
+    char* write = begin;
     bool lastWasSpace = true;
     for (char c : text) {
         if (c == '\0') break;
         if (c == '\r') continue;
         if (c == ' ' || c == '\t' || c == '\n') {
             if (!lastWasSpace) {
-                out += ' ';
+                *write++ = ' ';
                 lastWasSpace = true;
             }
         } else {
-            out += c;
+            *write++ = c;
             lastWasSpace = false;
         }
     }
-    if (!out.empty() && out.back() == ' ') out.pop_back();
+    if (write != begin && write[-1] == ' ') --write;
+    out.resize(static_cast<std::size_t>(write - begin));
     return out;
 }
 
