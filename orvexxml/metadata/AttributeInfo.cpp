@@ -100,14 +100,14 @@ void CAttributeInfoPrimitive::AttributeToXml(const CXmlSerializationContext&, co
     ReadProperty(owner, value);
     if (GetOptional() && !value.IsValid()) return;
     CheckRestriction(value);
-    writer->WriteAttribute(GetAttributeName(), GetAttributeNamespace(), value.ToString(m_format));
+    writer->WriteAttribute(AttributeNameRef(), AttributeNamespaceRef(), value.ToString(m_format));
 }
 
 bool CAttributeInfoPrimitive::AttributeFromXml(const CXmlSerializationContext&, CXmlGeneratedClass* owner,
                                                CXmlAttribute* attribute)
 {
-    if (!attribute || attribute->GetLocalName() != GetAttributeName() ||
-        attribute->GetNamespaceURI() != GetAttributeNamespace())
+    if (!attribute || attribute->GetLocalName() != AttributeNameRef() ||
+        attribute->GetNamespaceURI() != AttributeNamespaceRef())
         return false;
     OrvexVariant value;
     value.FromString(attribute->GetValue(), m_itemType, m_whitespaceRule);
@@ -119,7 +119,7 @@ void CAttributeInfoPrimitive::Validate(const CXmlSerializationContext&, bool see
 
 void CAttributeInfoPrimitive::CheckRestriction(OrvexVariant value) const
 {
-    CheckPrimitiveRestriction(GetAttributeName().c_str(), value, m_itemType, m_restrictions);
+    CheckPrimitiveRestriction(AttributeNameRef().c_str(), value, m_itemType, m_restrictions);
 }
 
 CAttributeInfoEnum::CAttributeInfoEnum(const char* name, const char* namespaceUri, int propertyIndex, bool optional,
@@ -134,7 +134,7 @@ void CAttributeInfoEnum::AttributeToXml(const CXmlSerializationContext&, const C
     OrvexVariant value;
     ReadProperty(owner, value);
     if (GetOptional() && !value.IsValid()) return;
-    writer->WriteAttribute(GetAttributeName(), GetAttributeNamespace(),
+    writer->WriteAttribute(AttributeNameRef(), AttributeNamespaceRef(),
                            Text(m_toString ? m_toString(value.GetI4()) : nullptr));
 }
 

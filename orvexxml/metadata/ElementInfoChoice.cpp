@@ -19,7 +19,7 @@ bool CElementInfoChoiceCol::ElementFromXml(const CXmlSerializationContext& conte
 {
     OrvexVariant value;
     AccessProperty(owner, true, value);
-    CSmartPtr<CXmlCollectionBase> collection = Detail::RequireCollection(value, GetElementName());
+    CSmartPtr<CXmlCollectionBase> collection = Detail::RequireCollection(value, ElementNameRef());
     CXmlElement* next = FromXml_Int(collection->GetBase(), parent, *current, context, false);
     // An absent alternative is not held to its min occurs.
     if (next == *current) return false;
@@ -49,8 +49,8 @@ bool CElementInfoChoiceClsOpt::ElementFromXml(const CXmlSerializationContext& co
     OrvexVariant value;
     if (m_childType == ElementType_Element) {
         if (!IsThisElement(context, *current)) return false;
-        if (m_factory) value.SetXmlObject(m_factory(m_classId, GetElementName().c_str()));
-        CSmartPtr<CXmlObjectBase> object = Detail::RequireObject(value, GetElementName());
+        if (m_factory) value.SetXmlObject(m_factory(m_classId, ElementNameRef().c_str()));
+        CSmartPtr<CXmlObjectBase> object = Detail::RequireObject(value, ElementNameRef());
         // Stored before reading, so that the setter selects the alternative first.
         AccessProperty(owner, false, value);
         // An element that is there and empty is a valid alternative, even when the
@@ -61,8 +61,8 @@ bool CElementInfoChoiceClsOpt::ElementFromXml(const CXmlSerializationContext& co
     }
 
     if (!*current) return false;
-    if (m_factory) value.SetXmlObject(m_factory(m_classId, GetElementName().c_str()));
-    CSmartPtr<CXmlObjectBase> object = Detail::RequireObject(value, GetElementName());
+    if (m_factory) value.SetXmlObject(m_factory(m_classId, ElementNameRef().c_str()));
+    CSmartPtr<CXmlObjectBase> object = Detail::RequireObject(value, ElementNameRef());
     AccessProperty(owner, false, value);
     CXmlElement* next = FromXml_Int(object, parent, *current, context, false);
     if (next != *current) {
@@ -164,7 +164,7 @@ bool CElementInfoChoiceUntpdOpt::ElementFromXml(const CXmlSerializationContext& 
     if (!*current) return false;
     CXmlElement* next = nullptr;
     CSmartPtr<CElement> element = Detail::ReadOptionalUntyped(
-        GetElementName(),
+        ElementNameRef(),
         GetAnyDefaultNamespace(m_namespaceConstraint.c_str(), parentNamespace ? parentNamespace : "",
                                m_targetNamespace.c_str()),
         m_namespaceConstraint, m_targetNamespace, parent, *current, context, next);
@@ -183,8 +183,8 @@ bool CElementInfoChoiceUntpdCol::ElementFromXml(const CXmlSerializationContext& 
 {
     OrvexVariant value;
     AccessProperty(owner, true, value);
-    CSmartPtr<CXmlCollectionBase> collection = Detail::RequireCollection(value, GetElementName());
-    CXmlElement* next = Detail::ReadUntypedRun(GetElementName(), collection.Get(), parent, *current, context);
+    CSmartPtr<CXmlCollectionBase> collection = Detail::RequireCollection(value, ElementNameRef());
+    CXmlElement* next = Detail::ReadUntypedRun(ElementNameRef(), collection.Get(), parent, *current, context);
     if (next == *current) return false;
     *current = next;
     if (!context.GetIgnoreInvalidCollectionCounts()) collection->ValidateCount(context);
