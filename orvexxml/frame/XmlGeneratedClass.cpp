@@ -217,7 +217,8 @@ CXmlElement* CXmlGeneratedClass::FromXml_Int(CXmlElement* element, CXmlElement* 
 CXmlElement* CXmlGeneratedClass::FromXmlBody(CXmlElement* element, CXmlElement* firstChild,
                                              const CXmlSerializationContext& context, bool isOptional)
 {
-    Init();
+    // An object its maker has just constructed is in its starting state already.
+    if (!TakeJustMade()) Init();
     // Every walk below reads the element; a tree without one has nothing to give.
     if (!element) throw COrvexException("Invalid or empty XML document");
     const CParentElementInfo* info = GetClassInfo();
