@@ -310,7 +310,14 @@ CXmlElement* CXmlGeneratedClass::ProcessElementAllFromXml(const CXmlSerializatio
     CXmlElement* const start = current;
     CElementInfo** elements = GetClassElementInfo();
     const int count = GetClassElementInfoCount();
-    std::vector<char> seen(static_cast<std::size_t>(count), 0);
+    // The marks of up to 32 members stay on the stack.
+    char local[32] = {};
+    std::vector<char> more;
+    char* seen = local;
+    if (count > static_cast<int>(sizeof local)) {
+        more.assign(static_cast<std::size_t>(count), 0);
+        seen = more.data();
+    }
     const std::string parentNamespace = GetNamespace();
 
     // The walk goes over the children again and again; in each pass every
@@ -345,7 +352,7 @@ CXmlElement* CXmlGeneratedClass::ProcessElementAllFromXml(const CXmlSerializatio
     auto nextToOffer = [&](int from) {
         int next = count;
         for (auto it = std::lower_bound(open.begin(), open.end(), from); it != open.end(); ++it) {
-            if (!seen[static_cast<std::size_t>(*it)]) {
+            if (!seen[*it]) {
                 next = *it;
                 break;
             }
@@ -353,13 +360,13 @@ CXmlElement* CXmlGeneratedClass::ProcessElementAllFromXml(const CXmlSerializatio
         if (!current) return next;
         const auto range = std::equal_range(named.begin(), named.end(), current->GetLocalName(), CByName());
         for (auto it = range.first; it != range.second && it->index < next; ++it) {
-            if (it->index < from || seen[static_cast<std::size_t>(it->index)]) continue;
+            if (it->index < from || seen[it->index]) continue;
             if (elements[it->index]->IsThisElement(context, current)) return it->index;
         }
         return next;
     };
     auto offer = [&](int i) {
-        seen[static_cast<std::size_t>(i)] =
+        seen[i] =
             ReadChild(elements[i], context, this, parent, &current, parentNamespace.c_str(), type) ? 1 : 0;
     };
 
@@ -388,7 +395,7 @@ CXmlElement* CXmlGeneratedClass::ProcessElementAllFromXml(const CXmlSerializatio
     }
 
     for (int i = 0; i < count; ++i)
-        if (!elements[i]->Validate(context, this, seen[static_cast<std::size_t>(i)] != 0,
+        if (!elements[i]->Validate(context, this, seen[i] != 0,
                                    type == ElementType_Element))
             return start;
 
