@@ -35,7 +35,7 @@ void OrvexVariant::SetHeld(ItemType type, T value)
 {
     // Moving the string and the value classes does not fail.
     Clear();
-    new (m_value.held) T(std::move(value));
+    new (m_value.held.bytes) T(std::move(value));
     m_type = type;
 }
 
@@ -53,27 +53,27 @@ const OrvexVariant& OrvexVariant::operator=(const OrvexVariant& other)
     // A copy that fails leaves this variant invalid.
     switch (type) {
         case ItemType_string:
-            new (m_value.held) std::string(other.Ref<std::string>());
+            new (m_value.held.bytes) std::string(other.Ref<std::string>());
             break;
         case ItemType_hexBinary:
         case ItemType_base64Binary:
-            new (m_value.held) CBinaryData(other.Ref<CBinaryData>());
+            new (m_value.held.bytes) CBinaryData(other.Ref<CBinaryData>());
             break;
         case ItemType_duration:
-            new (m_value.held) CDateTimeSpan(other.Ref<CDateTimeSpan>());
+            new (m_value.held.bytes) CDateTimeSpan(other.Ref<CDateTimeSpan>());
             break;
         case ItemType_yearMonth:
         case ItemType_monthDay:
         case ItemType_date:
         case ItemType_datetime:
         case ItemType_time:
-            new (m_value.held) CDateTime(other.Ref<CDateTime>());
+            new (m_value.held.bytes) CDateTime(other.Ref<CDateTime>());
             break;
         case ItemType_decimal:
-            new (m_value.held) CDecimal(other.Ref<CDecimal>());
+            new (m_value.held.bytes) CDecimal(other.Ref<CDecimal>());
             break;
         case ItemType_integer:
-            new (m_value.held) CBigInteger(other.Ref<CBigInteger>());
+            new (m_value.held.bytes) CBigInteger(other.Ref<CBigInteger>());
             break;
         case ItemType_XmlObject:
         case ItemType_XmlCollection:
@@ -93,27 +93,27 @@ void OrvexVariant::Clear()
 {
     switch (m_type) {
         case ItemType_string:
-            Destroy<std::string>(m_value.held);
+            Destroy<std::string>(m_value.held.bytes);
             break;
         case ItemType_hexBinary:
         case ItemType_base64Binary:
-            Destroy<CBinaryData>(m_value.held);
+            Destroy<CBinaryData>(m_value.held.bytes);
             break;
         case ItemType_duration:
-            Destroy<CDateTimeSpan>(m_value.held);
+            Destroy<CDateTimeSpan>(m_value.held.bytes);
             break;
         case ItemType_yearMonth:
         case ItemType_monthDay:
         case ItemType_date:
         case ItemType_datetime:
         case ItemType_time:
-            Destroy<CDateTime>(m_value.held);
+            Destroy<CDateTime>(m_value.held.bytes);
             break;
         case ItemType_decimal:
-            Destroy<CDecimal>(m_value.held);
+            Destroy<CDecimal>(m_value.held.bytes);
             break;
         case ItemType_integer:
-            Destroy<CBigInteger>(m_value.held);
+            Destroy<CBigInteger>(m_value.held.bytes);
             break;
         case ItemType_XmlObject:
         case ItemType_XmlCollection:

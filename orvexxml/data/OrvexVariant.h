@@ -67,6 +67,13 @@ constexpr std::size_t LargestOf()
     for (std::size_t each : {sizeof(T)...}) size = each > size ? each : size;
     return size;
 }
+
+// Bytes for any one of the classes T, aligned for each.
+template <typename... T>
+struct CRoomFor
+{
+    alignas(T...) unsigned char bytes[LargestOf<T...>()];
+};
 }  // namespace Detail
 
 // Getters of the in-place kinds do not look at the type: the caller knows it from
@@ -233,9 +240,7 @@ private:
         double r8;
         CXmlObjectBase* object;
         void* pointer;
-        alignas(std::string) alignas(CBinaryData) alignas(CDateTimeSpan) alignas(CDateTime) alignas(CDecimal)
-            alignas(CBigInteger) unsigned char
-                held[Detail::LargestOf<std::string, CBinaryData, CDateTimeSpan, CDateTime, CDecimal, CBigInteger>()];
+        Detail::CRoomFor<std::string, CBinaryData, CDateTimeSpan, CDateTime, CDecimal, CBigInteger> held;
     };
 
     ItemType m_type;
@@ -249,7 +254,7 @@ private:
     template <typename T>
     const T& Ref() const
     {
-        return *std::launder(reinterpret_cast<const T*>(m_value.held));
+        return *std::launder(reinterpret_cast<const T*>(m_value.held.bytes));
     }
     // True when the type held is of class T (the argument only picks the class).
     bool Holds(const std::string*) const { return m_type == ItemType_string; }

@@ -366,8 +366,7 @@ CXmlElement* CXmlGeneratedClass::ProcessElementAllFromXml(const CXmlSerializatio
         return next;
     };
     auto offer = [&](int i) {
-        seen[i] =
-            ReadChild(elements[i], context, this, parent, &current, parentNamespace.c_str(), type) ? 1 : 0;
+        seen[i] = ReadChild(elements[i], context, this, parent, &current, parentNamespace.c_str(), type) ? 1 : 0;
     };
 
     bool moved = true;
@@ -395,9 +394,7 @@ CXmlElement* CXmlGeneratedClass::ProcessElementAllFromXml(const CXmlSerializatio
     }
 
     for (int i = 0; i < count; ++i)
-        if (!elements[i]->Validate(context, this, seen[i] != 0,
-                                   type == ElementType_Element))
-            return start;
+        if (!elements[i]->Validate(context, this, seen[i] != 0, type == ElementType_Element)) return start;
 
     if (type != ElementType_Element || !current) return current;
     if (context.GetIgnoreUnknownElements()) return current;

@@ -312,7 +312,8 @@ bool CElementInfoAllUntpdMnd::ElementFromXml(const CXmlSerializationContext& con
     AccessProperty(owner, true, value);
     CSmartPtr<CXmlObjectBase> object = Detail::RequireObject(value, ElementNameRef());
     CXmlElement* next = *current;
-    if (Detail::UntypedNameMatches(ElementNameRef(), *current)) next = FromXml_Int(object, parent, *current, context, false);
+    if (Detail::UntypedNameMatches(ElementNameRef(), *current))
+        next = FromXml_Int(object, parent, *current, context, false);
     if (next == *current) return false;
     *current = next;
     return true;

@@ -307,11 +307,12 @@ bool CElementInfoSeqUntpdMnd::ElementFromXml(const CXmlSerializationContext& con
     CSmartPtr<CXmlObjectBase> object = Detail::RequireObject(value, ElementNameRef());
     // The name is tested on its own: the element tests its namespace itself.
     CXmlElement* next = *current;
-    if (Detail::UntypedNameMatches(ElementNameRef(), *current)) next = FromXml_Int(object, parent, *current, context, false);
+    if (Detail::UntypedNameMatches(ElementNameRef(), *current))
+        next = FromXml_Int(object, parent, *current, context, false);
     if (next == *current) {
         if (parentType != ElementType_Element) return false;
-        throw COrvexValidationException(FormatString("Failed to find the required element from namespace [%s]",
-                                                     ElementNamespaceRef().c_str()));
+        throw COrvexValidationException(
+            FormatString("Failed to find the required element from namespace [%s]", ElementNamespaceRef().c_str()));
     }
     *current = next;
     return true;

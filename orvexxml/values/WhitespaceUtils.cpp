@@ -33,18 +33,18 @@ bool CollapseKeeps(const std::string& text)
 const std::string& CWhitespaceUtils::ApplyRule(WhitespaceRule rule, const std::string& text, std::string& scratch)
 {
     switch (rule) {
-    case WhitespaceRule::Preserve:
-        if (text.find('\r') == std::string::npos) return text;
-        scratch = Preserve(text);
-        return scratch;
-    case WhitespaceRule::Replace:
-        if (text.find_first_of("\r\t\n\0", 0, 4) == std::string::npos) return text;
-        scratch = Replace(text);
-        return scratch;
-    case WhitespaceRule::Collapse:
-        if (CollapseKeeps(text)) return text;
-        scratch = Collapse(text);
-        return scratch;
+        case WhitespaceRule::Preserve:
+            if (text.find('\r') == std::string::npos) return text;
+            scratch = Preserve(text);
+            return scratch;
+        case WhitespaceRule::Replace:
+            if (text.find_first_of("\r\t\n\0", 0, 4) == std::string::npos) return text;
+            scratch = Replace(text);
+            return scratch;
+        case WhitespaceRule::Collapse:
+            if (CollapseKeeps(text)) return text;
+            scratch = Collapse(text);
+            return scratch;
     }
     throw COrvexException("Unknown WhitespaceRule");
 }

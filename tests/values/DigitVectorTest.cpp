@@ -29,10 +29,24 @@ TEST(DigitVector, BehavesAsStdVectorAcrossTheLocalRoom)
             const char value = static_cast<char>(rng() % 10);
             const std::size_t n = static_cast<std::size_t>(rng() % 24);
             switch (rng() % 9) {
-                case 0: v.push_back(value); expected.push_back(value); break;
-                case 1: if (!expected.empty()) { v.pop_back(); expected.pop_back(); } break;
-                case 2: v.resize(n); expected.resize(n); break;
-                case 3: v.assign(n, value); expected.assign(n, value); break;
+                case 0:
+                    v.push_back(value);
+                    expected.push_back(value);
+                    break;
+                case 1:
+                    if (!expected.empty()) {
+                        v.pop_back();
+                        expected.pop_back();
+                    }
+                    break;
+                case 2:
+                    v.resize(n);
+                    expected.resize(n);
+                    break;
+                case 3:
+                    v.assign(n, value);
+                    expected.assign(n, value);
+                    break;
                 case 4: {
                     const std::size_t at = expected.empty() ? 0 : rng() % expected.size();
                     v.insert(v.begin() + at, n, value);
