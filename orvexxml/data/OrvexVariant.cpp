@@ -53,7 +53,8 @@ const OrvexVariant& OrvexVariant::operator=(const OrvexVariant& other)
     // A copy that fails leaves this variant invalid.
     switch (type) {
         case ItemType_string:
-            new (m_value.held.bytes) std::string(other.Ref<std::string>());
+            // A borrowed string is copied: the copy holds its own.
+            new (m_value.held.bytes) std::string(other.StringRef());
             break;
         case ItemType_hexBinary:
         case ItemType_base64Binary:
@@ -93,7 +94,7 @@ void OrvexVariant::Clear()
 {
     switch (m_type) {
         case ItemType_string:
-            Destroy<std::string>(m_value.held.bytes);
+            if (!m_borrowed) Destroy<std::string>(m_value.held.bytes);
             break;
         case ItemType_hexBinary:
         case ItemType_base64Binary:
@@ -127,6 +128,7 @@ void OrvexVariant::Clear()
             break;
     }
     m_type = ItemType_Invalid;
+    m_borrowed = false;
     m_value.bits = 0;
 }
 
@@ -303,7 +305,8 @@ void OrvexVariant::SetInteger(const CBigInteger& value)
 
 const std::string& OrvexVariant::GetStringRef() const
 {
-    return Held<std::string>();
+    static const std::string empty;
+    return m_type == ItemType_string ? StringRef() : empty;
 }
 
 CSmartPtr<CXmlObjectBase> OrvexVariant::GetXmlObject() const
@@ -350,7 +353,7 @@ std::string OrvexVariant::ToString(const char* format) const
         case ItemType_char:
             return CConversions::charToString(GetChar());
         case ItemType_string:
-            return CConversions::stringToString(Ref<std::string>());
+            return CConversions::stringToString(StringRef());
         case ItemType_boolean:
             return CConversions::booleanToString(GetBoolean());
         case ItemType_hexBinary:
@@ -467,6 +470,25 @@ void OrvexVariant::FromString(const std::string& text, ItemType type, CWhitespac
         default:
             ThrowNoText(static_cast<int>(type));
     }
+}
+
+void OrvexVariant::FromStringBorrowing(const std::string& text, ItemType type, CWhitespaceUtils::WhitespaceRule rule)
+{
+    if (type != ItemType_string) {
+        FromString(text, type, rule);
+        return;
+    }
+    // As FromString: the rule runs before anything changes.
+    std::string scratch;
+    const std::string& processed = CWhitespaceUtils::ApplyRule(rule, text, scratch);
+    if (&processed != &text) {
+        SetHeld(ItemType_string, std::move(scratch));
+        return;
+    }
+    Clear();
+    m_value.borrowed = &text;
+    m_borrowed = true;
+    m_type = ItemType_string;
 }
 
 }  // namespace OrvexXmlLib5

@@ -22,6 +22,9 @@ namespace OrvexXmlLib5 {
 
 class CXmlObjectBase;
 class CXmlCollectionBase;
+namespace Detail {
+class CVariantAccess;
+}
 
 // Stored in generated code: the numbers are fixed. The fixed underlying type
 // lets any number reach the checks that refuse it.
@@ -189,7 +192,7 @@ public:
     // The value as ItemType_boolean; meaningless when another type is held.
     bool GetBoolean() const { return m_value.u8 != 0; }
     // A copy; empty when no string is held.
-    std::string GetString() const { return m_type == ItemType_string ? Ref<std::string>() : std::string(); }
+    std::string GetString() const { return m_type == ItemType_string ? StringRef() : std::string(); }
     // The held string itself, without a copy; valid until the variant changes.
     const std::string& GetStringRef() const;
     // The object held, with a new reference; for the two object kinds only.
@@ -240,11 +243,23 @@ private:
         double r8;
         CXmlObjectBase* object;
         void* pointer;
+        // The text a reading descriptor lends for the time of one property store.
+        const std::string* borrowed;
         Detail::CRoomFor<std::string, CBinaryData, CDateTimeSpan, CDateTime, CDecimal, CBigInteger> held;
     };
 
     ItemType m_type;
+    // With ItemType_string: the string is not held but borrowed (see CVariantAccess).
+    bool m_borrowed = false;
     Value m_value;
+
+    friend class Detail::CVariantAccess;
+
+    // The string held or borrowed; only while the variant is of ItemType_string.
+    const std::string& StringRef() const { return m_borrowed ? *m_value.borrowed : Ref<std::string>(); }
+    // FromString for a caller that keeps text alive and unchanged until this variant
+    // changes or ends: a string that the rule leaves as it is is borrowed, not copied.
+    void FromStringBorrowing(const std::string& text, ItemType type, CWhitespaceUtils::WhitespaceRule rule);
 
     // Replaces the contents with value, moved in place, under type. The value is
     // made by the caller before the old contents go, so a failure leaves them.

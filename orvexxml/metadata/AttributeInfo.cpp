@@ -2,6 +2,7 @@
 
 #include "orvexxml/collections/Attribute.h"
 #include "orvexxml/frame/FormatString.h"
+#include "orvexxml/data/detail/VariantAccess.h"
 #include "orvexxml/frame/OrvexException.h"
 #include "orvexxml/frame/XmlGeneratedClass.h"
 #include "orvexxml/frame/detail/ObjectAccess.h"
@@ -109,8 +110,10 @@ bool CAttributeInfoPrimitive::AttributeFromXml(const CXmlSerializationContext&, 
     if (!attribute || attribute->GetLocalName() != AttributeNameRef() ||
         attribute->GetNamespaceURI() != AttributeNamespaceRef())
         return false;
+    // The variant may borrow the text, which outlives it.
+    const std::string& text = attribute->GetValue();
     OrvexVariant value;
-    value.FromString(attribute->GetValue(), m_itemType, m_whitespaceRule);
+    OrvexXmlLib5::Detail::CVariantAccess::FromTextLent(value, text, m_itemType, m_whitespaceRule);
     AccessProperty(owner, false, value);
     return true;
 }

@@ -2,6 +2,7 @@
 
 #include "orvexxml/collections/XmlCollectionBase.h"
 #include "orvexxml/frame/FormatString.h"
+#include "orvexxml/data/detail/VariantAccess.h"
 #include "orvexxml/frame/OrvexException.h"
 #include "orvexxml/metadata/detail/ElementReading.h"
 #include "orvexxml/metadata/detail/UntypedReading.h"
@@ -90,8 +91,10 @@ bool CElementInfoChoicePrimOpt::ElementFromXml(const CXmlSerializationContext& c
                                                CXmlElement*, CXmlElement** current, const char*, XmlElementType)
 {
     if (!IsThisElement(context, *current)) return false;
+    // The variant may borrow the text, which outlives it.
+    const std::string& text = (*current)->GetText();
     OrvexVariant value;
-    value.FromString((*current)->GetText(), GetItemType(), GetWhitespaceRule());
+    OrvexXmlLib5::Detail::CVariantAccess::FromTextLent(value, text, GetItemType(), GetWhitespaceRule());
     AccessProperty(owner, false, value);
     *current = (*current)->GetNextSiblingElement();
     return true;

@@ -2,6 +2,7 @@
 
 #include "orvexxml/collections/XmlCollectionBase.h"
 #include "orvexxml/frame/FormatString.h"
+#include "orvexxml/data/detail/VariantAccess.h"
 #include "orvexxml/frame/OrvexException.h"
 #include "orvexxml/metadata/detail/ElementReading.h"
 #include "orvexxml/metadata/detail/UntypedReading.h"
@@ -175,8 +176,10 @@ bool CElementInfoSeqPrimMnd::ElementFromXml(const CXmlSerializationContext& cont
             if (!found) return false;
         }
     }
+    // The variant may borrow the text, which outlives it.
+    const std::string& text = (*current)->GetText();
     OrvexVariant value;
-    value.FromString((*current)->GetText(), GetItemType(), GetWhitespaceRule());
+    OrvexXmlLib5::Detail::CVariantAccess::FromTextLent(value, text, GetItemType(), GetWhitespaceRule());
     AccessProperty(owner, false, value);
     *current = (*current)->GetNextSiblingElement();
     return true;
@@ -186,8 +189,10 @@ bool CElementInfoSeqPrimOpt::ElementFromXml(const CXmlSerializationContext& cont
                                             CXmlElement*, CXmlElement** current, const char*, XmlElementType)
 {
     if (!IsThisElement(context, *current)) return true;
+    // The variant may borrow the text, which outlives it.
+    const std::string& text = (*current)->GetText();
     OrvexVariant value;
-    value.FromString((*current)->GetText(), GetItemType(), GetWhitespaceRule());
+    OrvexXmlLib5::Detail::CVariantAccess::FromTextLent(value, text, GetItemType(), GetWhitespaceRule());
     AccessProperty(owner, false, value);
     *current = (*current)->GetNextSiblingElement();
     return true;
