@@ -21,21 +21,22 @@ const char* const TypeNames[] = {nullptr,     "hexBinary", "base64Binary", "i1",
     throw COrvexException(FormatString("Invalid Type %d to convert to string", type));
 }
 
+// Destroys the value of class T made in place at held.
 template <typename T>
-T* CopyOf(const T* source)
+void Destroy(unsigned char* held)
 {
-    return source ? new T(*source) : nullptr;
+    std::launder(reinterpret_cast<T*>(held))->~T();
 }
 
 }  // namespace
 
 template <typename T>
-void OrvexVariant::SetHeld(ItemType type, T* Value::*member, T value)
+void OrvexVariant::SetHeld(ItemType type, T value)
 {
-    T* copy = new T(std::move(value));
+    // Moving the string and the value classes does not fail.
     Clear();
+    new (m_value.held.bytes) T(std::move(value));
     m_type = type;
-    m_value.*member = copy;
 }
 
 OrvexVariant::OrvexVariant(const OrvexVariant& other) : m_type(ItemType_Invalid)
@@ -49,29 +50,31 @@ const OrvexVariant& OrvexVariant::operator=(const OrvexVariant& other)
     Clear();
     const ItemType type = other.m_type;
     if (static_cast<unsigned>(type) > ItemType_XmlCollection) throw COrvexException("Unknown Type");
+    // A copy that fails leaves this variant invalid.
     switch (type) {
         case ItemType_string:
-            m_value.str = CopyOf(other.m_value.str);
+            // A borrowed string is copied: the copy holds its own.
+            new (m_value.held.bytes) std::string(other.StringRef());
             break;
         case ItemType_hexBinary:
         case ItemType_base64Binary:
-            m_value.binary = CopyOf(other.m_value.binary);
+            new (m_value.held.bytes) CBinaryData(other.Ref<CBinaryData>());
             break;
         case ItemType_duration:
-            m_value.span = CopyOf(other.m_value.span);
+            new (m_value.held.bytes) CDateTimeSpan(other.Ref<CDateTimeSpan>());
             break;
         case ItemType_yearMonth:
         case ItemType_monthDay:
         case ItemType_date:
         case ItemType_datetime:
         case ItemType_time:
-            m_value.dateTime = CopyOf(other.m_value.dateTime);
+            new (m_value.held.bytes) CDateTime(other.Ref<CDateTime>());
             break;
         case ItemType_decimal:
-            m_value.decimal = CopyOf(other.m_value.decimal);
+            new (m_value.held.bytes) CDecimal(other.Ref<CDecimal>());
             break;
         case ItemType_integer:
-            m_value.integer = CopyOf(other.m_value.integer);
+            new (m_value.held.bytes) CBigInteger(other.Ref<CBigInteger>());
             break;
         case ItemType_XmlObject:
         case ItemType_XmlCollection:
@@ -91,27 +94,27 @@ void OrvexVariant::Clear()
 {
     switch (m_type) {
         case ItemType_string:
-            delete m_value.str;
+            if (!m_borrowed) Destroy<std::string>(m_value.held.bytes);
             break;
         case ItemType_hexBinary:
         case ItemType_base64Binary:
-            delete m_value.binary;
+            Destroy<CBinaryData>(m_value.held.bytes);
             break;
         case ItemType_duration:
-            delete m_value.span;
+            Destroy<CDateTimeSpan>(m_value.held.bytes);
             break;
         case ItemType_yearMonth:
         case ItemType_monthDay:
         case ItemType_date:
         case ItemType_datetime:
         case ItemType_time:
-            delete m_value.dateTime;
+            Destroy<CDateTime>(m_value.held.bytes);
             break;
         case ItemType_decimal:
-            delete m_value.decimal;
+            Destroy<CDecimal>(m_value.held.bytes);
             break;
         case ItemType_integer:
-            delete m_value.integer;
+            Destroy<CBigInteger>(m_value.held.bytes);
             break;
         case ItemType_XmlObject:
         case ItemType_XmlCollection:
@@ -125,6 +128,7 @@ void OrvexVariant::Clear()
             break;
     }
     m_type = ItemType_Invalid;
+    m_borrowed = false;
     m_value.bits = 0;
 }
 
@@ -228,11 +232,8 @@ void OrvexVariant::SetChar(char value)
 
 void OrvexVariant::SetString(const std::string& value)
 {
-    // Allocated before the old contents go, so that a failure leaves them.
-    std::string* copy = new std::string(value);
-    Clear();
-    m_type = ItemType_string;
-    m_value.str = copy;
+    // Copied before the old contents go, so that a failure leaves them.
+    SetHeld(ItemType_string, std::string(value));
 }
 
 void OrvexVariant::SetBoolean(bool value)
@@ -254,58 +255,58 @@ void OrvexVariant::SetXmlObject(CXmlObjectBase* object)
 
 void OrvexVariant::SetHexBinary(const CBinaryData& value)
 {
-    SetHeld(ItemType_hexBinary, &Value::binary, value);
+    SetHeld(ItemType_hexBinary, value);
 }
 
 void OrvexVariant::SetBase64Binary(const CBinaryData& value)
 {
-    SetHeld(ItemType_base64Binary, &Value::binary, value);
+    SetHeld(ItemType_base64Binary, value);
 }
 
 void OrvexVariant::SetDuration(const CDateTimeSpan& value)
 {
-    SetHeld(ItemType_duration, &Value::span, value);
+    SetHeld(ItemType_duration, value);
 }
 
 void OrvexVariant::SetYearMonth(const CDateTime& value)
 {
-    SetHeld(ItemType_yearMonth, &Value::dateTime, value);
+    SetHeld(ItemType_yearMonth, value);
 }
 
 void OrvexVariant::SetMonthDay(const CDateTime& value)
 {
-    SetHeld(ItemType_monthDay, &Value::dateTime, value);
+    SetHeld(ItemType_monthDay, value);
 }
 
 void OrvexVariant::SetDate(const CDateTime& value)
 {
-    SetHeld(ItemType_date, &Value::dateTime, value);
+    SetHeld(ItemType_date, value);
 }
 
 void OrvexVariant::SetDateTime(const CDateTime& value)
 {
-    SetHeld(ItemType_datetime, &Value::dateTime, value);
+    SetHeld(ItemType_datetime, value);
 }
 
 void OrvexVariant::SetTime(const CDateTime& value)
 {
-    SetHeld(ItemType_time, &Value::dateTime, value);
+    SetHeld(ItemType_time, value);
 }
 
 void OrvexVariant::SetDecimal(const CDecimal& value)
 {
-    SetHeld(ItemType_decimal, &Value::decimal, value);
+    SetHeld(ItemType_decimal, value);
 }
 
 void OrvexVariant::SetInteger(const CBigInteger& value)
 {
-    SetHeld(ItemType_integer, &Value::integer, value);
+    SetHeld(ItemType_integer, value);
 }
 
 const std::string& OrvexVariant::GetStringRef() const
 {
     static const std::string empty;
-    return m_value.str ? *m_value.str : empty;
+    return m_type == ItemType_string ? StringRef() : empty;
 }
 
 CSmartPtr<CXmlObjectBase> OrvexVariant::GetXmlObject() const
@@ -352,30 +353,30 @@ std::string OrvexVariant::ToString(const char* format) const
         case ItemType_char:
             return CConversions::charToString(GetChar());
         case ItemType_string:
-            return m_value.str ? CConversions::stringToString(*m_value.str) : std::string();
+            return CConversions::stringToString(StringRef());
         case ItemType_boolean:
             return CConversions::booleanToString(GetBoolean());
         case ItemType_hexBinary:
-            return CConversions::hexBinaryToString(Held(m_value.binary));
+            return CConversions::hexBinaryToString(Held<CBinaryData>());
         case ItemType_base64Binary:
-            return CConversions::base64BinaryToString(Held(m_value.binary));
+            return CConversions::base64BinaryToString(Held<CBinaryData>());
         case ItemType_duration:
-            return CConversions::durationToString(Held(m_value.span));
+            return CConversions::durationToString(Held<CDateTimeSpan>());
         // The five date forms are one: the value's own CDateTime kind gives the form.
         case ItemType_yearMonth:
-            return CConversions::yearMonthToString(Held(m_value.dateTime));
+            return CConversions::yearMonthToString(Held<CDateTime>());
         case ItemType_monthDay:
-            return CConversions::monthDayToString(Held(m_value.dateTime));
+            return CConversions::monthDayToString(Held<CDateTime>());
         case ItemType_date:
-            return CConversions::dateToString(Held(m_value.dateTime));
+            return CConversions::dateToString(Held<CDateTime>());
         case ItemType_datetime:
-            return CConversions::datetimeToString(Held(m_value.dateTime));
+            return CConversions::datetimeToString(Held<CDateTime>());
         case ItemType_time:
-            return CConversions::timeToString(Held(m_value.dateTime));
+            return CConversions::timeToString(Held<CDateTime>());
         case ItemType_decimal:
-            return CConversions::decimalToString(Held(m_value.decimal), format);
+            return CConversions::decimalToString(Held<CDecimal>(), format);
         case ItemType_integer:
-            return CConversions::integerToString(Held(m_value.integer));
+            return CConversions::integerToString(Held<CBigInteger>());
         default:
             ThrowNoText(static_cast<int>(m_type));
     }
@@ -419,10 +420,7 @@ void OrvexVariant::FromString(const std::string& text, ItemType type, CWhitespac
             SetChar(CConversions::charFromString(text, rule));
             return;
         case ItemType_string: {
-            std::string* value = new std::string(CConversions::stringFromString(text, rule));
-            Clear();
-            m_type = ItemType_string;
-            m_value.str = value;
+            SetHeld(ItemType_string, CConversions::stringFromString(text, rule));
             return;
         }
         case ItemType_boolean:
@@ -440,38 +438,57 @@ void OrvexVariant::FromString(const std::string& text, ItemType type, CWhitespac
             return;
         // The value classes: as their setters, with the parsed value moved in, not copied.
         case ItemType_hexBinary:
-            SetHeld(ItemType_hexBinary, &Value::binary, CConversions::hexBinaryFromString(text, rule));
+            SetHeld(ItemType_hexBinary, CConversions::hexBinaryFromString(text, rule));
             return;
         case ItemType_base64Binary:
-            SetHeld(ItemType_base64Binary, &Value::binary, CConversions::base64BinaryFromString(text, rule));
+            SetHeld(ItemType_base64Binary, CConversions::base64BinaryFromString(text, rule));
             return;
         case ItemType_duration:
-            SetHeld(ItemType_duration, &Value::span, CConversions::durationFromString(text, rule));
+            SetHeld(ItemType_duration, CConversions::durationFromString(text, rule));
             return;
         case ItemType_yearMonth:
-            SetHeld(ItemType_yearMonth, &Value::dateTime, CConversions::yearMonthFromString(text, rule));
+            SetHeld(ItemType_yearMonth, CConversions::yearMonthFromString(text, rule));
             return;
         case ItemType_monthDay:
-            SetHeld(ItemType_monthDay, &Value::dateTime, CConversions::monthDayFromString(text, rule));
+            SetHeld(ItemType_monthDay, CConversions::monthDayFromString(text, rule));
             return;
         case ItemType_date:
-            SetHeld(ItemType_date, &Value::dateTime, CConversions::dateFromString(text, rule));
+            SetHeld(ItemType_date, CConversions::dateFromString(text, rule));
             return;
         case ItemType_datetime:
-            SetHeld(ItemType_datetime, &Value::dateTime, CConversions::datetimeFromString(text, rule));
+            SetHeld(ItemType_datetime, CConversions::datetimeFromString(text, rule));
             return;
         case ItemType_time:
-            SetHeld(ItemType_time, &Value::dateTime, CConversions::timeFromString(text, rule));
+            SetHeld(ItemType_time, CConversions::timeFromString(text, rule));
             return;
         case ItemType_decimal:
-            SetHeld(ItemType_decimal, &Value::decimal, CConversions::decimalFromString(text, rule));
+            SetHeld(ItemType_decimal, CConversions::decimalFromString(text, rule));
             return;
         case ItemType_integer:
-            SetHeld(ItemType_integer, &Value::integer, CConversions::integerFromString(text, rule));
+            SetHeld(ItemType_integer, CConversions::integerFromString(text, rule));
             return;
         default:
             ThrowNoText(static_cast<int>(type));
     }
+}
+
+void OrvexVariant::FromStringBorrowing(const std::string& text, ItemType type, CWhitespaceUtils::WhitespaceRule rule)
+{
+    if (type != ItemType_string) {
+        FromString(text, type, rule);
+        return;
+    }
+    // As FromString: the rule runs before anything changes.
+    std::string scratch;
+    const std::string& processed = CWhitespaceUtils::ApplyRule(rule, text, scratch);
+    if (&processed != &text) {
+        SetHeld(ItemType_string, std::move(scratch));
+        return;
+    }
+    Clear();
+    m_value.borrowed = &text;
+    m_borrowed = true;
+    m_type = ItemType_string;
 }
 
 }  // namespace OrvexXmlLib5

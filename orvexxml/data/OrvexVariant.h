@@ -4,7 +4,10 @@
 
 #include "orvexxml/Export.h"
 
+#include <cstddef>
 #include <cstdint>
+#include <initializer_list>
+#include <new>
 #include <string>
 
 #include "orvexxml/data/BinaryData.h"
@@ -19,6 +22,9 @@ namespace OrvexXmlLib5 {
 
 class CXmlObjectBase;
 class CXmlCollectionBase;
+namespace Detail {
+class CVariantAccess;
+}
 
 // Stored in generated code: the numbers are fixed. The fixed underlying type
 // lets any number reach the checks that refuse it.
@@ -55,10 +61,30 @@ enum ItemType : int
     ItemType_XmlCollection = 28
 };
 
-// Getters do not look at the type: the caller knows it from the descriptor. The
-// variant owns what it points to; the two object kinds hold one reference each.
-// The value classes are held by one allocated copy each; a binary copy shares the
-// bytes with its source until either side writes them.
+namespace Detail {
+// The size of the largest of the classes T.
+template <typename... T>
+constexpr std::size_t LargestOf()
+{
+    std::size_t size = 0;
+    for (std::size_t each : {sizeof(T)...}) size = each > size ? each : size;
+    return size;
+}
+
+// Bytes for any one of the classes T, aligned for each.
+template <typename... T>
+struct CRoomFor
+{
+    alignas(T...) unsigned char bytes[LargestOf<T...>()];
+};
+}  // namespace Detail
+
+// Getters of the in-place kinds do not look at the type: the caller knows it from
+// the descriptor. The variant owns what it holds; the two object kinds hold one
+// reference each. The string and the value classes are held in the variant itself,
+// without an allocation of their own; a getter of one of them gives the empty
+// value unless the variant holds that kind. A binary copy shares the bytes with
+// its source until either side writes them.
 struct ORVEXXML_API OrvexVariant
 {
 public:
@@ -166,32 +192,32 @@ public:
     // The value as ItemType_boolean; meaningless when another type is held.
     bool GetBoolean() const { return m_value.u8 != 0; }
     // A copy; empty when no string is held.
-    std::string GetString() const { return m_value.str ? *m_value.str : std::string(); }
+    std::string GetString() const { return m_type == ItemType_string ? StringRef() : std::string(); }
     // The held string itself, without a copy; valid until the variant changes.
     const std::string& GetStringRef() const;
     // The object held, with a new reference; for the two object kinds only.
     CSmartPtr<CXmlObjectBase> GetXmlObject() const;
     // The value-class getters give a copy, or the class's empty value when nothing
     // is held. The binary pair reads one CBinaryData, the five date getters one CDateTime.
-    CBinaryData GetHexBinary() const { return Held(m_value.binary); }
+    CBinaryData GetHexBinary() const { return Held<CBinaryData>(); }
     // A copy of the ItemType_base64Binary value; the empty value when none is held.
-    CBinaryData GetBase64Binary() const { return Held(m_value.binary); }
+    CBinaryData GetBase64Binary() const { return Held<CBinaryData>(); }
     // A copy of the ItemType_duration value; the empty value when none is held.
-    CDateTimeSpan GetDuration() const { return Held(m_value.span); }
+    CDateTimeSpan GetDuration() const { return Held<CDateTimeSpan>(); }
     // A copy of the ItemType_yearMonth value; the empty value when none is held.
-    CDateTime GetYearMonth() const { return Held(m_value.dateTime); }
+    CDateTime GetYearMonth() const { return Held<CDateTime>(); }
     // A copy of the ItemType_monthDay value; the empty value when none is held.
-    CDateTime GetMonthDay() const { return Held(m_value.dateTime); }
+    CDateTime GetMonthDay() const { return Held<CDateTime>(); }
     // A copy of the ItemType_date value; the empty value when none is held.
-    CDateTime GetDate() const { return Held(m_value.dateTime); }
+    CDateTime GetDate() const { return Held<CDateTime>(); }
     // A copy of the ItemType_datetime value; the empty value when none is held.
-    CDateTime GetDateTime() const { return Held(m_value.dateTime); }
+    CDateTime GetDateTime() const { return Held<CDateTime>(); }
     // A copy of the ItemType_time value; the empty value when none is held.
-    CDateTime GetTime() const { return Held(m_value.dateTime); }
+    CDateTime GetTime() const { return Held<CDateTime>(); }
     // A copy of the ItemType_decimal value; the empty value when none is held.
-    CDecimal GetDecimal() const { return Held(m_value.decimal); }
+    CDecimal GetDecimal() const { return Held<CDecimal>(); }
     // A copy of the ItemType_integer value; the empty value when none is held.
-    CBigInteger GetInteger() const { return Held(m_value.integer); }
+    CBigInteger GetInteger() const { return Held<CBigInteger>(); }
     // The collection kind (28) is held, copied and released through its
     // CXmlObjectBase part like the object kind; a null collection still sets the type.
     void SetXmlCollection(CXmlCollectionBase* collection);
@@ -206,7 +232,8 @@ public:
     void FromString(const std::string& text, ItemType type, CWhitespaceUtils::WhitespaceRule rule);
 
 private:
-    // Both object kinds are held through their CXmlObjectBase part.
+    // Both object kinds are held through their CXmlObjectBase part; the string and
+    // the value classes are made in place in held.
     union Value {
         std::uint64_t bits;
         std::uint32_t u32;
@@ -214,28 +241,53 @@ private:
         std::uint8_t u8;
         float r4;
         double r8;
-        std::string* str;
-        CBinaryData* binary;
-        CDateTimeSpan* span;
-        CDateTime* dateTime;
-        CDecimal* decimal;
-        CBigInteger* integer;
         CXmlObjectBase* object;
         void* pointer;
+        // The text a reading descriptor lends for the time of one property store.
+        const std::string* borrowed;
+        Detail::CRoomFor<std::string, CBinaryData, CDateTimeSpan, CDateTime, CDecimal, CBigInteger> held;
     };
 
     ItemType m_type;
+    // With ItemType_string: the string is not held but borrowed (see CVariantAccess).
+    bool m_borrowed = false;
     Value m_value;
 
-    // Replaces the contents with value, moved into an allocated object, under type.
-    // The object is made before the old contents go, so a failure leaves them.
+    friend class Detail::CVariantAccess;
+
+    // The string held or borrowed; only while the variant is of ItemType_string.
+    const std::string& StringRef() const { return m_borrowed ? *m_value.borrowed : Ref<std::string>(); }
+    // FromString for a caller that keeps text alive and unchanged until this variant
+    // changes or ends: a string that the rule leaves as it is is borrowed, not copied.
+    void FromStringBorrowing(const std::string& text, ItemType type, CWhitespaceUtils::WhitespaceRule rule);
+
+    // Replaces the contents with value, moved in place, under type. The value is
+    // made by the caller before the old contents go, so a failure leaves them.
     template <typename T>
-    void SetHeld(ItemType type, T* Value::*member, T value);
+    void SetHeld(ItemType type, T value);
+    // The held value of kind T; only while the variant holds that kind.
     template <typename T>
-    static const T& Held(const T* held)
+    const T& Ref() const
+    {
+        return *std::launder(reinterpret_cast<const T*>(m_value.held.bytes));
+    }
+    // True when the type held is of class T (the argument only picks the class).
+    bool Holds(const std::string*) const { return m_type == ItemType_string; }
+    bool Holds(const CBinaryData*) const { return m_type == ItemType_hexBinary || m_type == ItemType_base64Binary; }
+    bool Holds(const CDateTimeSpan*) const { return m_type == ItemType_duration; }
+    bool Holds(const CDateTime*) const
+    {
+        return m_type == ItemType_yearMonth || m_type == ItemType_monthDay || m_type == ItemType_date ||
+               m_type == ItemType_datetime || m_type == ItemType_time;
+    }
+    bool Holds(const CDecimal*) const { return m_type == ItemType_decimal; }
+    bool Holds(const CBigInteger*) const { return m_type == ItemType_integer; }
+    // The held value of class T, or its empty value when the variant holds another kind.
+    template <typename T>
+    const T& Held() const
     {
         static const T empty;
-        return held ? *held : empty;
+        return Holds(static_cast<const T*>(nullptr)) ? Ref<T>() : empty;
     }
 };
 

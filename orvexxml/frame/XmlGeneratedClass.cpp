@@ -217,12 +217,15 @@ CXmlElement* CXmlGeneratedClass::FromXml_Int(CXmlElement* element, CXmlElement* 
 CXmlElement* CXmlGeneratedClass::FromXmlBody(CXmlElement* element, CXmlElement* firstChild,
                                              const CXmlSerializationContext& context, bool isOptional)
 {
-    Init();
+    // An object its maker has just constructed is in its starting state already.
+    if (!TakeJustMade()) Init();
     // Every walk below reads the element; a tree without one has nothing to give.
     if (!element) throw COrvexException("Invalid or empty XML document");
     const CParentElementInfo* info = GetClassInfo();
     const XmlElementType type = info->GetElementType();
-    if (type == ElementType_Element) SetElementName(element->GetLocalName().c_str());
+    // The name is most often the one the object was made with: then nothing changes.
+    if (type == ElementType_Element && ElementNameRef() != element->GetLocalName())
+        SetElementName(element->GetLocalName().c_str());
 
     ProcessAttributesFromXml(context, element, info->GetFromXmlFailIfAttributeUnknown());
 
@@ -255,14 +258,21 @@ void CXmlGeneratedClass::ProcessAttributesFromXml(const CXmlSerializationContext
 {
     CAttributeInfo** descriptors = GetClassAttributeInfo();
     const int count = GetClassAttributeInfoCount();
-    std::vector<char> seen(static_cast<std::size_t>(count), 0);
+    // Most classes have a few attributes: their marks stay on the stack.
+    char local[16] = {};
+    std::vector<char> more;
+    char* seen = local;
+    if (count > static_cast<int>(sizeof local)) {
+        more.assign(static_cast<std::size_t>(count), 0);
+        seen = more.data();
+    }
 
     for (CXmlAttribute* attribute : element->GetAttributes()) {
         if (attribute->IsNamespaceAttribute()) continue;
         bool taken = false;
         for (int i = 0; i < count && !taken; ++i) {
             if (descriptors[i]->AttributeFromXml(context, this, attribute)) {
-                seen[static_cast<std::size_t>(i)] = 1;
+                seen[i] = 1;
                 taken = true;
             }
         }
@@ -271,7 +281,7 @@ void CXmlGeneratedClass::ProcessAttributesFromXml(const CXmlSerializationContext
                 FormatString("Unexpected Attribute [%s] found.", attribute->GetLocalName().c_str()));
     }
 
-    for (int i = 0; i < count; ++i) descriptors[i]->Validate(context, seen[static_cast<std::size_t>(i)] != 0);
+    for (int i = 0; i < count; ++i) descriptors[i]->Validate(context, seen[i] != 0);
 }
 
 CXmlElement* CXmlGeneratedClass::ProcessElementSeqFromXml(const CXmlSerializationContext& context,
@@ -300,7 +310,14 @@ CXmlElement* CXmlGeneratedClass::ProcessElementAllFromXml(const CXmlSerializatio
     CXmlElement* const start = current;
     CElementInfo** elements = GetClassElementInfo();
     const int count = GetClassElementInfoCount();
-    std::vector<char> seen(static_cast<std::size_t>(count), 0);
+    // The marks of up to 32 members stay on the stack.
+    char local[32] = {};
+    std::vector<char> more;
+    char* seen = local;
+    if (count > static_cast<int>(sizeof local)) {
+        more.assign(static_cast<std::size_t>(count), 0);
+        seen = more.data();
+    }
     const std::string parentNamespace = GetNamespace();
 
     // The walk goes over the children again and again; in each pass every
@@ -335,7 +352,7 @@ CXmlElement* CXmlGeneratedClass::ProcessElementAllFromXml(const CXmlSerializatio
     auto nextToOffer = [&](int from) {
         int next = count;
         for (auto it = std::lower_bound(open.begin(), open.end(), from); it != open.end(); ++it) {
-            if (!seen[static_cast<std::size_t>(*it)]) {
+            if (!seen[*it]) {
                 next = *it;
                 break;
             }
@@ -343,14 +360,13 @@ CXmlElement* CXmlGeneratedClass::ProcessElementAllFromXml(const CXmlSerializatio
         if (!current) return next;
         const auto range = std::equal_range(named.begin(), named.end(), current->GetLocalName(), CByName());
         for (auto it = range.first; it != range.second && it->index < next; ++it) {
-            if (it->index < from || seen[static_cast<std::size_t>(it->index)]) continue;
+            if (it->index < from || seen[it->index]) continue;
             if (elements[it->index]->IsThisElement(context, current)) return it->index;
         }
         return next;
     };
     auto offer = [&](int i) {
-        seen[static_cast<std::size_t>(i)] =
-            ReadChild(elements[i], context, this, parent, &current, parentNamespace.c_str(), type) ? 1 : 0;
+        seen[i] = ReadChild(elements[i], context, this, parent, &current, parentNamespace.c_str(), type) ? 1 : 0;
     };
 
     bool moved = true;
@@ -378,9 +394,7 @@ CXmlElement* CXmlGeneratedClass::ProcessElementAllFromXml(const CXmlSerializatio
     }
 
     for (int i = 0; i < count; ++i)
-        if (!elements[i]->Validate(context, this, seen[static_cast<std::size_t>(i)] != 0,
-                                   type == ElementType_Element))
-            return start;
+        if (!elements[i]->Validate(context, this, seen[i] != 0, type == ElementType_Element)) return start;
 
     if (type != ElementType_Element || !current) return current;
     if (context.GetIgnoreUnknownElements()) return current;

@@ -51,6 +51,19 @@ CXmlElement* CXmlObjectBase::FromXml_Int(CXmlObjectBase* object, CXmlElement* el
     return object->FromXml_Int(element, firstChild, context, false);
 }
 
+CXmlElement* CXmlObjectBase::FromXml_IntMade(CXmlObjectBase* object, CXmlElement* element, CXmlElement* firstChild,
+                                             const CXmlSerializationContext& context)
+{
+    // A class that does not take the mark leaves it for no later read.
+    struct CClearMark
+    {
+        CXmlObjectBase* object;
+        ~CClearMark() { object->m_justMade = false; }
+    } clear{object};
+    object->m_justMade = true;
+    return object->FromXml_Int(element, firstChild, context, false);
+}
+
 void CXmlObjectBase::FromXml(const char* xml, const CXmlSerializationContext& context)
 {
     CXmlDocument document(context);

@@ -145,6 +145,18 @@ protected:
     // Calls the FromXml_Int of object, as a mandatory element.
     static CXmlElement* FromXml_Int(CXmlObjectBase* object, CXmlElement* element, CXmlElement* firstChild,
                                     const CXmlSerializationContext& context);
+    // The same for an object the caller has just made, whose constructor brought it
+    // to its starting state: a generated class does not run Init a second time.
+    static CXmlElement* FromXml_IntMade(CXmlObjectBase* object, CXmlElement* element, CXmlElement* firstChild,
+                                        const CXmlSerializationContext& context);
+    // True once after FromXml_IntMade has entered the object's read: the object is
+    // as its constructor left it. Reading clears it.
+    bool TakeJustMade()
+    {
+        const bool made = m_justMade;
+        m_justMade = false;
+        return made;
+    }
 
     // A copy of the name of the element this object is written as.
     std::string GetElementName() const { return m_elementName; }
@@ -195,6 +207,8 @@ private:
 
     std::string m_elementName;
     std::int32_t m_refCount;
+    // Set by FromXml_IntMade for the read it starts; never copied.
+    bool m_justMade = false;
 };
 
 }  // namespace OrvexXmlLib5

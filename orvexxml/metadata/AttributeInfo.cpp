@@ -2,6 +2,7 @@
 
 #include "orvexxml/collections/Attribute.h"
 #include "orvexxml/frame/FormatString.h"
+#include "orvexxml/data/detail/VariantAccess.h"
 #include "orvexxml/frame/OrvexException.h"
 #include "orvexxml/frame/XmlGeneratedClass.h"
 #include "orvexxml/frame/detail/ObjectAccess.h"
@@ -100,17 +101,19 @@ void CAttributeInfoPrimitive::AttributeToXml(const CXmlSerializationContext&, co
     ReadProperty(owner, value);
     if (GetOptional() && !value.IsValid()) return;
     CheckRestriction(value);
-    writer->WriteAttribute(GetAttributeName(), GetAttributeNamespace(), value.ToString(m_format));
+    writer->WriteAttribute(AttributeNameRef(), AttributeNamespaceRef(), value.ToString(m_format));
 }
 
 bool CAttributeInfoPrimitive::AttributeFromXml(const CXmlSerializationContext&, CXmlGeneratedClass* owner,
                                                CXmlAttribute* attribute)
 {
-    if (!attribute || attribute->GetLocalName() != GetAttributeName() ||
-        attribute->GetNamespaceURI() != GetAttributeNamespace())
+    if (!attribute || attribute->GetLocalName() != AttributeNameRef() ||
+        attribute->GetNamespaceURI() != AttributeNamespaceRef())
         return false;
+    // The variant may borrow the text, which outlives it.
+    const std::string& text = attribute->GetValue();
     OrvexVariant value;
-    value.FromString(attribute->GetValue(), m_itemType, m_whitespaceRule);
+    OrvexXmlLib5::Detail::CVariantAccess::FromTextLent(value, text, m_itemType, m_whitespaceRule);
     AccessProperty(owner, false, value);
     return true;
 }
@@ -119,7 +122,7 @@ void CAttributeInfoPrimitive::Validate(const CXmlSerializationContext&, bool see
 
 void CAttributeInfoPrimitive::CheckRestriction(OrvexVariant value) const
 {
-    CheckPrimitiveRestriction(GetAttributeName().c_str(), value, m_itemType, m_restrictions);
+    CheckPrimitiveRestriction(AttributeNameRef().c_str(), value, m_itemType, m_restrictions);
 }
 
 CAttributeInfoEnum::CAttributeInfoEnum(const char* name, const char* namespaceUri, int propertyIndex, bool optional,
@@ -134,7 +137,7 @@ void CAttributeInfoEnum::AttributeToXml(const CXmlSerializationContext&, const C
     OrvexVariant value;
     ReadProperty(owner, value);
     if (GetOptional() && !value.IsValid()) return;
-    writer->WriteAttribute(GetAttributeName(), GetAttributeNamespace(),
+    writer->WriteAttribute(AttributeNameRef(), AttributeNamespaceRef(),
                            Text(m_toString ? m_toString(value.GetI4()) : nullptr));
 }
 

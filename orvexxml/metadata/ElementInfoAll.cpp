@@ -2,6 +2,7 @@
 
 #include "orvexxml/collections/XmlCollectionBase.h"
 #include "orvexxml/frame/FormatString.h"
+#include "orvexxml/data/detail/VariantAccess.h"
 #include "orvexxml/frame/OrvexException.h"
 #include "orvexxml/metadata/detail/ElementReading.h"
 #include "orvexxml/metadata/detail/UntypedReading.h"
@@ -25,7 +26,7 @@ bool CElementInfoAllCol::ElementFromXml(const CXmlSerializationContext& context,
 {
     OrvexVariant value;
     AccessProperty(owner, true, value);
-    CSmartPtr<CXmlCollectionBase> collection = Detail::RequireCollection(value, GetElementName());
+    CSmartPtr<CXmlCollectionBase> collection = Detail::RequireCollection(value, ElementNameRef());
     *current = FromXml_Int(collection->GetBase(), parent, *current, context, false);
     // Never finished: the walk sees any progress by the position.
     return false;
@@ -65,7 +66,7 @@ bool CElementInfoAllAbsClsMnd::Validate(const CXmlSerializationContext&, const C
                                         bool parentIsElement) const
 {
     if (seen || !parentIsElement) return seen;
-    throw MissingMandatory(GetElementName());
+    throw MissingMandatory(ElementNameRef());
 }
 
 void CElementInfoAllAbsClsMnd::PseudoChildAttributeToXml(const CXmlSerializationContext& context,
@@ -116,13 +117,13 @@ bool CElementInfoAllClsMnd::ElementFromXml(const CXmlSerializationContext& conte
     if (m_childType == ElementType_Element) {
         if (!IsThisElement(context, *current)) return false;
         AccessProperty(owner, true, value);
-        FromXml_Int(Detail::RequireObject(value, GetElementName()), *current, (*current)->GetFirstElement(), context,
+        FromXml_Int(Detail::RequireObject(value, ElementNameRef()), *current, (*current)->GetFirstElement(), context,
                     false);
         *current = (*current)->GetNextSiblingElement();
         return true;
     }
     AccessProperty(owner, true, value);
-    CXmlElement* next = FromXml_Int(Detail::RequireObject(value, GetElementName()), parent, *current, context, false);
+    CXmlElement* next = FromXml_Int(Detail::RequireObject(value, ElementNameRef()), parent, *current, context, false);
     const bool taken = next != *current;
     *current = next;
     return taken;
@@ -133,7 +134,7 @@ bool CElementInfoAllClsMnd::Validate(const CXmlSerializationContext&, const CXml
 {
     if (seen || !parentIsElement) return seen;
     if (m_childType != ElementType_Pseudo && !m_mustConsume) return true;
-    throw MissingMandatory(GetElementName());
+    throw MissingMandatory(ElementNameRef());
 }
 
 void CElementInfoAllClsMnd::PseudoChildAttributeToXml(const CXmlSerializationContext& context,
@@ -154,16 +155,16 @@ bool CElementInfoAllClsOpt::ElementFromXml(const CXmlSerializationContext& conte
     OrvexVariant value;
     if (m_childType == ElementType_Element) {
         if (!IsThisElement(context, *current)) return false;
-        if (m_factory) value.SetXmlObject(m_factory(m_classId, GetElementName().c_str()));
-        FromXml_Int(Detail::RequireObject(value, GetElementName()), *current, (*current)->GetFirstElement(), context,
+        if (m_factory) value.SetXmlObject(m_factory(m_classId, ElementNameRef().c_str()));
+        FromXml_Int(Detail::RequireObject(value, ElementNameRef()), *current, (*current)->GetFirstElement(), context,
                     false);
         *current = (*current)->GetNextSiblingElement();
         AccessProperty(owner, false, value);
         return true;
     }
     if (!*current) return false;
-    if (m_factory) value.SetXmlObject(m_factory(m_classId, GetElementName().c_str()));
-    CXmlElement* next = FromXml_Int(Detail::RequireObject(value, GetElementName()), parent, *current, context, false);
+    if (m_factory) value.SetXmlObject(m_factory(m_classId, ElementNameRef().c_str()));
+    CXmlElement* next = FromXml_Int(Detail::RequireObject(value, ElementNameRef()), parent, *current, context, false);
     // A pseudo child that consumed nothing is dropped; the property keeps what it had.
     const bool taken = next != *current;
     if (taken) AccessProperty(owner, false, value);
@@ -209,7 +210,7 @@ bool CElementInfoAllEnumMnd::Validate(const CXmlSerializationContext&, const CXm
                                       bool parentIsElement) const
 {
     if (seen || !parentIsElement) return seen;
-    throw MissingMandatory(GetElementName());
+    throw MissingMandatory(ElementNameRef());
 }
 
 bool CElementInfoAllEnumOpt::ElementToXml(const CXmlSerializationContext& context, const CXmlGeneratedClass* owner,
@@ -244,8 +245,10 @@ bool CElementInfoAllPrimMnd::ElementFromXml(const CXmlSerializationContext& cont
                                             CXmlElement*, CXmlElement** current, const char*, XmlElementType)
 {
     if (!IsThisElement(context, *current)) return false;
+    // The variant may borrow the text, which outlives it.
+    const std::string& text = (*current)->GetText();
     OrvexVariant value;
-    value.FromString((*current)->GetText(), GetItemType(), GetWhitespaceRule());
+    OrvexXmlLib5::Detail::CVariantAccess::FromTextLent(value, text, GetItemType(), GetWhitespaceRule());
     AccessProperty(owner, false, value);
     *current = (*current)->GetNextSiblingElement();
     return true;
@@ -255,7 +258,7 @@ bool CElementInfoAllPrimMnd::Validate(const CXmlSerializationContext&, const CXm
                                       bool parentIsElement) const
 {
     if (seen || !parentIsElement) return seen;
-    throw MissingMandatory(GetElementName());
+    throw MissingMandatory(ElementNameRef());
 }
 
 bool CElementInfoAllPrimOpt::ElementToXml(const CXmlSerializationContext& context, const CXmlGeneratedClass* owner,
@@ -268,8 +271,10 @@ bool CElementInfoAllPrimOpt::ElementFromXml(const CXmlSerializationContext& cont
                                             CXmlElement*, CXmlElement** current, const char*, XmlElementType)
 {
     if (!IsThisElement(context, *current)) return false;
+    // The variant may borrow the text, which outlives it.
+    const std::string& text = (*current)->GetText();
     OrvexVariant value;
-    value.FromString((*current)->GetText(), GetItemType(), GetWhitespaceRule());
+    OrvexXmlLib5::Detail::CVariantAccess::FromTextLent(value, text, GetItemType(), GetWhitespaceRule());
     AccessProperty(owner, false, value);
     *current = (*current)->GetNextSiblingElement();
     return true;
@@ -290,7 +295,7 @@ bool CElementInfoAllUntpdMnd::Validate(const CXmlSerializationContext&, const CX
                                        bool parentIsElement) const
 {
     if (seen || !parentIsElement) return seen;
-    throw MissingMandatory(GetElementName());
+    throw MissingMandatory(ElementNameRef());
 }
 
 bool CElementInfoAllUntpdOpt::ElementToXml(const CXmlSerializationContext& context, const CXmlGeneratedClass* owner,
@@ -310,9 +315,10 @@ bool CElementInfoAllUntpdMnd::ElementFromXml(const CXmlSerializationContext& con
     if (!*current) return false;
     OrvexVariant value;
     AccessProperty(owner, true, value);
-    CSmartPtr<CXmlObjectBase> object = Detail::RequireObject(value, GetElementName());
+    CSmartPtr<CXmlObjectBase> object = Detail::RequireObject(value, ElementNameRef());
     CXmlElement* next = *current;
-    if (Detail::UntypedNameMatches(GetElementName(), *current)) next = FromXml_Int(object, parent, *current, context, false);
+    if (Detail::UntypedNameMatches(ElementNameRef(), *current))
+        next = FromXml_Int(object, parent, *current, context, false);
     if (next == *current) return false;
     *current = next;
     return true;
@@ -325,7 +331,7 @@ bool CElementInfoAllUntpdOpt::ElementFromXml(const CXmlSerializationContext& con
     if (!*current) return false;
     CXmlElement* next = nullptr;
     CSmartPtr<CElement> element = Detail::ReadOptionalUntyped(
-        GetElementName(),
+        ElementNameRef(),
         GetAnyDefaultNamespace(m_namespaceConstraint.c_str(), parentNamespace ? parentNamespace : "",
                                m_targetNamespace.c_str()),
         m_namespaceConstraint, m_targetNamespace, parent, *current, context, next);

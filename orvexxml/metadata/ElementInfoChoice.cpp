@@ -2,6 +2,7 @@
 
 #include "orvexxml/collections/XmlCollectionBase.h"
 #include "orvexxml/frame/FormatString.h"
+#include "orvexxml/data/detail/VariantAccess.h"
 #include "orvexxml/frame/OrvexException.h"
 #include "orvexxml/metadata/detail/ElementReading.h"
 #include "orvexxml/metadata/detail/UntypedReading.h"
@@ -19,7 +20,7 @@ bool CElementInfoChoiceCol::ElementFromXml(const CXmlSerializationContext& conte
 {
     OrvexVariant value;
     AccessProperty(owner, true, value);
-    CSmartPtr<CXmlCollectionBase> collection = Detail::RequireCollection(value, GetElementName());
+    CSmartPtr<CXmlCollectionBase> collection = Detail::RequireCollection(value, ElementNameRef());
     CXmlElement* next = FromXml_Int(collection->GetBase(), parent, *current, context, false);
     // An absent alternative is not held to its min occurs.
     if (next == *current) return false;
@@ -49,8 +50,8 @@ bool CElementInfoChoiceClsOpt::ElementFromXml(const CXmlSerializationContext& co
     OrvexVariant value;
     if (m_childType == ElementType_Element) {
         if (!IsThisElement(context, *current)) return false;
-        if (m_factory) value.SetXmlObject(m_factory(m_classId, GetElementName().c_str()));
-        CSmartPtr<CXmlObjectBase> object = Detail::RequireObject(value, GetElementName());
+        if (m_factory) value.SetXmlObject(m_factory(m_classId, ElementNameRef().c_str()));
+        CSmartPtr<CXmlObjectBase> object = Detail::RequireObject(value, ElementNameRef());
         // Stored before reading, so that the setter selects the alternative first.
         AccessProperty(owner, false, value);
         // An element that is there and empty is a valid alternative, even when the
@@ -61,8 +62,8 @@ bool CElementInfoChoiceClsOpt::ElementFromXml(const CXmlSerializationContext& co
     }
 
     if (!*current) return false;
-    if (m_factory) value.SetXmlObject(m_factory(m_classId, GetElementName().c_str()));
-    CSmartPtr<CXmlObjectBase> object = Detail::RequireObject(value, GetElementName());
+    if (m_factory) value.SetXmlObject(m_factory(m_classId, ElementNameRef().c_str()));
+    CSmartPtr<CXmlObjectBase> object = Detail::RequireObject(value, ElementNameRef());
     AccessProperty(owner, false, value);
     CXmlElement* next = FromXml_Int(object, parent, *current, context, false);
     if (next != *current) {
@@ -90,8 +91,10 @@ bool CElementInfoChoicePrimOpt::ElementFromXml(const CXmlSerializationContext& c
                                                CXmlElement*, CXmlElement** current, const char*, XmlElementType)
 {
     if (!IsThisElement(context, *current)) return false;
+    // The variant may borrow the text, which outlives it.
+    const std::string& text = (*current)->GetText();
     OrvexVariant value;
-    value.FromString((*current)->GetText(), GetItemType(), GetWhitespaceRule());
+    OrvexXmlLib5::Detail::CVariantAccess::FromTextLent(value, text, GetItemType(), GetWhitespaceRule());
     AccessProperty(owner, false, value);
     *current = (*current)->GetNextSiblingElement();
     return true;
@@ -164,7 +167,7 @@ bool CElementInfoChoiceUntpdOpt::ElementFromXml(const CXmlSerializationContext& 
     if (!*current) return false;
     CXmlElement* next = nullptr;
     CSmartPtr<CElement> element = Detail::ReadOptionalUntyped(
-        GetElementName(),
+        ElementNameRef(),
         GetAnyDefaultNamespace(m_namespaceConstraint.c_str(), parentNamespace ? parentNamespace : "",
                                m_targetNamespace.c_str()),
         m_namespaceConstraint, m_targetNamespace, parent, *current, context, next);
@@ -183,8 +186,8 @@ bool CElementInfoChoiceUntpdCol::ElementFromXml(const CXmlSerializationContext& 
 {
     OrvexVariant value;
     AccessProperty(owner, true, value);
-    CSmartPtr<CXmlCollectionBase> collection = Detail::RequireCollection(value, GetElementName());
-    CXmlElement* next = Detail::ReadUntypedRun(GetElementName(), collection.Get(), parent, *current, context);
+    CSmartPtr<CXmlCollectionBase> collection = Detail::RequireCollection(value, ElementNameRef());
+    CXmlElement* next = Detail::ReadUntypedRun(ElementNameRef(), collection.Get(), parent, *current, context);
     if (next == *current) return false;
     *current = next;
     if (!context.GetIgnoreInvalidCollectionCounts()) collection->ValidateCount(context);

@@ -2,6 +2,7 @@
 
 #include "orvexxml/collections/XmlCollectionBase.h"
 #include "orvexxml/frame/FormatString.h"
+#include "orvexxml/data/detail/VariantAccess.h"
 #include "orvexxml/frame/OrvexException.h"
 #include "orvexxml/metadata/detail/ElementReading.h"
 #include "orvexxml/metadata/detail/UntypedReading.h"
@@ -16,7 +17,7 @@ bool CElementInfoSeq::Validate(const CXmlSerializationContext&, const CXmlGenera
 
 void CElementInfoSeq::ThrowMissing() const
 {
-    throw COrvexValidationException(FormatString("Failed to find a required element [%s]", GetElementName().c_str()));
+    throw COrvexValidationException(FormatString("Failed to find a required element [%s]", ElementNameRef().c_str()));
 }
 
 bool CElementInfoSeq::RecoverMandatory(const CXmlSerializationContext& context, CXmlElement** current) const
@@ -36,7 +37,7 @@ bool CElementInfoSeqCol::ElementFromXml(const CXmlSerializationContext& context,
 {
     OrvexVariant value;
     AccessProperty(owner, true, value);
-    CSmartPtr<CXmlCollectionBase> collection = Detail::RequireCollection(value, GetElementName());
+    CSmartPtr<CXmlCollectionBase> collection = Detail::RequireCollection(value, ElementNameRef());
     *current = FromXml_Int(collection->GetBase(), parent, *current, context, false);
     if (!context.GetIgnoreInvalidCollectionCounts()) collection->ValidateCount(context);
     return true;
@@ -52,7 +53,7 @@ bool CElementInfoSeqAbsClsMnd::ElementFromXml(const CXmlSerializationContext& co
     if (object.IsNull()) {
         if (parentType != ElementType_Element) return false;
         throw COrvexValidationException(
-            FormatString("Failed to find a suitable substitution element for [%s]", GetElementName().c_str()));
+            FormatString("Failed to find a suitable substitution element for [%s]", ElementNameRef().c_str()));
     }
     FromXml_Int(object, *current, (*current)->GetFirstElement(), context, false);
     AccessProperty(owner, false, value);
@@ -87,7 +88,7 @@ bool CElementInfoSeqClsMnd::ElementFromXml(const CXmlSerializationContext& conte
             if (!RecoverMandatory(context, current)) return true;
         }
         AccessProperty(owner, true, value);
-        FromXml_Int(Detail::RequireObject(value, GetElementName()), *current, (*current)->GetFirstElement(), context,
+        FromXml_Int(Detail::RequireObject(value, ElementNameRef()), *current, (*current)->GetFirstElement(), context,
                     false);
         *current = (*current)->GetNextSiblingElement();
         return true;
@@ -98,7 +99,7 @@ bool CElementInfoSeqClsMnd::ElementFromXml(const CXmlSerializationContext& conte
         return false;
     }
     AccessProperty(owner, true, value);
-    CXmlElement* next = FromXml_Int(Detail::RequireObject(value, GetElementName()), parent, *current, context, false);
+    CXmlElement* next = FromXml_Int(Detail::RequireObject(value, ElementNameRef()), parent, *current, context, false);
     if (m_mustConsume && next == *current) {
         if (realParent) ThrowMissing();
         return false;
@@ -116,8 +117,8 @@ bool CElementInfoSeqClsOpt::ElementFromXml(const CXmlSerializationContext& conte
     OrvexVariant value;
     if (m_childType == ElementType_Element) {
         if (!IsThisElement(context, *current)) return true;
-        if (m_factory) value.SetXmlObject(m_factory(m_classId, GetElementName().c_str()));
-        FromXml_Int(Detail::RequireObject(value, GetElementName()), *current, (*current)->GetFirstElement(), context,
+        if (m_factory) value.SetXmlObject(m_factory(m_classId, ElementNameRef().c_str()));
+        FromXml_Int(Detail::RequireObject(value, ElementNameRef()), *current, (*current)->GetFirstElement(), context,
                     false);
         *current = (*current)->GetNextSiblingElement();
         AccessProperty(owner, false, value);
@@ -125,8 +126,8 @@ bool CElementInfoSeqClsOpt::ElementFromXml(const CXmlSerializationContext& conte
     }
 
     if (!*current) return true;
-    if (m_factory) value.SetXmlObject(m_factory(m_classId, GetElementName().c_str()));
-    CXmlElement* next = FromXml_Int(Detail::RequireObject(value, GetElementName()), parent, *current, context, false);
+    if (m_factory) value.SetXmlObject(m_factory(m_classId, ElementNameRef().c_str()));
+    CXmlElement* next = FromXml_Int(Detail::RequireObject(value, ElementNameRef()), parent, *current, context, false);
     // A pseudo child that consumed nothing is dropped; the property keeps what it had.
     if (next != *current) AccessProperty(owner, false, value);
     *current = next;
@@ -175,8 +176,10 @@ bool CElementInfoSeqPrimMnd::ElementFromXml(const CXmlSerializationContext& cont
             if (!found) return false;
         }
     }
+    // The variant may borrow the text, which outlives it.
+    const std::string& text = (*current)->GetText();
     OrvexVariant value;
-    value.FromString((*current)->GetText(), GetItemType(), GetWhitespaceRule());
+    OrvexXmlLib5::Detail::CVariantAccess::FromTextLent(value, text, GetItemType(), GetWhitespaceRule());
     AccessProperty(owner, false, value);
     *current = (*current)->GetNextSiblingElement();
     return true;
@@ -186,8 +189,10 @@ bool CElementInfoSeqPrimOpt::ElementFromXml(const CXmlSerializationContext& cont
                                             CXmlElement*, CXmlElement** current, const char*, XmlElementType)
 {
     if (!IsThisElement(context, *current)) return true;
+    // The variant may borrow the text, which outlives it.
+    const std::string& text = (*current)->GetText();
     OrvexVariant value;
-    value.FromString((*current)->GetText(), GetItemType(), GetWhitespaceRule());
+    OrvexXmlLib5::Detail::CVariantAccess::FromTextLent(value, text, GetItemType(), GetWhitespaceRule());
     AccessProperty(owner, false, value);
     *current = (*current)->GetNextSiblingElement();
     return true;
@@ -301,17 +306,18 @@ bool CElementInfoSeqUntpdMnd::ElementFromXml(const CXmlSerializationContext& con
 {
     if (!*current)
         throw COrvexValidationException(
-            FormatString("Failed to find a required element [%s]", GetElementName().c_str()));
+            FormatString("Failed to find a required element [%s]", ElementNameRef().c_str()));
     OrvexVariant value;
     AccessProperty(owner, true, value);
-    CSmartPtr<CXmlObjectBase> object = Detail::RequireObject(value, GetElementName());
+    CSmartPtr<CXmlObjectBase> object = Detail::RequireObject(value, ElementNameRef());
     // The name is tested on its own: the element tests its namespace itself.
     CXmlElement* next = *current;
-    if (Detail::UntypedNameMatches(GetElementName(), *current)) next = FromXml_Int(object, parent, *current, context, false);
+    if (Detail::UntypedNameMatches(ElementNameRef(), *current))
+        next = FromXml_Int(object, parent, *current, context, false);
     if (next == *current) {
         if (parentType != ElementType_Element) return false;
-        throw COrvexValidationException(FormatString("Failed to find the required element from namespace [%s]",
-                                                     GetElementNamespace().c_str()));
+        throw COrvexValidationException(
+            FormatString("Failed to find the required element from namespace [%s]", ElementNamespaceRef().c_str()));
     }
     *current = next;
     return true;
@@ -324,7 +330,7 @@ bool CElementInfoSeqUntpdOpt::ElementFromXml(const CXmlSerializationContext& con
     if (!*current) return true;
     CXmlElement* next = nullptr;
     CSmartPtr<CElement> element = Detail::ReadOptionalUntyped(
-        GetElementName(),
+        ElementNameRef(),
         GetAnyDefaultNamespace(m_namespaceConstraint.c_str(), parentNamespace ? parentNamespace : "",
                                m_targetNamespace.c_str()),
         m_namespaceConstraint, m_targetNamespace, parent, *current, context, next);
@@ -342,8 +348,8 @@ bool CElementInfoSeqUntpdCol::ElementFromXml(const CXmlSerializationContext& con
 {
     OrvexVariant value;
     AccessProperty(owner, true, value);
-    CSmartPtr<CXmlCollectionBase> collection = Detail::RequireCollection(value, GetElementName());
-    *current = Detail::ReadUntypedRun(GetElementName(), collection.Get(), parent, *current, context);
+    CSmartPtr<CXmlCollectionBase> collection = Detail::RequireCollection(value, ElementNameRef());
+    *current = Detail::ReadUntypedRun(ElementNameRef(), collection.Get(), parent, *current, context);
     if (!context.GetIgnoreInvalidCollectionCounts()) collection->ValidateCount(context);
     return true;
 }

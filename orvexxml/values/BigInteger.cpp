@@ -22,7 +22,7 @@ const CBigInteger CBigInteger::MIN_DOUBLE(CDecimal("-1.7E+308"));
 
 namespace {
 
-inline char DigitAt(const std::vector<char>& v, std::size_t i)
+inline char DigitAt(const detail::CDigitVector& v, std::size_t i)
 {
     return i < v.size() ? v[i] : 0;
 }
@@ -33,7 +33,7 @@ inline bool IsDigitChar(char c)
 }
 
 // acc += b, in place.
-void AddTo(std::vector<char>& acc, const std::vector<char>& b)
+void AddTo(detail::CDigitVector& acc, const detail::CDigitVector& b)
 {
     if (acc.size() < b.size())
         acc.resize(b.size(), 0);
@@ -59,7 +59,7 @@ void AddTo(std::vector<char>& acc, const std::vector<char>& b)
 }
 
 // acc -= b for acc >= b, in place, leaving leading zeros for the caller to clean.
-void SubtractFrom(std::vector<char>& acc, const std::vector<char>& b)
+void SubtractFrom(detail::CDigitVector& acc, const detail::CDigitVector& b)
 {
     char borrow = 0;
     std::size_t i = 0;
@@ -78,14 +78,14 @@ void SubtractFrom(std::vector<char>& acc, const std::vector<char>& b)
     }
 }
 
-bool IsZeroDigits(const std::vector<char>& v)
+bool IsZeroDigits(const detail::CDigitVector& v)
 {
     return v.size() <= 1 && (v.empty() || v[0] == 0);
 }
 
 // Scaling by powers of ten is how decimals change their number of places: those
 // products and quotients are digit moves, linear in the length.
-bool IsPowerOfTen(const std::vector<char>& v)
+bool IsPowerOfTen(const detail::CDigitVector& v)
 {
     if (v.empty() || v.back() != 1)
         return false;
@@ -98,7 +98,7 @@ bool IsPowerOfTen(const std::vector<char>& v)
 // Values of up to 19 digits fit in 64 bits, and so do products of up to 19 digits.
 constexpr std::size_t kMachineDigits = 19;
 
-std::uint64_t ToMachine(const std::vector<char>& v)
+std::uint64_t ToMachine(const detail::CDigitVector& v)
 {
     std::uint64_t value = 0;
     for (std::size_t i = v.size(); i-- > 0;)
@@ -106,7 +106,7 @@ std::uint64_t ToMachine(const std::vector<char>& v)
     return value;
 }
 
-void ShiftUp(const std::vector<char>& a, std::size_t k, std::vector<char>& out)
+void ShiftUp(const detail::CDigitVector& a, std::size_t k, detail::CDigitVector& out)
 {
     if (&out != &a)
         out = a;
@@ -115,13 +115,13 @@ void ShiftUp(const std::vector<char>& a, std::size_t k, std::vector<char>& out)
 
 // Products and quotients beyond machine words run on limbs of nine digits (see
 // detail/LimbArithmetic.h); the digits convert to limbs and back in linear time.
-void MultiplyLimbs(const std::vector<char>& a, const std::vector<char>& b, std::vector<char>& out)
+void MultiplyLimbs(const detail::CDigitVector& a, const detail::CDigitVector& b, detail::CDigitVector& out)
 {
     detail::DigitsFromLimbs(detail::Multiply(detail::LimbsFromDigits(a), detail::LimbsFromDigits(b)), out);
 }
 
-void DivideLimbs(const std::vector<char>& a, const std::vector<char>& b, std::vector<char>& quotient,
-                 std::vector<char>& remainder)
+void DivideLimbs(const detail::CDigitVector& a, const detail::CDigitVector& b, detail::CDigitVector& quotient,
+                 detail::CDigitVector& remainder)
 {
     detail::Limbs q;
     detail::Limbs r;

@@ -11,6 +11,8 @@
 #include <string>
 #include <vector>
 
+#include "orvexxml/values/detail/DigitVector.h"
+
 namespace OrvexXmlLib5 {
 
 class CDecimal;
@@ -130,7 +132,7 @@ public:
 
 protected:
     // Decimal digits, each from 0 to 9, least significant first.
-    using Digits = std::vector<char>;
+    using Digits = detail::CDigitVector;
 
     // A value of sign (1 or -1) and magnitude digits.
     CBigInteger(int sign, const Digits& digits);

@@ -195,7 +195,8 @@ int LeadingInteger(const char* text)
 // The date forms without a time, with the kind that the text's shape gives.
 CDateTime ParseDateForm(const std::string& text, CWhitespaceUtils::WhitespaceRule rule)
 {
-    std::string processed = CWhitespaceUtils::ApplyRule(rule, text);
+    std::string scratch;
+    const std::string& processed = CWhitespaceUtils::ApplyRule(rule, text, scratch);
     CDateTime value;
     value.ParseXSDDate(processed.c_str());
     return value;
@@ -299,7 +300,8 @@ std::string CConversions::dayToString(unsigned char value)
 
 std::int32_t CConversions::i4FromString(const std::string& text, WhitespaceRule rule)
 {
-    std::string processed = CWhitespaceUtils::ApplyRule(rule, text);
+    std::string scratch;
+    const std::string& processed = CWhitespaceUtils::ApplyRule(rule, text, scratch);
     DecimalScan scan = ScanDecimal32(processed.c_str());
     if (scan.converted && scan.magnitude > (scan.negative ? 2147483648ull : 2147483647ull))
         throw COrvexInvalidValueException(
@@ -313,7 +315,8 @@ std::int32_t CConversions::i4FromString(const std::string& text, WhitespaceRule 
 
 std::uint32_t CConversions::ui4FromString(const std::string& text, WhitespaceRule rule)
 {
-    std::string processed = CWhitespaceUtils::ApplyRule(rule, text);
+    std::string scratch;
+    const std::string& processed = CWhitespaceUtils::ApplyRule(rule, text, scratch);
     DecimalScan scan = ScanDecimal32(processed.c_str());
     if (scan.converted && scan.magnitude > 4294967295ull)
         throw COrvexInvalidValueException(
@@ -363,7 +366,8 @@ unsigned short CConversions::ui2FromString(const std::string& text, WhitespaceRu
 
 std::int64_t CConversions::i8FromString(const std::string& text, WhitespaceRule rule)
 {
-    std::string processed = CWhitespaceUtils::ApplyRule(rule, text);
+    std::string scratch;
+    const std::string& processed = CWhitespaceUtils::ApplyRule(rule, text, scratch);
     const char* p = processed.c_str();
     while (IsCSpace(*p)) ++p;
     bool negative = false;
@@ -383,7 +387,8 @@ std::uint64_t CConversions::ui8FromString(const std::string& text, WhitespaceRul
 
 double CConversions::r8FromString(const std::string& text, WhitespaceRule rule)
 {
-    std::string processed = CWhitespaceUtils::ApplyRule(rule, text);
+    std::string scratch;
+    const std::string& processed = CWhitespaceUtils::ApplyRule(rule, text, scratch);
     bool complete = false;
     double value = ParseDouble(processed.c_str(), complete);
     if (!complete)
@@ -399,7 +404,8 @@ float CConversions::r4FromString(const std::string& text, WhitespaceRule rule)
 
 bool CConversions::booleanFromString(const std::string& text, WhitespaceRule rule)
 {
-    std::string processed = CWhitespaceUtils::ApplyRule(rule, text);
+    std::string scratch;
+    const std::string& processed = CWhitespaceUtils::ApplyRule(rule, text, scratch);
     const char* p = processed.c_str();
     if (EqualsIgnoreCase(p, "true")) return true;
     if (EqualsIgnoreCase(p, "false")) return false;
@@ -412,7 +418,8 @@ bool CConversions::booleanFromString(const std::string& text, WhitespaceRule rul
 
 char CConversions::charFromString(const std::string& text, WhitespaceRule rule)
 {
-    std::string processed = CWhitespaceUtils::ApplyRule(rule, text);
+    std::string scratch;
+    const std::string& processed = CWhitespaceUtils::ApplyRule(rule, text, scratch);
     if (processed.size() != 1)
         throw COrvexInvalidValueException(
             FormatString("The value [%s] can not be a char as it is either empty of greater than 1 char long",
@@ -422,7 +429,10 @@ char CConversions::charFromString(const std::string& text, WhitespaceRule rule)
 
 std::string CConversions::stringFromString(const std::string& text, WhitespaceRule rule)
 {
-    return CWhitespaceUtils::ApplyRule(rule, text);
+    std::string scratch;
+    const std::string& processed = CWhitespaceUtils::ApplyRule(rule, text, scratch);
+    if (&processed == &text) return text;
+    return scratch;
 }
 
 std::string CConversions::decimalToString(const CDecimal& value, const char* format)
@@ -478,19 +488,22 @@ std::string CConversions::base64BinaryToString(const CBinaryData& value)
 
 CDecimal CConversions::decimalFromString(const std::string& text, WhitespaceRule rule)
 {
-    std::string processed = CWhitespaceUtils::ApplyRule(rule, text);
+    std::string scratch;
+    const std::string& processed = CWhitespaceUtils::ApplyRule(rule, text, scratch);
     return CDecimal(processed.c_str());
 }
 
 CBigInteger CConversions::integerFromString(const std::string& text, WhitespaceRule rule)
 {
-    std::string processed = CWhitespaceUtils::ApplyRule(rule, text);
+    std::string scratch;
+    const std::string& processed = CWhitespaceUtils::ApplyRule(rule, text, scratch);
     return CBigInteger(processed.c_str());
 }
 
 CDateTimeSpan CConversions::durationFromString(const std::string& text, WhitespaceRule rule)
 {
-    std::string processed = CWhitespaceUtils::ApplyRule(rule, text);
+    std::string scratch;
+    const std::string& processed = CWhitespaceUtils::ApplyRule(rule, text, scratch);
     CDateTimeSpan value;
     value.ParseXSDDuration(processed.c_str());
     return value;
@@ -498,7 +511,8 @@ CDateTimeSpan CConversions::durationFromString(const std::string& text, Whitespa
 
 CDateTime CConversions::datetimeFromString(const std::string& text, WhitespaceRule rule)
 {
-    std::string processed = CWhitespaceUtils::ApplyRule(rule, text);
+    std::string scratch;
+    const std::string& processed = CWhitespaceUtils::ApplyRule(rule, text, scratch);
     CDateTime value;
     value.ParseXSDDateTime(processed.c_str());
     return value;
@@ -506,7 +520,8 @@ CDateTime CConversions::datetimeFromString(const std::string& text, WhitespaceRu
 
 CDateTime CConversions::timeFromString(const std::string& text, WhitespaceRule rule)
 {
-    std::string processed = CWhitespaceUtils::ApplyRule(rule, text);
+    std::string scratch;
+    const std::string& processed = CWhitespaceUtils::ApplyRule(rule, text, scratch);
     CDateTime value;
     value.ParseXSDTime(processed.c_str());
     return value;
@@ -544,7 +559,8 @@ unsigned char CConversions::dayFromString(const std::string& text, WhitespaceRul
 
 CBinaryData CConversions::hexBinaryFromString(const std::string& text, WhitespaceRule rule)
 {
-    std::string processed = CWhitespaceUtils::ApplyRule(rule, text);
+    std::string scratch;
+    const std::string& processed = CWhitespaceUtils::ApplyRule(rule, text, scratch);
     CBinaryData value;
     value.SetAsHexString(processed.c_str());
     return value;
@@ -552,7 +568,8 @@ CBinaryData CConversions::hexBinaryFromString(const std::string& text, Whitespac
 
 CBinaryData CConversions::base64BinaryFromString(const std::string& text, WhitespaceRule rule)
 {
-    std::string processed = CWhitespaceUtils::ApplyRule(rule, text);
+    std::string scratch;
+    const std::string& processed = CWhitespaceUtils::ApplyRule(rule, text, scratch);
     CBinaryData value;
     value.SetAsBase64(processed.c_str());
     return value;

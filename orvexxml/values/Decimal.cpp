@@ -64,7 +64,7 @@ private:
 };
 
 // The magnitude as digits, most significant first; zero is "0".
-void AppendMagnitude(std::string& out, const std::vector<char>& digits)
+void AppendMagnitude(std::string& out, const detail::CDigitVector& digits)
 {
     if (digits.empty()) {
         out.push_back('0');
@@ -74,7 +74,7 @@ void AppendMagnitude(std::string& out, const std::vector<char>& digits)
         out.push_back(static_cast<char>('0' + digits[i]));
 }
 
-std::size_t MagnitudeLength(const std::vector<char>& digits)
+std::size_t MagnitudeLength(const detail::CDigitVector& digits)
 {
     return digits.empty() ? 1 : digits.size();
 }

@@ -23,6 +23,10 @@ public:
 
     // Fails with COrvexException "Unknown WhitespaceRule" for any other rule value.
     static std::string ApplyRule(WhitespaceRule rule, const std::string& text);
+    // The same result without a copy when the rule leaves text as it is: then text
+    // itself is given and scratch is not touched; otherwise the result is built in
+    // scratch and scratch is given. The same failure for an unknown rule.
+    static const std::string& ApplyRule(WhitespaceRule rule, const std::string& text, std::string& scratch);
     // Drops every carriage return.
     static std::string Preserve(const std::string& text);
     // The same over at most length bytes; stops at a zero byte, and a length of

@@ -290,3 +290,33 @@ TEST(OrvexVariantValueKinds, BadTextKeepsTheOldValue)
                      "Invalid char in hex string [G]");
     EXPECT_EQ(v.GetType(), "decimal");
 }
+
+// The string and the value classes live inside the variant: setting one from the
+// variant's own value, moving from kind to kind and copying keep every value whole.
+TEST(OrvexVariantValueKinds, HeldInPlaceAcrossKindsAndFromItself)
+{
+    OrvexVariant v;
+    v.SetString(std::string(40, 'x'));
+    v.SetString(v.GetStringRef());
+    EXPECT_EQ(v.GetStringRef(), std::string(40, 'x'));
+    v.FromString(" 12.50 ", ItemType_decimal, Rule::Collapse);
+    EXPECT_EQ(v.ToString(nullptr), "12.5");
+    EXPECT_EQ(v.GetString(), "");  // another kind: the empty value, as for an invalid variant
+    v.SetDecimal(v.GetDecimal());
+    OrvexVariant copy(v);
+    v.FromString("123456789012345678901234567890", ItemType_integer, Rule::Preserve);
+    EXPECT_EQ(copy.ToString(nullptr), "12.5");
+    EXPECT_EQ(v.ToString(nullptr), "123456789012345678901234567890");
+    EXPECT_EQ(v.GetDecimal().ToString(), CDecimal().ToString());
+    v.FromString("2001-02-03", ItemType_date, Rule::Collapse);
+    EXPECT_EQ(v.GetDateTime().GetDay(), 3);
+    copy = v;
+    v.FromString("P1D", ItemType_duration, Rule::Collapse);
+    v.FromString("6869", ItemType_hexBinary, Rule::Collapse);
+    EXPECT_EQ(v.GetBase64Binary().GetString(), "hi");
+    EXPECT_EQ(copy.ToString(nullptr), "2001-02-03");
+    EXPECT_THROW(v.FromString("not a date", ItemType_date, Rule::Collapse), COrvexException);
+    EXPECT_EQ(v.GetHexBinary().GetString(), "hi");
+    v.Clear();
+    EXPECT_EQ(v.GetStringRef(), "");
+}

@@ -355,3 +355,74 @@ TEST(GeneratedClassTables, ElementListAndCleanMetaData)
     EXPECT_EQ(nullptr, elements);
     EXPECT_EQ(nullptr, attributes);
 }
+
+namespace {
+
+// A tag that counts its Init calls and opens the two read entries of the base.
+class CCountedTag : public CTag
+{
+public:
+    void Init() override
+    {
+        ++inits;
+        CTag::Init();
+    }
+    static CXmlElement* Read(CXmlObjectBase* object, CXmlElement* element, bool justMade)
+    {
+        const CXmlSerializationContext& context = CXmlSerializationContext::GetDefaultContext();
+        return justMade ? FromXml_IntMade(object, element, element->GetFirstElement(), context)
+                        : CXmlObjectBase::FromXml_Int(object, element, element->GetFirstElement(), context);
+    }
+    int inits = 0;
+};
+
+// An object that reads itself without the generated walk.
+class CPlainObject : public CXmlObjectBase
+{
+public:
+    using CXmlObjectBase::TakeJustMade;
+    CXmlObjectBase* GetBase() override { return this; }
+    std::string GetTargetNamespace() const override { return ""; }
+    std::string GetNamespace() const override { return ""; }
+    void ToXml_Int(CXmlWriter*, bool, const char*, const CXmlSerializationContext&, bool) const override {}
+    CXmlElement* FromXml_Int(CXmlElement* element, CXmlElement*, const CXmlSerializationContext&, bool) override
+    {
+        read = true;
+        return element;
+    }
+    bool read = false;
+};
+
+}  // namespace
+
+// An object its maker has just constructed is read without a second Init; any
+// other read starts from Init, also after a made read that failed.
+TEST(GeneratedClassInit, JustMadeObjectsSkipTheSecondInitOnly)
+{
+    CXmlDocument document;
+    document.LoadXml((std::string(kTagHead) + "code='7' k:kind='open' x:a='1'>hi</t:Tag>").c_str());
+    CXmlDocument bad;
+    bad.LoadXml((std::string(kTagHead) + "code='x' k:kind='open'/>").c_str());
+
+    CSmartPtr<CCountedTag> tag(new CCountedTag());
+    tag->inits = 0;
+    CCountedTag::Read(tag, document.GetDocumentElement(), true);
+    EXPECT_EQ(0, tag->inits);
+    EXPECT_EQ(7, tag->code.GetI4());
+    EXPECT_EQ(1, tag->extras->GetCount());
+
+    CCountedTag::Read(tag, document.GetDocumentElement(), false);
+    EXPECT_EQ(1, tag->inits);
+    EXPECT_EQ(1, tag->extras->GetCount());  // Init made a new collection: no doubles
+
+    EXPECT_THROW(CCountedTag::Read(tag, bad.GetDocumentElement(), true), COrvexValidationException);
+    EXPECT_EQ(1, tag->inits);
+    CCountedTag::Read(tag, document.GetDocumentElement(), false);
+    EXPECT_EQ(2, tag->inits);
+
+    // A class with a read of its own does not take the mark; it is gone all the same.
+    CSmartPtr<CPlainObject> plain(new CPlainObject());
+    CCountedTag::Read(plain, document.GetDocumentElement(), true);
+    EXPECT_TRUE(plain->read);
+    EXPECT_FALSE(plain->TakeJustMade());
+}

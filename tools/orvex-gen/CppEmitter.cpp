@@ -776,7 +776,7 @@ void CCppEmitter::CollectionDefinition(std::string& out, const CClassModel& cls)
                "CXmlSerializationContext& context,\n" + std::string(col.size() + 27, ' ') + "bool)\n{\n";
         out += "    CXmlElement* current = firstChild;\n    while (current) {\n";
         out += "        CSmartPtr<" + item + "> item = " + item + "::CreateInstance();\n";
-        out += "        CXmlElement* next = CXmlObjectBase::FromXml_Int(item.Get(), element, current, context);\n";
+        out += "        CXmlElement* next = CXmlObjectBase::FromXml_IntMade(item.Get(), element, current, context);\n";
         out += "        if (next == current) break;\n        AppendItem(item.Get());\n        current = next;\n    }\n";
         out += "    return current;\n}\n\n";
         return;
@@ -796,7 +796,7 @@ void CCppEmitter::CollectionDefinition(std::string& out, const CClassModel& cls)
         out += "        AppendItem(item);\n";
     } else {
         out += "        CSmartPtr<" + item + "> item = " + item + "::CreateInstance(name.c_str());\n";
-        out += "        CXmlObjectBase::FromXml_Int(item.Get(), current, current->GetFirstElement(), context);\n";
+        out += "        CXmlObjectBase::FromXml_IntMade(item.Get(), current, current->GetFirstElement(), context);\n";
         out += "        AppendItem(item.Get());\n";
     }
     out += "        current = current->GetNextSiblingElement();\n    }\n    return current;\n}\n\n";

@@ -456,7 +456,7 @@ Limbs FromWide(Wide value)
 
 }  // namespace
 
-Limbs LimbsFromDigits(const std::vector<char>& digits)
+Limbs LimbsFromDigits(const CDigitVector& digits)
 {
     Limbs limbs((digits.size() + kLimbDigits - 1) / kLimbDigits, 0);
     for (std::size_t i = 0; i < limbs.size(); ++i) {
@@ -470,7 +470,7 @@ Limbs LimbsFromDigits(const std::vector<char>& digits)
     return limbs;
 }
 
-void DigitsFromLimbs(const Limbs& limbs, std::vector<char>& digits)
+void DigitsFromLimbs(const Limbs& limbs, CDigitVector& digits)
 {
     digits.resize(limbs.size() * kLimbDigits);
     for (std::size_t i = 0; i < limbs.size(); ++i) {

@@ -6,6 +6,8 @@
 #include <cstdint>
 #include <vector>
 
+#include "orvexxml/values/detail/DigitVector.h"
+
 namespace OrvexXmlLib5 {
 namespace detail {
 
@@ -30,9 +32,9 @@ constexpr std::size_t kTransformLimbs = 1500;
 constexpr std::size_t kNewtonLimbs = 80;
 
 // Digits as CBigInteger keeps them: values 0 to 9, least significant first.
-Limbs LimbsFromDigits(const std::vector<char>& digits);
+Limbs LimbsFromDigits(const CDigitVector& digits);
 // Zero gives the single digit 0.
-void DigitsFromLimbs(const Limbs& limbs, std::vector<char>& digits);
+void DigitsFromLimbs(const Limbs& limbs, CDigitVector& digits);
 
 Limbs Multiply(const Limbs& a, const Limbs& b);
 // Truncating division; b must not be zero.
