@@ -3,6 +3,7 @@
 #include <cerrno>
 #include <charconv>
 #include <cfloat>
+#include <clocale>
 #include <cmath>
 #include <cstdio>
 #include <cstdlib>
@@ -106,8 +107,42 @@ bool IsFloatingFormat(const char* format)
     return conversions == 1;
 }
 
+// "%.<precision>" and one of g, f or e, with a precision of one or two digits: the
+// default formats and most given ones. Gives false for any other format.
+bool SimpleFloatingFormat(const char* format, int& precision, std::chars_format& kind)
+{
+    if (format[0] != '%' || format[1] != '.' || format[2] < '0' || format[2] > '9') return false;
+    precision = format[2] - '0';
+    const char* p = format + 3;
+    if (*p >= '0' && *p <= '9') precision = precision * 10 + (*p++ - '0');
+    if (p[1] != '\0') return false;
+    switch (p[0]) {
+        case 'g':
+            kind = std::chars_format::general;
+            return true;
+        case 'f':
+            kind = std::chars_format::fixed;
+            return true;
+        case 'e':
+            kind = std::chars_format::scientific;
+            return true;
+        default:
+            return false;
+    }
+}
+
 std::string FloatingText(double value, const char* format)
 {
+    // These forms of finite values go through to_chars, which gives printf's text
+    // exactly where the decimal point is '.', without printf's parsing of the format.
+    int precision;
+    std::chars_format kind;
+    if (SimpleFloatingFormat(format, precision, kind) && std::isfinite(value) &&
+        std::localeconv()->decimal_point[0] == '.' && std::localeconv()->decimal_point[1] == '\0') {
+        char buffer[64];
+        const std::to_chars_result done = std::to_chars(buffer, buffer + sizeof buffer, value, kind, precision);
+        if (done.ec == std::errc()) return std::string(buffer, done.ptr);
+    }
     if (!IsFloatingFormat(format))
         throw COrvexInvalidParamException(FormatString("Invalid format [%s] for a floating-point value", format));
     char buffer[32];

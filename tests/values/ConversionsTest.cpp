@@ -1,8 +1,12 @@
 #include "orvexxml/values/Conversions.h"
 
 #include <cmath>
+#include <cstdint>
+#include <cstdio>
+#include <cstring>
 #include <functional>
 #include <limits>
+#include <vector>
 
 #include "TestUtil.h"
 #include "orvexxml/frame/OrvexException.h"
@@ -242,6 +246,35 @@ TEST(ConversionsToString, FloatingFormatMustTakeOneDouble)
     EXPECT_EQ(CConversions::r8ToString(2.0, "%% %+08.3e"), "% +2.000e+00");
     // A thousand is the widest field taken.
     EXPECT_EQ(CConversions::r8ToString(0.5, "%1000.1000f").size(), 1002u);
+}
+
+// The %g, %f and %e formats take a faster way than printf: its text must be printf's to the
+// byte, for every precision it takes, at rounding edges, extremes and signed zero.
+TEST(ConversionsToString, SimpleFloatingFormatsGivePrintfsText)
+{
+    std::vector<double> values = {0.0, -0.0, 1.0, -1.5, 0.1, 2.5, 0.5, 1e21, 1e-7, 123456789012345678.0,
+                                  9.9999999999999995e22, 0.000099999, 999999.5, 1e16, 9.999999999999999e15,
+                                  std::numeric_limits<double>::max(), std::numeric_limits<double>::min(),
+                                  std::numeric_limits<double>::denorm_min(), std::numeric_limits<double>::lowest()};
+    std::uint64_t bits = 0x9E3779B97F4A7C15ull;
+    for (int i = 0; i < 400; ++i) {
+        bits ^= bits << 13;
+        bits ^= bits >> 7;
+        bits ^= bits << 17;
+        double value;
+        std::memcpy(&value, &bits, sizeof value);
+        if (std::isfinite(value)) values.push_back(value);
+    }
+    for (const char* format : {"%.0g", "%.1g", "%.6g", "%.7g", "%.15g", "%.16g", "%.17g", "%.20g", "%.40g", "%.99g",
+                               "%.0f", "%.2f", "%.10f", "%.30f", "%.0e", "%.3e", "%.16e", "%.70e"}) {
+        for (double value : values) {
+            char expected[512];
+            std::snprintf(expected, sizeof expected, format, value);
+            ASSERT_EQ(CConversions::r8ToString(value, format), expected) << format << " of " << value;
+        }
+    }
+    EXPECT_EQ(CConversions::r8ToString(1.0 / 3.0), "0.3333333333333333");
+    EXPECT_EQ(CConversions::r4ToString(0.1f), "0.1");
 }
 
 TEST(ConversionsRoundTrip, IntegersAndDoubles)
