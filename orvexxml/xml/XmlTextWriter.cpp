@@ -167,26 +167,28 @@ void CXmlTextWriter::WriteStartElement(const std::string& localName, const std::
 
     if (m_formatted) AppendIndent(context->m_depth);
     m_buffer->AppendChar('<');
-    if (AppendXmlPrefix(namespaceUri)) {
-        m_buffer->Append(localName);
-    } else if (namespaceUri.empty() || namespaceUri == context->GetDefaultNamespace()) {
-        m_buffer->Append(localName);
-    } else {
+    std::string& tagPrefix = context->m_tagPrefix;
+    tagPrefix.clear();
+    bool declare = false;
+    if (IsXmlNamespace(namespaceUri)) {
+        tagPrefix.assign(XmlPrefix, sizeof XmlPrefix - 1);
+    } else if (!namespaceUri.empty() && namespaceUri != context->GetDefaultNamespace()) {
         const NamespaceMap& namespaces = context->GetNamespaceMap();
         NamespaceMap::const_iterator found = namespaces.find(namespaceUri);
         if (found != namespaces.end()) {
-            m_buffer->Append(found->second);
-            m_buffer->AppendChar(':');
-            m_buffer->Append(localName);
+            tagPrefix = found->second;
         } else {
-            const std::string prefix = GetUniquePrefix(namespaces);
-            context->AddNamespace(namespaceUri, prefix);
-            m_buffer->Append(prefix);
-            m_buffer->AppendChar(':');
-            m_buffer->Append(localName);
-            AppendDeclaration(prefix, namespaceUri);
+            tagPrefix = GetUniquePrefix(namespaces);
+            context->AddNamespace(namespaceUri, tagPrefix);
+            declare = true;
         }
     }
+    if (!tagPrefix.empty()) {
+        m_buffer->Append(tagPrefix);
+        m_buffer->AppendChar(':');
+    }
+    m_buffer->Append(localName);
+    if (declare) AppendDeclaration(tagPrefix, namespaceUri);
 
     if (context->m_depth == 0) {
         if (!m_defaultNamespace.empty()) AppendDefaultDeclaration(m_defaultNamespace);
@@ -292,15 +294,11 @@ void CXmlTextWriter::WriteEndElement()
     } else {
         if (m_formatted && context->m_childCount > 0) AppendIndent(context->m_depth);
         m_buffer->Append("</", 2);
-        const std::string& namespaceUri = context->m_namespaceUri;
-        if (!AppendXmlPrefix(namespaceUri) && !namespaceUri.empty() &&
-            namespaceUri != context->GetDefaultNamespace()) {
-            const NamespaceMap& namespaces = context->GetNamespaceMap();
-            NamespaceMap::const_iterator found = namespaces.find(namespaceUri);
-            if (found != namespaces.end()) {
-                m_buffer->Append(found->second);
-                m_buffer->AppendChar(':');
-            }
+        // The start tag's prefix: declarations made since (by attributes) take prefixes
+        // of their own and leave the element's as it was.
+        if (!context->m_tagPrefix.empty()) {
+            m_buffer->Append(context->m_tagPrefix);
+            m_buffer->AppendChar(':');
         }
         m_buffer->Append(context->m_localName);
         m_buffer->AppendChar('>');

@@ -75,6 +75,9 @@ public:
         CXmlWriterContext* m_parent;
         // True once an attribute has been written into the start tag.
         bool m_hasAttributes;
+        // What a text writer wrote before the local name in the start tag ("p:",
+        // "xml:" or nothing), for the end tag to repeat.
+        std::string m_tagPrefix;
 
     private:
         void MakeScopePrivate();
