@@ -131,14 +131,19 @@ bool SimpleFloatingFormat(const char* format, int& precision, std::chars_format&
     }
 }
 
+bool IsDecimalPointDot()
+{
+    const char* point = std::localeconv()->decimal_point;
+    return point[0] == '.' && point[1] == '\0';
+}
+
 std::string FloatingText(double value, const char* format)
 {
     // These forms of finite values go through to_chars, which gives printf's text
     // exactly where the decimal point is '.', without printf's parsing of the format.
     int precision;
     std::chars_format kind;
-    if (SimpleFloatingFormat(format, precision, kind) && std::isfinite(value) &&
-        std::localeconv()->decimal_point[0] == '.' && std::localeconv()->decimal_point[1] == '\0') {
+    if (SimpleFloatingFormat(format, precision, kind) && std::isfinite(value) && IsDecimalPointDot()) {
         char buffer[64];
         const std::to_chars_result done = std::to_chars(buffer, buffer + sizeof buffer, value, kind, precision);
         if (done.ec == std::errc()) return std::string(buffer, done.ptr);
