@@ -45,6 +45,15 @@ constexpr ByteTables MakeTables()
 
 constexpr ByteTables kTables = MakeTables();
 
+// Equality of short byte runs (names, mostly) without a call to memcmp.
+bool SameBytes(const unsigned char* a, const char* b, std::size_t length)
+{
+    if (length > 16) return std::memcmp(a, b, length) == 0;
+    for (std::size_t i = 0; i < length; ++i)
+        if (a[i] != static_cast<unsigned char>(b[i])) return false;
+    return true;
+}
+
 bool StartsWith(const unsigned char* p, const unsigned char* end, const char* literal)
 {
     const std::size_t length = std::strlen(literal);
@@ -428,8 +437,12 @@ void CFastXmlReader::Markup()
 void CFastXmlReader::EndTag()
 {
     m_p += 2;
-    const std::string_view name = Name();
-    if (name != m_stack.back().name) GiveUp();
+    // The name can only be the open element's: compared in place rather than scanned.
+    const std::string_view name = m_stack.back().name;
+    const std::size_t length = name.size();
+    if (static_cast<std::size_t>(m_end - m_p) < length || !SameBytes(m_p, name.data(), length)) GiveUp();
+    m_p += length;
+    if (m_p < m_end && kTables.nameChar[*m_p]) GiveUp();
     SkipSpace();
     if (m_p >= m_end || *m_p != '>') GiveUp();
     ++m_p;
