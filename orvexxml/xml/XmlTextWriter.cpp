@@ -168,11 +168,18 @@ void CXmlTextWriter::WriteStartElement(const std::string& localName, const std::
     if (m_formatted) AppendIndent(context->m_depth);
     m_buffer->AppendChar('<');
     std::string& tagPrefix = context->m_tagPrefix;
-    tagPrefix.clear();
     bool declare = false;
-    if (IsXmlNamespace(namespaceUri)) {
+    const CXmlWriterContext* parent = context->m_parent;
+    if (namespaceUri.empty()) {
+        tagPrefix.clear();
+    } else if (parent && context->InheritsScope() && parent->m_namespaceUri == namespaceUri) {
+        // A child in its parent's namespace and scope takes the parent's prefix: the
+        // scope has not changed since the parent's start tag (declarations made by
+        // attributes take fresh prefixes), so the look-up would give the same.
+        tagPrefix = parent->m_tagPrefix;
+    } else if (IsXmlNamespace(namespaceUri)) {
         tagPrefix.assign(XmlPrefix, sizeof XmlPrefix - 1);
-    } else if (!namespaceUri.empty() && namespaceUri != context->GetDefaultNamespace()) {
+    } else if (namespaceUri != context->GetDefaultNamespace()) {
         const NamespaceMap& namespaces = context->GetNamespaceMap();
         NamespaceMap::const_iterator found = namespaces.find(namespaceUri);
         if (found != namespaces.end()) {
@@ -182,6 +189,8 @@ void CXmlTextWriter::WriteStartElement(const std::string& localName, const std::
             context->AddNamespace(namespaceUri, tagPrefix);
             declare = true;
         }
+    } else {
+        tagPrefix.clear();
     }
     if (!tagPrefix.empty()) {
         m_buffer->Append(tagPrefix);

@@ -71,6 +71,15 @@ TEST(XmlTextWriterNamespaces, PrefixesAndDeclarations)
         {"<root|<a urn:o|<c|>|>|<b|<d urn:o|>|<e urn:o|>|>|>",
          "<root><AA:a xmlns:AA=\"urn:o\"><c/></AA:a><b><AA:d xmlns:AA=\"urn:o\"/><AA:e xmlns:AA=\"urn:o\"/></b>"
          "</root>"},
+        // Children in their parent's namespace take its prefix, in start and end tags,
+        // also after the parent's attributes declared more.
+        {"<r urn:r|<c urn:r|#t|>|<c urn:r|<g urn:r|>|>|>",
+         "<AA:r xmlns:AA=\"urn:r\"><AA:c>t</AA:c><AA:c><AA:g/></AA:c></AA:r>"},
+        {"<r urn:r|@a urn:k=1|<c urn:r|>|<d urn:k|<e urn:r|>|>|>",
+         "<AA:r xmlns:AA=\"urn:r\" xmlns:AB=\"urn:k\" AB:a=\"1\"><AA:c/><AB:d><AA:e/></AB:d></AA:r>"},
+        {"<r urn:r|=urn:r|<c urn:r|<g urn:r|>|>|>", "<AA:r xmlns:AA=\"urn:r\"><c xmlns=\"urn:r\"><g/></c></AA:r>"},
+        {"<r urn:r|+p urn:r|<c urn:r|<g urn:r|>|>|>",
+         "<AA:r xmlns:AA=\"urn:r\"><p:c xmlns:p=\"urn:r\"><p:g/></p:c></AA:r>"},
     };
     for (const auto& c : cases) EXPECT_EQ(c.second, WriteScript(c.first)) << c.first;
 }
