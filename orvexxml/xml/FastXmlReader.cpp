@@ -48,7 +48,13 @@ constexpr ByteTables kTables = MakeTables();
 // Equality of short byte runs (names, mostly) without a call to memcmp.
 bool SameBytes(const unsigned char* a, const char* b, std::size_t length)
 {
-    if (length > 16) return std::memcmp(a, b, length) == 0;
+    if (length > 32) return std::memcmp(a, b, length) == 0;
+    for (; length >= 8; a += 8, b += 8, length -= 8) {
+        std::uint64_t x, y;
+        std::memcpy(&x, a, 8);
+        std::memcpy(&y, b, 8);
+        if (x != y) return false;
+    }
     for (std::size_t i = 0; i < length; ++i)
         if (a[i] != static_cast<unsigned char>(b[i])) return false;
     return true;
@@ -137,6 +143,9 @@ bool CFastXmlReader::Parse()
     m_open = nullptr;
     m_stack.clear();
     m_bindings.clear();
+    // Generation 0 marks the cache's entries as empty.
+    m_scopeGeneration = 1;
+    for (ResolvedName& entry : m_names) entry = ResolvedName{};
     try {
         m_emptyUri = m_document->Intern(std::string_view());
         Run();
@@ -656,14 +665,24 @@ void CFastXmlReader::OpenNamespaced(std::string_view name, std::uint64_t line, s
         attribute.declaration = true;
         if (m_bindings.size() == MaxBindings) GiveUp();
         m_bindings.push_back(Binding{prefix, m_document->Intern(attribute.value)});
+        ++m_scopeGeneration;
         m_document->SetNamespaceAlias(prefix, attribute.value);
     }
 
-    const QName element = Split(name);
-    if (element.prefix == "xmlns") GiveUp();
-    const std::string* uri = Lookup(element.prefix);
-    if (!uri) GiveUp();
-    m_open = m_document->AddElement(uri, element.local);
+    // The names of a document repeat, and so, while no declaration comes or goes,
+    // does what they resolve to: most elements find theirs in the cache.
+    const unsigned char first = static_cast<unsigned char>(name.front());
+    const unsigned char last = static_cast<unsigned char>(name.back());
+    ResolvedName& cached = m_names[(name.size() * 7 + first * 3 + last) & (NameCacheSize - 1)];
+    if (cached.generation != m_scopeGeneration || cached.raw.size() != name.size() ||
+        !SameBytes(reinterpret_cast<const unsigned char*>(name.data()), cached.raw.data(), name.size())) {
+        const QName element = Split(name);
+        if (element.prefix == "xmlns") GiveUp();
+        const std::string* uri = Lookup(element.prefix);
+        if (!uri) GiveUp();
+        cached = ResolvedName{name, m_scopeGeneration, uri, m_document->Intern(element.local)};
+    }
+    m_open = m_document->AddInternedElement(cached.uri, cached.local);
     CXmlDocument::SetElementTextLocation(m_open, line, column);
     m_stack.push_back(OpenElement{name, mark});
     if (plain == 0) return;
@@ -699,7 +718,10 @@ void CFastXmlReader::OpenPlain(std::string_view name, std::uint64_t line, std::u
 
 void CFastXmlReader::Close()
 {
-    m_bindings.resize(m_stack.back().bindings);
+    if (m_bindings.size() != m_stack.back().bindings) {
+        m_bindings.resize(m_stack.back().bindings);
+        ++m_scopeGeneration;
+    }
     m_stack.pop_back();
     m_document->EndElement();
     m_open = m_document->GetOpenElement();

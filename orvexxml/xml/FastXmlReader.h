@@ -66,6 +66,16 @@ private:
         const std::string* uri;
         std::string_view local;
     };
+    // An element name as written, and the namespace URI and local name it resolved
+    // to in the scope of the given generation.
+    struct ResolvedName
+    {
+        std::string_view raw;
+        std::uint64_t generation = 0;
+        const std::string* uri = nullptr;
+        const std::string* local = nullptr;
+    };
+    static constexpr std::size_t NameCacheSize = 64;
     struct OpenElement
     {
         std::string_view name;
@@ -128,6 +138,9 @@ private:
     CXmlElement* m_open;
     std::vector<OpenElement> m_stack;
     std::vector<Binding> m_bindings;
+    // Changes whenever a declaration comes into scope or leaves it.
+    std::uint64_t m_scopeGeneration = 1;
+    ResolvedName m_names[NameCacheSize];
     std::vector<Attribute> m_attributes;
     std::vector<Resolved> m_resolved;
     std::vector<std::string> m_decoded;

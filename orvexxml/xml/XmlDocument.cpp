@@ -347,6 +347,11 @@ CXmlElement* CXmlDocument::AddElement(std::string_view namespaceUri, std::string
 
 CXmlElement* CXmlDocument::AddElement(const std::string* namespaceUri, std::string_view localName)
 {
+    return AddInternedElement(namespaceUri, Intern(localName));
+}
+
+CXmlElement* CXmlDocument::AddInternedElement(const std::string* namespaceUri, const std::string* localName)
+{
     CXmlElement* element;
     if (!m_documentElement) {
         element = NewElement();
@@ -357,7 +362,7 @@ CXmlElement* CXmlDocument::AddElement(const std::string* namespaceUri, std::stri
         element = m_openElements.back()->CreateNewChildElement();
     }
     element->m_namespaceUri = namespaceUri;
-    element->m_localName = Intern(localName);
+    element->m_localName = localName;
     m_openElements.push_back(element);
     return element;
 }

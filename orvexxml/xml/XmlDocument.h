@@ -224,6 +224,8 @@ private:
     CXmlElement* AddElement(std::string_view namespaceUri, std::string_view localName);
     // The same with the namespace URI already one of the document's shared copies.
     CXmlElement* AddElement(const std::string* namespaceUri, std::string_view localName);
+    // The same with both names the document's shared copies.
+    CXmlElement* AddInternedElement(const std::string* namespaceUri, const std::string* localName);
     static void AddElementAttribute(CXmlElement* element, const std::string& localName, const std::string& value,
                                     const std::string& namespaceUri);
     static void AddElementAttributeView(CXmlElement* element, std::string_view localName, std::string_view value,

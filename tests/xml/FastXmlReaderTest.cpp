@@ -54,6 +54,9 @@ TEST(FastXmlReader, TakesCommonDocumentsWithExpatsTree)
         "<a xmlns:p=\"u&amp;v\" xmlns=\" sp \"><b/></a>",
         "<a><b><c><d>deep</d></c></b><b2/>tail</a>",
         "<x:a xmlns:x=\"u\"><y:b xmlns:y=\"v\">1</y:b><y:b xmlns:y=\"w\">2</y:b></x:a>",
+        // One name written alike resolves anew as declarations come and go.
+        "<p:a xmlns:p=\"u1\"><p:b/><p:b xmlns:p=\"u2\"><p:b/></p:b><p:b/><c/><x xmlns=\"d\"><c/></x><c/>"
+        "<y xmlns=\"\"><c/></y></p:a>",
     };
     for (const char* text : documents) {
         for (SchemaType schemaType : {SchemaType_Namespaced, SchemaType_NoNamespaces}) {
