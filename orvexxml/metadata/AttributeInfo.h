@@ -42,8 +42,9 @@ public:
     std::string GetAttributeName() const { return m_attributeName; }
     // The attribute's namespace; empty for none.
     std::string GetAttributeNamespace() const { return m_attributeNamespace; }
-    // The attribute's local name and namespace without a copy.
+    // The attribute's local name without a copy.
     const std::string& AttributeNameRef() const { return m_attributeName; }
+    // The attribute's namespace without a copy.
     const std::string& AttributeNamespaceRef() const { return m_attributeNamespace; }
     // The index of the property in the owner's AccessProperty.
     int GetPropertyIndex() const { return m_propertyIndex; }

@@ -75,8 +75,9 @@ protected:
     std::string GetElementName() const { return m_elementName; }
     // The element's namespace; empty for none.
     std::string GetElementNamespace() const { return m_elementNamespace; }
-    // The element's local name and namespace without a copy.
+    // The element's local name without a copy.
     const std::string& ElementNameRef() const { return m_elementName; }
+    // The element's namespace without a copy.
     const std::string& ElementNamespaceRef() const { return m_elementNamespace; }
     // The index of the property in the owner's AccessProperty.
     int GetPropertyIndex() const { return m_propertyIndex; }
