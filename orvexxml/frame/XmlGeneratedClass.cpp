@@ -56,6 +56,28 @@ bool ReadChild(CElementInfo* descriptor, const CXmlSerializationContext& context
     PlaceFailure(e, current);
     throw e;
 }
+// One mark per member of a class for a walk over an element: on the stack for the
+// usual few members, on the heap beyond.
+class CMarks
+{
+public:
+    explicit CMarks(int count) : m_marks(m_local)
+    {
+        if (count > static_cast<int>(sizeof m_local)) {
+            m_more.assign(static_cast<std::size_t>(count), 0);
+            m_marks = m_more.data();
+        }
+    }
+    CMarks(const CMarks&) = delete;
+    CMarks& operator=(const CMarks&) = delete;
+    char& operator[](int i) { return m_marks[i]; }
+
+private:
+    char m_local[32] = {};
+    std::vector<char> m_more;
+    char* m_marks;
+};
+
 }  // namespace
 
 // ---------------------------------------------------------------------------
@@ -258,14 +280,7 @@ void CXmlGeneratedClass::ProcessAttributesFromXml(const CXmlSerializationContext
 {
     CAttributeInfo** descriptors = GetClassAttributeInfo();
     const int count = GetClassAttributeInfoCount();
-    // Most classes have a few attributes: their marks stay on the stack.
-    char local[16] = {};
-    std::vector<char> more;
-    char* seen = local;
-    if (count > static_cast<int>(sizeof local)) {
-        more.assign(static_cast<std::size_t>(count), 0);
-        seen = more.data();
-    }
+    CMarks seen(count);
 
     for (CXmlAttribute* attribute : element->GetAttributes()) {
         if (attribute->IsNamespaceAttribute()) continue;
@@ -310,14 +325,7 @@ CXmlElement* CXmlGeneratedClass::ProcessElementAllFromXml(const CXmlSerializatio
     CXmlElement* const start = current;
     CElementInfo** elements = GetClassElementInfo();
     const int count = GetClassElementInfoCount();
-    // The marks of up to 32 members stay on the stack.
-    char local[32] = {};
-    std::vector<char> more;
-    char* seen = local;
-    if (count > static_cast<int>(sizeof local)) {
-        more.assign(static_cast<std::size_t>(count), 0);
-        seen = more.data();
-    }
+    CMarks seen(count);
     const std::string parentNamespace = GetNamespace();
 
     // The walk goes over the children again and again; in each pass every

@@ -458,28 +458,32 @@ void CFastXmlReader::EndTag()
     Close();
 }
 
-void CFastXmlReader::Comment()
+template <typename Ends>
+void CFastXmlReader::SkipMarkupText(Ends ends)
 {
-    m_p += 4;
     for (;;) {
         while (m_p < m_end && !kTables.commentStop[*m_p]) ++m_p;
         if (m_p >= m_end) GiveUp();
         const unsigned char c = *m_p;
-        if (c == '-') {
-            if (m_end - m_p >= 2 && m_p[1] == '-') {
-                if (m_end - m_p >= 3 && m_p[2] == '>') {
-                    m_p += 3;
-                    return;
-                }
-                GiveUp();
-            }
-            ++m_p;
-        } else if (c == '?' || c == ']') {
+        if (c == '-' || c == '?' || c == ']') {
+            if (ends(c)) return;
             ++m_p;
         } else {
             OtherChar();
         }
     }
+}
+
+void CFastXmlReader::Comment()
+{
+    m_p += 4;
+    // "--" may only close the comment.
+    SkipMarkupText([this](unsigned char c) {
+        if (c != '-' || m_end - m_p < 2 || m_p[1] != '-') return false;
+        if (m_end - m_p < 3 || m_p[2] != '>') GiveUp();
+        m_p += 3;
+        return true;
+    });
 }
 
 void CFastXmlReader::ProcessingInstruction()
@@ -494,22 +498,11 @@ void CFastXmlReader::ProcessingInstruction()
         return;
     }
     if (!SkipSpace()) GiveUp();
-    for (;;) {
-        while (m_p < m_end && !kTables.commentStop[*m_p]) ++m_p;
-        if (m_p >= m_end) GiveUp();
-        const unsigned char c = *m_p;
-        if (c == '?') {
-            if (m_end - m_p >= 2 && m_p[1] == '>') {
-                m_p += 2;
-                return;
-            }
-            ++m_p;
-        } else if (c == '-' || c == ']') {
-            ++m_p;
-        } else {
-            OtherChar();
-        }
-    }
+    SkipMarkupText([this](unsigned char c) {
+        if (c != '?' || m_end - m_p < 2 || m_p[1] != '>') return false;
+        m_p += 2;
+        return true;
+    });
 }
 
 void CFastXmlReader::CData()

@@ -98,6 +98,10 @@ private:
     void StartTag();
     void EndTag();
     void Comment();
+    // Moves through the characters of a comment or processing instruction; at each
+    // '-', '?' or ']' ends(c) tells whether the markup closes there (and moves past it).
+    template <typename Ends>
+    void SkipMarkupText(Ends ends);
     void ProcessingInstruction();
     void CData();
 
