@@ -57,6 +57,9 @@ ORVEXXML_API std::string LocalToUtf8(const char* text, std::size_t length);
 // The same for a std::string.
 inline std::string LocalToUtf8(const std::string& text) { return LocalToUtf8(text.data(), text.size()); }
 
+// Appends the UTF-8 form of one code point (at most U+10FFFF).
+ORVEXXML_API void AppendUtf8(std::string& out, char32_t codePoint);
+
 // Length in units of a zero-terminated UTF-16 string.
 ORVEXXML_API std::size_t Utf16Length(const char16_t* text);
 

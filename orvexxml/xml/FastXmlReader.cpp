@@ -78,25 +78,6 @@ bool EqualsIgnoringCase(std::string_view text, const char* lower)
     return true;
 }
 
-void AppendUtf8(std::string& out, std::uint32_t code)
-{
-    if (code < 0x80) {
-        out.push_back(static_cast<char>(code));
-    } else if (code < 0x800) {
-        out.push_back(static_cast<char>(0xC0 | (code >> 6)));
-        out.push_back(static_cast<char>(0x80 | (code & 0x3F)));
-    } else if (code < 0x10000) {
-        out.push_back(static_cast<char>(0xE0 | (code >> 12)));
-        out.push_back(static_cast<char>(0x80 | ((code >> 6) & 0x3F)));
-        out.push_back(static_cast<char>(0x80 | (code & 0x3F)));
-    } else {
-        out.push_back(static_cast<char>(0xF0 | (code >> 18)));
-        out.push_back(static_cast<char>(0x80 | ((code >> 12) & 0x3F)));
-        out.push_back(static_cast<char>(0x80 | ((code >> 6) & 0x3F)));
-        out.push_back(static_cast<char>(0x80 | (code & 0x3F)));
-    }
-}
-
 bool IsXmlChar(std::uint32_t code)
 {
     return code == 0x9 || code == 0xA || code == 0xD || (code >= 0x20 && code <= 0xD7FF) ||
@@ -339,7 +320,7 @@ void CFastXmlReader::Reference(std::string& out, bool keepCR)
         }
         if (s >= m_end || digits == 0 || !IsXmlChar(code)) GiveUp();
         m_p = s + 1;
-        if (code != '\r' || keepCR) AppendUtf8(out, code);
+        if (code != '\r' || keepCR) Platform::AppendUtf8(out, code);
         return;
     }
     const unsigned char* name = s;
