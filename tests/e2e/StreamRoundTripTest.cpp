@@ -210,12 +210,7 @@ TEST(StreamRoundTrip, WrongArgumentsFailBeforeAnyFileIsWritten)
 TEST(StreamRoundTrip, FileAndStreamFailuresNameTheCause)
 {
     CSmartPtr<CLibrary> library = CLibrary::CreateInstance();
-    const std::string missing = OrvexTest::TempPath("no-such-file.xml");
-    const std::string directory = OrvexTest::TempPath("");
-    EXPECT_THROW_MSG(library->FromXmlFile(missing.c_str()), COrvexException,
-                     "Failed to open the file [" + missing + "] Error [0x00000002]");
-    EXPECT_THROW_MSG(library->FromXmlFile(directory.c_str()), COrvexException,
-                     "Failed to read the contents of the file [" + directory + "] Error [0x00000015]");
+    // A missing file and a directory are the document's own failures, tested there.
     EXPECT_THROW_MSG(library->FromXmlFile(nullptr), COrvexException,
                      "Failed to open the file [(null)] Error [0x00000016]");
     EXPECT_THROW_MSG(library->FromXmlStream(CBinaryData()), COrvexException, "XML Stream is empty!");
