@@ -94,17 +94,11 @@ std::string Nested(int depth)
 
 }  // namespace
 
-TEST(DeepNesting, ModerateDepthRoundTrips)
-{
-    CSmartPtr<CNest> nest(new CNest());
-    nest->FromXml(Nested(200).c_str());
-    EXPECT_EQ(Nested(200), nest->ToXml(false, false, EOL_LF));
-}
-
 TEST(DeepNesting, HostileDepthFailsInsteadOfOverflowingTheStack)
 {
     CSmartPtr<CNest> nest(new CNest());
-    nest->FromXml(Nested(1000).c_str());  // the deepest document that still reads
+    nest->FromXml(Nested(1000).c_str());  // the deepest document that still reads, and writes back
+    EXPECT_EQ(Nested(1000), nest->ToXml(false, false, EOL_LF));
     for (int depth : {1001, 100000}) {
         try {
             nest->FromXml(Nested(depth).c_str());

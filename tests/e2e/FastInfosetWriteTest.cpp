@@ -32,33 +32,6 @@ TEST(FastInfosetWrite, PrimerOrderIsTheJavaLibrarysDocument)
               "<?xml version='1.0' encoding='finf' standalone='yes'?>" + expected);
 }
 
-TEST(FastInfosetWrite, CompressionAndFilesGiveTheSameDocument)
-{
-    CSmartPtr<CPurchaseOrder> order = Primer();
-    const std::string plain = order->ToFastInfosetStream().GetString();
-    const std::string gzip =
-        order->ToFastInfosetStream(FInfoDecl_None, CXmlSerializationContext::GetDefaultContext(), Compression_GZIP)
-            .GetString();
-    ASSERT_GT(gzip.size(), 2u);
-    EXPECT_EQ(Hex(gzip.substr(0, 2)), "1F 8B");
-    const std::string zlib =
-        order->ToFastInfosetStream(FInfoDecl_None, CXmlSerializationContext::GetDefaultContext(), Compression_ZLIB)
-            .GetString();
-    ASSERT_GT(zlib.size(), 2u);
-    EXPECT_EQ(static_cast<unsigned char>(zlib[0]), 0x78);
-
-    const std::string path = TempPath("primer.finf");
-    order->ToFastInfosetFile(path.c_str());
-    EXPECT_EQ(ReadBinaryFile(path), plain);
-    order->ToFastInfosetFile(path.c_str(), FInfoDecl_None, CXmlSerializationContext::GetDefaultContext(),
-                             Compression_GZIP);
-    EXPECT_EQ(ReadBinaryFile(path), gzip);
-    EXPECT_THROW_MSG(order->ToFastInfosetFile(path.c_str(), FInfoDecl_None,
-                                              CXmlSerializationContext::GetDefaultContext(), Compression_ZLIB),
-                     COrvexException, "ZLIB Compression only available for To Stream methods.");
-    EXPECT_EQ(ReadBinaryFile(path), gzip);
-}
-
 // A facet broken on the way fails the write as it fails the XML text.
 TEST(FastInfosetWrite, FailuresOfTheWalkComeThrough)
 {

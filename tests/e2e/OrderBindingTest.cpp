@@ -127,38 +127,6 @@ TEST(OrderBinding, FailuresThreeLevelsDownNameEveryElementOnTheWay)
     }
 }
 
-TEST(OrderBinding, WritingFailuresNameEveryElementOnTheWay)
-{
-    CSmartPtr<COrder> order = COrder::CreateInstance();
-    order->FromXml(kOrderXml);
-    order->GetCustomer()->GetAddress()->SetCountry("gbr");
-    EXPECT_EQ(
-        "Failed to convert the element [Order] to XML / Failed to convert the element [Customer] to XML / "
-        "Failed to convert the element [Address] to XML / Failed to convert attributes to XML / Invalid Value "
-        "for country [gbr] (base)",
-        ChainOf([&] { order->ToXml(); }));
-    order->GetCustomer()->GetAddress()->SetCountry("FR");
-
-    order->GetLines()->Item(0)->SetQuantity(1000);
-    EXPECT_EQ(
-        "Failed to convert the element [Order] to XML / Failed to convert the element [Line] to XML / Invalid "
-        "Value for Quantity [1000] (base)",
-        ChainOf([&] { order->ToXml(); }));
-    order->GetLines()->Item(0)->SetQuantity(1);
-    for (int i = 0; i < 4; ++i) order->GetLines()->Add()->SetSku("more");
-    EXPECT_EQ(
-        "Failed to convert the element [Order] to XML / The Maximum number of [Line] elements allowed in this "
-        "collection is 5 (derived)",
-        ChainOf([&] { order->ToXml(); }));
-    CXmlSerializationContext lenient;
-    lenient.SetIgnoreInvalidCollectionCounts(true);
-    EXPECT_NE(std::string::npos, order->ToXml(false, false, EOL_LF, lenient).find("<AA:Line sku=\"more\">"));
-
-    // An empty collection writes nothing at all, so its minimum is not tested on the way out.
-    order->GetLines()->Clear();
-    EXPECT_EQ(std::string::npos, order->ToXml(false, false).find("Line"));
-}
-
 TEST(OrderBinding, RootExtrasComeOnlyOnTheRoot)
 {
     CSmartPtr<COrder> order = COrder::CreateInstance();

@@ -263,14 +263,18 @@ TEST(SettingsAll, MissingMandatoryChildrenFailUnderEveryOption)
         }
 }
 
-// A doubled child is an element that no descriptor takes any more: it ends the
-// passes, so what stands behind it stays unread.
-TEST(SettingsAll, DoubledChildren)
+// A doubled child is an element that no descriptor takes any more, as an unknown
+// one is: it ends the passes, so what stands behind it stays unread.
+TEST(SettingsAll, DoubledAndUnknownChildrenUnderEachOption)
 {
     const std::string themeTwiceAtTheEnd = std::string(kLanguage) + kWindow + kTheme + "<s:Theme>dark</s:Theme>";
     const std::string themeTwiceFirst = std::string(kTheme) + "<s:Theme>dark</s:Theme>" + kLanguage + kWindow;
     const std::string windowTwice = std::string(kTheme) + kLanguage + kWindow + kWindow + kFont;
-    struct Case
+    const std::string atTheEnd = std::string(kTheme) + kLanguage + kWindow + "<s:Colour>red</s:Colour>";
+    const std::string beforeOptional = std::string(kTheme) + kLanguage + kWindow + "<s:Colour/>" + kFont;
+    const std::string beforeMandatory = std::string(kTheme) + "<s:Colour/>" + kLanguage + kWindow;
+    const std::string foreign = std::string(kLanguage) + kWindow + "<o:Theme xmlns:o=\"urn:other\">dark</o:Theme>";
+    const struct
     {
         const std::string* children;
         const char* option;
@@ -283,29 +287,6 @@ TEST(SettingsAll, DoubledChildren)
         {&themeTwiceFirst, "unknown", InDisplay(Missing("Language"))},
         {&windowTwice, "none", InDisplay(Leftover("Display", "Window"))},
         {&windowTwice, "unknown", "read"},
-    };
-    for (const Case& c : cases) {
-        CSmartPtr<CSettings> settings = CSettings::CreateInstance();
-        EXPECT_EQ(c.chain, ReadChain(settings, DisplayDoc(*c.children), c.option)) << *c.children << c.option;
-        if (c.chain != "read") continue;
-        // The first of the two counts; with the second window the font behind it is lost.
-        EXPECT_EQ(Theme_Light, settings->GetDisplay()->GetTheme());
-        EXPECT_TRUE(settings->GetDisplay()->GetFont().IsNull());
-    }
-}
-
-TEST(SettingsAll, UnknownElementsUnderEachOption)
-{
-    const std::string atTheEnd = std::string(kTheme) + kLanguage + kWindow + "<s:Colour>red</s:Colour>";
-    const std::string beforeOptional = std::string(kTheme) + kLanguage + kWindow + "<s:Colour/>" + kFont;
-    const std::string beforeMandatory = std::string(kTheme) + "<s:Colour/>" + kLanguage + kWindow;
-    const std::string foreign = std::string(kLanguage) + kWindow + "<o:Theme xmlns:o=\"urn:other\">dark</o:Theme>";
-    struct Case
-    {
-        const std::string* children;
-        const char* option;
-        std::string chain;
-    } cases[] = {
         {&atTheEnd, "none", InDisplay(Leftover("Display", "Colour"))},
         {&atTheEnd, "missing", InDisplay(Leftover("Display", "Colour"))},
         {&atTheEnd, "counts", InDisplay(Leftover("Display", "Colour"))},
@@ -322,12 +303,14 @@ TEST(SettingsAll, UnknownElementsUnderEachOption)
         {&foreign, "unknown", InDisplay(Missing("Theme"))},
         {&foreign, "namespaces", "read"},
     };
-    for (const Case& c : cases) {
+    for (const auto& c : cases) {
+        SCOPED_TRACE(*c.children + " / " + c.option);
         CSmartPtr<CSettings> settings = CSettings::CreateInstance();
-        EXPECT_EQ(c.chain, ReadChain(settings, DisplayDoc(*c.children), c.option)) << *c.children << c.option;
-        if (c.chain == "read") {
-            EXPECT_TRUE(settings->GetDisplay()->GetFont().IsNull());
-        }
+        EXPECT_EQ(c.chain, ReadChain(settings, DisplayDoc(*c.children), c.option));
+        if (c.chain != "read") continue;
+        // The first of two counts; with the second window the font behind it is lost.
+        EXPECT_EQ(c.children == &foreign ? Theme_Dark : Theme_Light, settings->GetDisplay()->GetTheme());
+        EXPECT_TRUE(settings->GetDisplay()->GetFont().IsNull());
     }
 }
 

@@ -180,16 +180,12 @@ TEST(StreamRoundTrip, WrongArgumentsFailBeforeAnyFileIsWritten)
     library->FromXmlFile(ExamplePath("library/library.xml").c_str());
     const std::string path = OrvexTest::TempPath("refused.xml");
     std::remove(path.c_str());
-    const CXmlSerializationContext& context = CXmlSerializationContext::GetDefaultContext();
+    // Zlib to a file is refused in the round-trip test above, for both forms.
     const struct
     {
         std::function<void()> write;
         const char* message;
     } cases[] = {
-        {[&] { library->ToXmlFile(path.c_str(), true, true, Encoding_UTF8, EOL_LF, context, Compression_ZLIB); },
-         "ZLIB Compression only available for To Stream methods."},
-        {[&] { library->ToFastInfosetFile(path.c_str(), FInfoDecl_None, context, Compression_ZLIB); },
-         "ZLIB Compression only available for To Stream methods."},
         {[&] { library->ToXmlFile(path.c_str(), true, true, Encoding_UTF8, static_cast<EOLType>(2)); },
          "Invalid EOL type."},
         {[&] { library->ToXmlFile(path.c_str(), true, true, Encoding_Unspecified); },
@@ -210,12 +206,7 @@ TEST(StreamRoundTrip, WrongArgumentsFailBeforeAnyFileIsWritten)
 TEST(StreamRoundTrip, FileAndStreamFailuresNameTheCause)
 {
     CSmartPtr<CLibrary> library = CLibrary::CreateInstance();
-    const std::string missing = OrvexTest::TempPath("no-such-file.xml");
-    const std::string directory = OrvexTest::TempPath("");
-    EXPECT_THROW_MSG(library->FromXmlFile(missing.c_str()), COrvexException,
-                     "Failed to open the file [" + missing + "] Error [0x00000002]");
-    EXPECT_THROW_MSG(library->FromXmlFile(directory.c_str()), COrvexException,
-                     "Failed to read the contents of the file [" + directory + "] Error [0x00000015]");
+    // A missing file and a directory are the document's own failures, tested there.
     EXPECT_THROW_MSG(library->FromXmlFile(nullptr), COrvexException,
                      "Failed to open the file [(null)] Error [0x00000016]");
     EXPECT_THROW_MSG(library->FromXmlStream(CBinaryData()), COrvexException, "XML Stream is empty!");

@@ -331,7 +331,7 @@ TEST(GeneratedClassGroups, UnknownGroupTypeFailsEachWay)
               ChainOf([&] { broken->ToXml(); }));
 }
 
-TEST(GeneratedClassTables, ElementListAndCleanMetaData)
+TEST(GeneratedClassTables, ElementListFollowsTheNamespaceOption)
 {
     CSmartPtr<CPick> pick(new CPick());
     CXmlDocument doc;
@@ -343,17 +343,6 @@ TEST(GeneratedClassTables, ElementListAndCleanMetaData)
     EXPECT_TRUE(pick->IsElementInList(loose, upper));
     EXPECT_FALSE(pick->IsElementInList(loose, upper->GetNextSiblingElement()));
     EXPECT_FALSE(pick->IsElementInList(loose, nullptr));
-
-    CParentElementInfo* info =
-        new CParentElementInfo(ElementGroup_All, ElementType_Pseudo, "n", "urn:n", 4, false, true);
-    CElementInfo** elements = new CElementInfo* [2] {
-        new CChoicePrimReader("X", "", 0, ItemType_i4, nullptr, Rule::Collapse, NoFacets()), nullptr
-    };
-    CAttributeInfo** attributes = nullptr;
-    CPick::CleanMetaData(info, elements, attributes);
-    EXPECT_EQ(nullptr, info);
-    EXPECT_EQ(nullptr, elements);
-    EXPECT_EQ(nullptr, attributes);
 }
 
 namespace {
