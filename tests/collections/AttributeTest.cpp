@@ -53,7 +53,6 @@ TEST(AttributeCol, DefaultNamespaceFromTheRestriction)
         CSmartPtr<CAttributeCol> col(new CAttributeCol(c.defaultNamespace, c.restriction, "urn:t"));
         EXPECT_EQ(c.expected, col->GetNamespace()) << c.restriction;
         EXPECT_EQ(c.expected, col->GetTargetNamespace()) << c.restriction;
-        EXPECT_EQ(c.restriction, col->GetNamespaceRestriction());
     }
 }
 

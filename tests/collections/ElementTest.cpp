@@ -21,12 +21,8 @@ TEST(Element, ConstructorsCheckTheirArgumentsExactly)
         EXPECT_THROW_MSG(CElement e("a", word), COrvexInvalidNamespaceException,
                          std::string("Invalid Namespace [") + word + "]");
     EXPECT_THROW(CElement e("a", "urn:x", "urn:y", ""), COrvexInvalidNamespaceException);
-
-    CElement plain("a");
-    EXPECT_EQ("", plain.GetNamespace());
-    CElement one("a", "urn:x");
-    EXPECT_EQ("urn:x", one.GetNamespace());
-    EXPECT_EQ("urn:x", one.GetChildElements()->Add("b")->GetNamespace());
+    // A child added by name takes the element's namespace.
+    EXPECT_EQ("urn:x", CElement("a", "urn:x").GetChildElements()->Add("b")->GetNamespace());
 }
 
 TEST(Element, DefaultNamespaceOfTheChildCollection)

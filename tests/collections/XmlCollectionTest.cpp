@@ -188,12 +188,9 @@ TEST(XmlCollectionBase, ValidateCountTestsMaximumFirst)
     }
 }
 
-TEST(XmlCollectionBase, DefaultsAndTargetNamespace)
+TEST(XmlCollectionBase, TargetNamespaceIsRefused)
 {
     CSmartPtr<CItemCol> col(new CItemCol());
-    EXPECT_EQ(0, col->GetMinOccurs());
-    EXPECT_EQ(-1, col->GetMaxOccurs());
-    EXPECT_EQ(col.Get(), col->GetBase());
     EXPECT_THROW_MSG(col->GetTargetNamespace(), COrvexException,
                      "CXmlCollectionBase::GetTargetNamespace Should not be used from within a Collection (program "
                      "logic error)");

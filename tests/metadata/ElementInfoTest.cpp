@@ -118,46 +118,6 @@ TEST(ElementInfo, CheckRestrictionNeedsFacets)
     EXPECT_NO_THROW(copy.CheckRestriction(value));
 }
 
-TEST(ElementInfo, ValidateOfSequenceAndChoiceIsNeverExpected)
-{
-    CBag owner;
-    CBareInfo sequence("n", "", 0);
-    CChoicePrimReader choice("n", "", 0, ItemType_i4, nullptr, Rule::Collapse, NoFacets());
-    CXmlSerializationContext context;
-    EXPECT_THROW_MSG(sequence.Validate(context, &owner, true, true), COrvexException,
-                     "Not implemented, should never be called");
-    EXPECT_THROW_MSG(choice.Validate(context, &owner, false, false), COrvexException,
-                     "Not implemented, should never be called");
-}
-
-TEST(ElementInfo, AllGroupValidation)
-{
-    CBag owner;
-    CXmlSerializationContext context;
-    CNoRead<CElementInfoAllClsMnd> plain("c", "", 0, ElementType_Element, nullptr, 0, false);
-    CNoRead<CElementInfoAllClsMnd> consuming("c", "", 0, ElementType_Element, nullptr, 0, true);
-    CNoRead<CElementInfoAllClsMnd> pseudo("c", "", 0, ElementType_Pseudo, nullptr, 0, false);
-    CElementInfoAllAbsClsMnd abstract("a", "", 0, ElementType_Element, nullptr, 3);
-    CElementInfoAllAbsClsOpt optional("o", "", 0, ElementType_Element, nullptr);
-    const char* missingC = "Failed to find the mandatory element [c]";
-
-    EXPECT_TRUE(plain.Validate(context, &owner, false, true));
-    EXPECT_THROW_MSG(consuming.Validate(context, &owner, false, true), COrvexValidationException, missingC);
-    EXPECT_THROW_MSG(pseudo.Validate(context, &owner, false, true), COrvexValidationException, missingC);
-    EXPECT_FALSE(pseudo.Validate(context, &owner, false, false));
-    EXPECT_TRUE(pseudo.Validate(context, &owner, true, true));
-    EXPECT_THROW_MSG(abstract.Validate(context, &owner, false, true), COrvexValidationException,
-                     "Failed to find the mandatory element [a]");
-    EXPECT_TRUE(optional.Validate(context, &owner, false, true));
-
-    // An abstract child in an all group is written but never read.
-    CXmlElement* position = nullptr;
-    EXPECT_THROW_MSG(abstract.ElementFromXml(context, &owner, nullptr, &position, "", ElementType_Element),
-                     COrvexException, "AllAbsClsMndElm.ProcessXml, has not been implemented fully");
-    EXPECT_THROW_MSG(optional.ElementFromXml(context, &owner, nullptr, &position, "", ElementType_Element),
-                     COrvexException, "AllAbsClsMndElm.ProcessXml, has not been implemented fully");
-}
-
 TEST(ElementInfo, AllCollectionCountFailsAsTheBaseClassOnlyUnderAnElement)
 {
     CPick owner;  // property 2 holds a line collection with at least one item

@@ -74,22 +74,12 @@ TEST(PrimitiveRestrictionsNumbers, BoundsInOrderWithTypeSignedness)
     }
 }
 
-TEST(PrimitiveRestrictionsNumbers, BoundThatDoesNotParseFailsAsItsConversion)
-{
-    OrvexVariant v;
-    v.SetI1(1);
-    EXPECT_THROW_MSG(CheckPrimitiveRestriction("n", v, ItemType_i1, Bounds("", "300", "", "")),
-                     COrvexInvalidValueException, "The value [300] is to large to fit in a i1");
-    v.SetI4(1);
-    EXPECT_THROW_MSG(CheckPrimitiveRestriction("n", v, ItemType_i4, Bounds("one", "", "", "")),
-                     COrvexInvalidValueException, "The value [one] can not be converted to a i4");
-    v.SetR8(1);
-    EXPECT_THROW_MSG(CheckPrimitiveRestriction("n", v, ItemType_r8, Bounds("", "", "", "1,5")),
-                     COrvexInvalidValueException, "The value [1,5] can not be converted to a r8");
-}
-
 TEST(PrimitiveRestrictionsNumbers, OneDescriptorGivesTheSameAnswersAtEveryCheckAndForEveryType)
 {
+    OrvexVariant narrow;
+    narrow.SetI1(1);
+    EXPECT_THROW_MSG(CheckPrimitiveRestriction("n", narrow, ItemType_i1, Bounds("", "300", "", "")),
+                     COrvexInvalidValueException, "The value [300] is to large to fit in a i1");
     // The bounds are parsed once per descriptor; a bound that does not parse still
     // fails at every check that reaches it, and only after the bounds before it.
     const CPrimitiveRestrictions facets = Bounds("10", "x", "", "");

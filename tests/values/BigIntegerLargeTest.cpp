@@ -237,7 +237,6 @@ TEST(BigIntegerLarge, SquareRootIsTheFloor)
     }
     EXPECT_EQ(CBigInteger("999999999999999999").SquareRoot().ToString(), "999999999");
     EXPECT_EQ(CBigInteger("1000000000000000000").SquareRoot().ToString(), "1000000000");
-    EXPECT_THROW_MSG(CBigInteger(0).SquareRoot(), COrvexInvalidValueException, "ERROR: Overflow in operator/!");
 }
 
 TEST(BigIntegerLarge, DecimalQuotientsAtManyPlaces)
@@ -272,8 +271,6 @@ TEST(QuotedValue, LongValuesAreCutInMessagesOnly)
                      "The string representing a Decimal, contained an invalid char at position 256 [" + cut + "]");
     EXPECT_THROW_MSG(CDecimal((huge + "x").c_str()), Invalid,
                      "The string representing a Decimal, contained an invalid char at position 1000000 [" + cut + "]");
-    EXPECT_THROW_MSG(CDecimal("12x"), Invalid,
-                     "The string representing a Decimal, contained an invalid char at position 2 [12x]");
     EXPECT_THROW_MSG(CConversions::i4FromString(exact, Rule::Preserve), Invalid,
                      "The value [" + exact + "] is to large to fit in a i4");
     EXPECT_THROW_MSG(CConversions::i4FromString(longer, Rule::Preserve), Invalid,
