@@ -101,7 +101,9 @@ void CAttributeInfoPrimitive::AttributeToXml(const CXmlSerializationContext&, co
     ReadProperty(owner, value);
     if (GetOptional() && !value.IsValid()) return;
     CheckRestriction(value);
-    writer->WriteAttribute(AttributeNameRef(), AttributeNamespaceRef(), value.ToString(m_format));
+    std::string made;
+    writer->WriteAttribute(AttributeNameRef(), AttributeNamespaceRef(),
+                           OrvexXmlLib5::Detail::CVariantAccess::Text(value, m_format, made));
 }
 
 bool CAttributeInfoPrimitive::AttributeFromXml(const CXmlSerializationContext&, CXmlGeneratedClass* owner,

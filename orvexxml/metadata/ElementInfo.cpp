@@ -3,11 +3,13 @@
 #include <cstring>
 
 #include "orvexxml/collections/XmlCollectionBase.h"
+#include "orvexxml/data/detail/VariantAccess.h"
 #include "orvexxml/frame/OrvexException.h"
 #include "orvexxml/frame/XmlGeneratedClass.h"
 #include "orvexxml/frame/detail/ObjectAccess.h"
 #include "orvexxml/xml/XmlDocument.h"
 #include "orvexxml/xml/XmlWriter.h"
+#include "orvexxml/xml/detail/WriterAccess.h"
 
 namespace OrvexXmlLib5Data {
 
@@ -109,10 +111,9 @@ bool CElementInfo::ElementToXmlPrim(const CXmlSerializationContext&, const CXmlG
     ReadProperty(owner, value);
     if (!value.IsValid()) return false;
     CheckRestriction(value);
-    const std::string text = value.ToString(m_format);
-    writer->WriteStartElement(m_elementName, m_elementNamespace);
-    writer->WriteText(text);
-    writer->WriteEndElement();
+    std::string made;
+    const std::string& text = OrvexXmlLib5::Detail::CVariantAccess::Text(value, m_format, made);
+    OrvexXmlLib5::Detail::CWriterAccess::WriteSimpleElement(writer, m_elementName, m_elementNamespace, text);
     return true;
 }
 
@@ -129,9 +130,7 @@ bool CElementInfo::ElementToXmlEnum(const CXmlSerializationContext&, const CXmlG
     ReadProperty(owner, value);
     if (!value.IsValid()) return false;
     const std::string text = Text(toString ? toString(value.GetI4()) : nullptr);
-    writer->WriteStartElement(m_elementName, m_elementNamespace);
-    writer->WriteText(text);
-    writer->WriteEndElement();
+    OrvexXmlLib5::Detail::CWriterAccess::WriteSimpleElement(writer, m_elementName, m_elementNamespace, text);
     return true;
 }
 

@@ -1,5 +1,7 @@
 #include "orvexxml/xml/XmlTextWriter.h"
 
+#include <typeinfo>
+
 #include "orvexxml/frame/OrvexException.h"
 
 namespace OrvexXmlLib5 {
@@ -208,6 +210,58 @@ void CXmlTextWriter::WriteStartElement(const std::string& localName, const std::
         if (hasPendingDefault) AppendDefaultDeclaration(pendingDefault);
         for (const auto& entry : pending) AppendDeclaration(entry.second, entry.first);
     }
+}
+
+void CXmlTextWriter::WriteSimpleElement(const std::string& localName, const std::string& namespaceUri,
+                                        const std::string& text)
+{
+    CXmlWriterContext* parent = m_currentContext;
+    // A derived writer may watch the three calls; the root and elements that
+    // declare something go through them too.
+    if (!parent || m_hasPendingDefault || !m_pendingNamespaces.empty() || typeid(*this) != typeid(CXmlTextWriter))
+        return CXmlWriter::WriteSimpleElement(localName, namespaceUri, text);
+    // The prefix WriteStartElement would choose for a child that shares its
+    // parent's scope; a namespace not yet in scope needs its declaration written.
+    const char* prefix = nullptr;
+    std::size_t prefixLength = 0;
+    if (namespaceUri.empty()) {
+    } else if (parent->m_namespaceUri == namespaceUri) {
+        prefix = parent->m_tagPrefix.data();
+        prefixLength = parent->m_tagPrefix.size();
+    } else if (IsXmlNamespace(namespaceUri)) {
+        prefix = XmlPrefix;
+        prefixLength = sizeof XmlPrefix - 1;
+    } else if (namespaceUri != parent->GetDefaultNamespace()) {
+        const NamespaceMap& namespaces = parent->GetNamespaceMap();
+        NamespaceMap::const_iterator found = namespaces.find(namespaceUri);
+        if (found == namespaces.end()) return CXmlWriter::WriteSimpleElement(localName, namespaceUri, text);
+        prefix = found->second.data();
+        prefixLength = found->second.size();
+    }
+
+    ++parent->m_childCount;
+    CloseStartTag();
+    if (m_formatted) AppendIndent(parent->m_depth + 1);
+    m_buffer->AppendChar('<');
+    if (prefixLength) {
+        m_buffer->Append(prefix, prefixLength);
+        m_buffer->AppendChar(':');
+    }
+    m_buffer->Append(localName);
+    if (text.empty()) {
+        m_buffer->Append("/>", 2);
+    } else {
+        m_buffer->AppendChar('>');
+        m_buffer->AppendEscaped(text.c_str(), m_eolType);
+        m_buffer->Append("</", 2);
+        if (prefixLength) {
+            m_buffer->Append(prefix, prefixLength);
+            m_buffer->AppendChar(':');
+        }
+        m_buffer->Append(localName);
+        m_buffer->AppendChar('>');
+    }
+    if (m_formatted) AppendLineEnd();
 }
 
 void CXmlTextWriter::WriteAttribute(const std::string& localName, const std::string& namespaceUri,

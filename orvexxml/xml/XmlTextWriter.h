@@ -63,6 +63,13 @@ public:
                         const std::string& value) override;
     void WriteXsiType(const std::string& namespaceUri, const std::string& typeName) override;
 
+protected:
+    // Writes the element straight into the buffer when it is a child of an open
+    // element, nothing is pending and its prefix is already in scope; otherwise, and
+    // always for a class derived from this one, as the three calls.
+    void WriteSimpleElement(const std::string& localName, const std::string& namespaceUri,
+                            const std::string& text) override;
+
 private:
     void AppendLineEnd() { m_buffer->Append(m_lineEnd); }
     void AppendIndent(std::int32_t depth);

@@ -187,6 +187,14 @@ bool CXmlWriter::TakePendingDeclarations(CXmlWriterContext* context, bool& hasDe
     return true;
 }
 
+void CXmlWriter::WriteSimpleElement(const std::string& localName, const std::string& namespaceUri,
+                                    const std::string& text)
+{
+    WriteStartElement(localName, namespaceUri);
+    WriteText(text);
+    WriteEndElement();
+}
+
 void CXmlWriter::WriteEndDocument()
 {
     if (m_currentContext) throw COrvexException("An Element has not been closed.");

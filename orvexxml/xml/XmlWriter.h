@@ -13,6 +13,10 @@
 
 namespace OrvexXmlLib5 {
 
+namespace Detail {
+class CWriterAccess;
+}
+
 // The base of the XML text writer and the Fast Infoset writer: the stack of open
 // elements, the namespace scopes with their prefixes, and the write operations
 // that each concrete writer turns into its own output.
@@ -142,6 +146,12 @@ public:
     }
 
 protected:
+    // A whole element without attributes or children: the same as WriteStartElement,
+    // WriteText and WriteEndElement one after the other, which is what this one does.
+    // A writer may write it in one step where the output is certain to be the same.
+    virtual void WriteSimpleElement(const std::string& localName, const std::string& namespaceUri,
+                                    const std::string& text);
+
     // 'A' + number / 26, then 'A' + number % 26: AA, AB, ..., ZZ. Numbers from 676
     // on take more letters, so that every number still gives its own prefix.
     static std::string NsIntToString(int number);
@@ -177,6 +187,9 @@ protected:
     bool m_hasPendingDefault = false;
     // Closed child contexts, kept so that an element costs no allocation.
     std::vector<CXmlWriterContext*> m_spareContexts;
+
+private:
+    friend class Detail::CWriterAccess;
 };
 
 }  // namespace OrvexXmlLib5

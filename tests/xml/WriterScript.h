@@ -4,13 +4,15 @@
 // "?text" a processing instruction, "$text" an in-line schema, "^uri type" an
 // xsi:type, "+alias uri" and "=uri" change namespaces, "Dn" starts the document
 // with the writer's declaration number n (an encoding, or a Fast Infoset
-// declaration), "E" ends the document.
+// declaration), "E" ends the document, "*name uri=text" writes a whole element with
+// text and nothing else in one call.
 #pragma once
 
 #include <cstdlib>
 #include <string>
 
 #include "orvexxml/xml/XmlTextWriter.h"
+#include "orvexxml/xml/detail/WriterAccess.h"
 
 namespace OrvexTest {
 
@@ -52,13 +54,18 @@ void RunWriterScript(Writer& w, const std::string& script)
                     std::atoi(rest.c_str())));
                 break;
             case 'E': w.WriteEndDocument(); break;
-            case '@': {
+            case '@':
+            case '*': {
                 const std::size_t equals = rest.find('=');
                 const std::string name = rest.substr(0, equals);
                 const std::size_t nameBlank = name.find(' ');
-                w.WriteAttribute(name.substr(0, nameBlank),
-                                 nameBlank == std::string::npos ? "" : name.substr(nameBlank + 1),
-                                 rest.substr(equals + 1));
+                const std::string localName = name.substr(0, nameBlank);
+                const std::string uri = nameBlank == std::string::npos ? "" : name.substr(nameBlank + 1);
+                const std::string value = equals == std::string::npos ? "" : rest.substr(equals + 1);
+                if (step[0] == '@')
+                    w.WriteAttribute(localName, uri, value);
+                else
+                    OrvexXmlLib5::Detail::CWriterAccess::WriteSimpleElement(&w, localName, uri, value);
                 break;
             }
         }

@@ -187,6 +187,72 @@ TEST(XmlTextWriterNamespaces, XmlNamespaceKeepsItsOwnPrefixUndeclared)
     }
 }
 
+// "*name uri=text" steps turned into the three calls they stand for.
+std::string ExpandSimpleElements(const std::string& script)
+{
+    std::string expanded;
+    std::size_t start = 0;
+    while (start <= script.size()) {
+        std::size_t end = script.find('|', start);
+        if (end == std::string::npos) end = script.size();
+        std::string step = script.substr(start, end - start);
+        start = end + 1;
+        if (!step.empty() && step[0] == '*') {
+            const std::size_t equals = step.find('=');
+            step = "<" + step.substr(1, equals - 1) + "|#" + (equals == std::string::npos ? "" : step.substr(equals + 1)) + "|>";
+        }
+        expanded += step + "|";
+    }
+    return expanded;
+}
+
+// A writer that sees each call, as a user's subclass would.
+class CCountingWriter : public CXmlTextWriter
+{
+public:
+    void WriteStartElement(const std::string& localName, const std::string& namespaceUri) override
+    {
+        ++m_starts;
+        CXmlTextWriter::WriteStartElement(localName, namespaceUri);
+    }
+    int m_starts = 0;
+};
+
+TEST(XmlTextWriterSimpleElement, OneCallWritesWhatTheThreeCallsWrite)
+{
+    const char* const scripts[] = {
+        "<r|*a=t|*b=|*c=x<y&z|>",
+        "<r urn:r|*a urn:r=t|*b=t|*c urn:o=t|*d urn:r=|>",
+        "=urn:d|<r urn:d|*a urn:d=t|*b=t|*c urn:o=t|>",
+        "+p urn:p|<r|*a urn:p=t|<b urn:p|*c urn:p=t|*d=t|>|>",
+        "<r|*t " XMLNS "=t|*u " XMLNS "=|>",
+        // Declarations pending from the open element, and ones its attributes made.
+        "<r urn:r|+q urn:q|*a urn:q=t|*b urn:q=t|>",
+        "<r urn:r|=urn:d|*a urn:d=t|*b urn:d=t|*c urn:r=t|>",
+        "<r urn:r|@x urn:k=1|*a urn:k=t|*b urn:r=t|>",
+        "<r urn:r|=urn:r|<c urn:r|*g urn:r=t|*h=t|>|*i urn:r=t|>",
+        // Deep enough for more than one batch of tabs, after text and a comment.
+        "<a|<b|<c|<d|<e|<f|<g|<h|<i|<j|<k|<l|<m|<n|<o|<p|<q|#x|!y|*s=1\r\n2|>|>|>|>|>|>|>|>|>|>|>|>|>|>|>|>|>",
+        "<r|@x=1|*a=t|$s|>",
+    };
+    for (const char* script : scripts)
+        for (bool formatted : {false, true})
+            for (EOLType eol : {EOL_LF, EOL_CRLF})
+                EXPECT_EQ(WriteScript(ExpandSimpleElements(script), formatted, eol), WriteScript(script, formatted, eol))
+                    << script << (formatted ? " formatted" : "") << (eol == EOL_CRLF ? " CRLF" : "");
+
+    // Without an open element it is the root, with its declaration.
+    CXmlTextWriter alone;
+    alone.SetFormatted(false);
+    OrvexXmlLib5::Detail::CWriterAccess::WriteSimpleElement(&alone, "a", "urn:a", "t");
+    EXPECT_EQ("<AA:a xmlns:AA=\"urn:a\">t</AA:a>", alone.GetString());
+
+    // A derived writer sees the three calls.
+    CCountingWriter counting;
+    OrvexTest::RunWriterScript(counting, "<r|*a=t|*b urn:b=t|>");
+    EXPECT_EQ(3, counting.m_starts);
+}
+
 TEST(XmlTextWriterBytes, EncodingsGiveUtf8OrUtf16WithoutMark)
 {
     CXmlTextWriter writer;

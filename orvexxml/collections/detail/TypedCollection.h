@@ -9,6 +9,7 @@
 #include "orvexxml/frame/InstanceMonitor.h"
 #include "orvexxml/values/WhitespaceUtils.h"
 #include "orvexxml/xml/XmlWriter.h"
+#include "orvexxml/xml/detail/WriterAccess.h"
 
 // The constructor arguments of every typed collection, in the order generated code
 // passes them; the seven from pattern to length are the facets of one item.
@@ -76,9 +77,7 @@ void WriteTypedItems(CXmlWriter* writer, const std::string& name, const std::str
                      const Items& items, Text text)
 {
     for (const auto& item : items) {
-        writer->WriteStartElement(name, namespaceUri);
-        writer->WriteText(text(item));
-        writer->WriteEndElement();
+        CWriterAccess::WriteSimpleElement(writer, name, namespaceUri, text(item));
     }
 }
 

@@ -1,5 +1,6 @@
-// What the reading descriptors may do with a variant that callers may not: lend it
-// the text of the tree for the one property store they make from it.
+// What the descriptors may do with a variant that callers may not: lend it the text
+// of the tree for the one property store they make from it, and read its text
+// without a copy.
 #pragma once
 
 #include <string>
@@ -19,6 +20,15 @@ public:
                              CWhitespaceUtils::WhitespaceRule rule)
     {
         value.FromStringBorrowing(text, type, rule);
+    }
+
+    // value.ToString(format), without a copy when value holds a string (whose text
+    // is the string itself); otherwise made holds the text.
+    static const std::string& Text(const OrvexVariant& value, const char* format, std::string& made)
+    {
+        if (value.GetItemType() == ItemType_string) return value.GetStringRef();
+        made = value.ToString(format);
+        return made;
     }
 };
 
