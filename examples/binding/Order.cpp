@@ -175,15 +175,15 @@ void CAddress::AccessProperty(int propertyIndex, bool read, OrvexVariant& value)
     switch (propertyIndex) {
         case 0:
             if (!read) SetCountry(value.GetString());
-            else if (m_hasCountry) value.SetString(m_country);
+            else if (m_hasCountry) LendString(value, m_country);
             else value.SetInvalid();
             break;
         case 1:
-            if (read) value.SetString(m_street);
+            if (read) LendString(value, m_street);
             else SetStreet(value.GetString());
             break;
         case 2:
-            if (read) value.SetString(m_city);
+            if (read) LendString(value, m_city);
             else SetCity(value.GetString());
             break;
         case 3:
@@ -231,7 +231,7 @@ void CCustomer::AccessProperty(int propertyIndex, bool read, OrvexVariant& value
             else value.SetInvalid();
             break;
         case 1:
-            if (read) value.SetString(m_name);
+            if (read) LendString(value, m_name);
             else SetName(value.GetString());
             break;
         case 2:
@@ -272,7 +272,7 @@ void CLine::AccessProperty(int propertyIndex, bool read, OrvexVariant& value)
 {
     switch (propertyIndex) {
         case 0:
-            if (read) value.SetString(m_sku);
+            if (read) LendString(value, m_sku);
             else SetSku(value.GetString());
             break;
         case 1:
@@ -280,7 +280,7 @@ void CLine::AccessProperty(int propertyIndex, bool read, OrvexVariant& value)
             else SetQuantity(value.GetI4());
             break;
         case 2:
-            if (read) value.SetString(m_description);
+            if (read) LendString(value, m_description);
             else SetDescription(value.GetString());
             break;
         default:
@@ -388,7 +388,7 @@ void COrder::AccessProperty(int propertyIndex, bool read, OrvexVariant& value)
             break;
         case 5:
             if (!read) SetNote(value.GetString());
-            else if (m_hasNote) value.SetString(m_note);
+            else if (m_hasNote) LendString(value, m_note);
             else value.SetInvalid();
             break;
         default:

@@ -66,7 +66,7 @@ void CNote::AccessProperty(int propertyIndex, bool read, OrvexVariant& value)
     switch (propertyIndex) {
         case 0:
             if (read)
-                value.SetString(m_id);
+                LendString(value, m_id);
             else
                 SetId(value.GetString());
             break;
@@ -75,13 +75,13 @@ void CNote::AccessProperty(int propertyIndex, bool read, OrvexVariant& value)
             break;
         case 2:
             if (read)
-                value.SetString(m_title);
+                LendString(value, m_title);
             else
                 SetTitle(value.GetString());
             break;
         case 3:
             if (read)
-                value.SetString(m_body);
+                LendString(value, m_body);
             else
                 SetBody(value.GetString());
             break;

@@ -75,7 +75,7 @@ void CLedger::AccessProperty(int propertyIndex, bool read, OrvexVariant& value)
     switch (propertyIndex) {
         case 0:
             if (read)
-                value.SetString(m_owner);
+                LendString(value, m_owner);
             else
                 SetOwner(value.GetString());
             break;

@@ -321,7 +321,7 @@ void CFont::AccessProperty(int propertyIndex, bool read, OrvexVariant& value)
     switch (propertyIndex) {
         case 0:
             if (read)
-                value.SetString(m_family);
+                LendString(value, m_family);
             else
                 SetFamily(value.GetString());
             break;
@@ -379,13 +379,13 @@ void CShortcut::AccessProperty(int propertyIndex, bool read, OrvexVariant& value
     switch (propertyIndex) {
         case 0:
             if (read)
-                value.SetString(m_key);
+                LendString(value, m_key);
             else
                 SetKey(value.GetString());
             break;
         case 1:
             if (read)
-                value.SetString(m_action);
+                LendString(value, m_action);
             else
                 SetAction(value.GetString());
             break;
@@ -497,7 +497,7 @@ void CDisplay::AccessProperty(int propertyIndex, bool read, OrvexVariant& value)
             break;
         case 1:
             if (read)
-                value.SetString(m_language);
+                LendString(value, m_language);
             else
                 SetLanguage(value.GetString());
             break;
@@ -605,7 +605,7 @@ void CLocalStorage::AccessProperty(int propertyIndex, bool read, OrvexVariant& v
     switch (propertyIndex) {
         case 1:
             if (read)
-                value.SetString(m_path);
+                LendString(value, m_path);
             else
                 SetPath(value.GetString());
             break;
@@ -654,7 +654,7 @@ void CCloudStorage::AccessProperty(int propertyIndex, bool read, OrvexVariant& v
     switch (propertyIndex) {
         case 1:
             if (read)
-                value.SetString(m_provider);
+                LendString(value, m_provider);
             else
                 SetProvider(value.GetString());
             break;
@@ -662,7 +662,7 @@ void CCloudStorage::AccessProperty(int propertyIndex, bool read, OrvexVariant& v
             if (!read)
                 SetRegion(value.GetString());
             else if (m_hasRegion)
-                value.SetString(m_region);
+                LendString(value, m_region);
             else
                 value.SetInvalid();
             break;

@@ -472,6 +472,18 @@ void OrvexVariant::FromString(const std::string& text, ItemType type, CWhitespac
     }
 }
 
+void OrvexVariant::SetStringLent(const std::string& text)
+{
+    if (!m_mayBorrow) {
+        SetString(text);
+        return;
+    }
+    Clear();
+    m_value.borrowed = &text;
+    m_borrowed = true;
+    m_type = ItemType_string;
+}
+
 void OrvexVariant::FromStringBorrowing(const std::string& text, ItemType type, CWhitespaceUtils::WhitespaceRule rule)
 {
     if (type != ItemType_string) {

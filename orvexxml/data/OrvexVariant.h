@@ -251,6 +251,9 @@ private:
     ItemType m_type;
     // With ItemType_string: the string is not held but borrowed (see CVariantAccess).
     bool m_borrowed = false;
+    // Set by a writing descriptor on its own variant: a generated class may then lend
+    // a string member instead of copying it (see CVariantAccess). Never copied.
+    bool m_mayBorrow = false;
     Value m_value;
 
     friend class Detail::CVariantAccess;
@@ -260,6 +263,9 @@ private:
     // FromString for a caller that keeps text alive and unchanged until this variant
     // changes or ends: a string that the rule leaves as it is is borrowed, not copied.
     void FromStringBorrowing(const std::string& text, ItemType type, CWhitespaceUtils::WhitespaceRule rule);
+    // SetString for a caller that keeps text alive and unchanged until this variant
+    // changes or ends, when the variant allows it; a copy otherwise.
+    void SetStringLent(const std::string& text);
 
     // Replaces the contents with value, moved in place, under type. The value is
     // made by the caller before the old contents go, so a failure leaves them.

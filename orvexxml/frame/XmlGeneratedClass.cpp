@@ -6,6 +6,7 @@
 
 #include "orvexxml/collections/Attribute.h"
 #include "orvexxml/collections/XmlCollectionBase.h"
+#include "orvexxml/data/detail/VariantAccess.h"
 #include "orvexxml/frame/FormatString.h"
 #include "orvexxml/frame/OrvexException.h"
 #include "orvexxml/frame/detail/NestingGuard.h"
@@ -146,11 +147,12 @@ void CXmlGeneratedClass::ToXmlBody(CXmlWriter* writer, bool isRoot, const char* 
     const int textIndex = info->GetElementTextPropertyIndex();
     if (textIndex != -1) {
         OrvexVariant value;
+        Detail::CVariantAccess::AllowLending(value);
         ReadProperty(textIndex, value);
         // An unset text property has nothing to write; a text property of another
         // kind than string is written in its lexical form.
         if (value.GetItemType() == ItemType_string)
-            writer->WriteText(value.GetString());
+            writer->WriteText(value.GetStringRef());
         else if (value.IsValid())
             writer->WriteText(value.ToString(nullptr));
     }
@@ -453,6 +455,11 @@ void CXmlGeneratedClass::ReadProperty(int propertyIndex, OrvexVariant& value) co
 {
     // Reading does not change the object; the slot is shared with storing.
     const_cast<CXmlGeneratedClass*>(this)->AccessProperty(propertyIndex, true, value);
+}
+
+void CXmlGeneratedClass::LendString(OrvexVariant& value, const std::string& member)
+{
+    Detail::CVariantAccess::LendString(value, member);
 }
 
 bool CXmlGeneratedClass::IsElementInList(const CXmlSerializationContext& context, CXmlElement* element) const

@@ -60,6 +60,10 @@ protected:
 
     // AccessProperty for reading, on a const object.
     void ReadProperty(int propertyIndex, OrvexVariant& value) const;
+    // For AccessProperty reading a string member: value.SetString(member), except that
+    // while the object is being written the variant may refer to member instead of
+    // holding a copy. member must be the object's own and stay unchanged meanwhile.
+    static void LendString(OrvexVariant& value, const std::string& member);
 
     // True when some element descriptor matches element.
     bool IsElementInList(const CXmlSerializationContext& context, CXmlElement* element) const;

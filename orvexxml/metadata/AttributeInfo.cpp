@@ -98,9 +98,10 @@ void CAttributeInfoPrimitive::AttributeToXml(const CXmlSerializationContext&, co
                                              CXmlWriter* writer) const
 {
     OrvexVariant value;
+    OrvexXmlLib5::Detail::CVariantAccess::AllowLending(value);
     ReadProperty(owner, value);
     if (GetOptional() && !value.IsValid()) return;
-    CheckRestriction(value);
+    CheckValue(value);
     std::string made;
     writer->WriteAttribute(AttributeNameRef(), AttributeNamespaceRef(),
                            OrvexXmlLib5::Detail::CVariantAccess::Text(value, m_format, made));
@@ -123,6 +124,11 @@ bool CAttributeInfoPrimitive::AttributeFromXml(const CXmlSerializationContext&, 
 void CAttributeInfoPrimitive::Validate(const CXmlSerializationContext&, bool seen) const { ValidateMandatory(seen); }
 
 void CAttributeInfoPrimitive::CheckRestriction(OrvexVariant value) const
+{
+    CheckValue(value);
+}
+
+void CAttributeInfoPrimitive::CheckValue(const OrvexVariant& value) const
 {
     CheckPrimitiveRestriction(AttributeNameRef().c_str(), value, m_itemType, m_restrictions);
 }

@@ -108,6 +108,9 @@ public:
     void CheckRestriction(OrvexVariant value) const;
 
 private:
+    // CheckRestriction without the copy of value.
+    void CheckValue(const OrvexVariant& value) const;
+
     CPrimitiveRestrictions m_restrictions;
     ItemType m_itemType;
     // Stored as given; generated code passes a literal.

@@ -108,6 +108,7 @@ bool CElementInfo::ElementToXmlPrim(const CXmlSerializationContext&, const CXmlG
                                     CXmlWriter* writer) const
 {
     OrvexVariant value;
+    OrvexXmlLib5::Detail::CVariantAccess::AllowLending(value);
     ReadProperty(owner, value);
     if (!value.IsValid()) return false;
     CheckRestriction(value);

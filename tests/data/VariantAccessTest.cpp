@@ -59,3 +59,30 @@ TEST(VariantAccess, ChangedTextAndOtherKindsAreHeld)
     CVariantAccess::FromTextLent(v, std::string(" 42 "), ItemType_i4, Rule::Collapse);
     EXPECT_EQ(v.GetI4(), 42);
 }
+
+// A string member is lent only to a variant that allows it; anyone else's variant,
+// and every copy of a lending one, holds its own string.
+TEST(VariantAccess, StringMembersAreLentOnlyWhereAllowed)
+{
+    std::string member = "a member long enough for the heap";
+    OrvexVariant plain;
+    CVariantAccess::LendString(plain, member);
+    EXPECT_NE(&plain.GetStringRef(), &member);
+
+    OrvexVariant lending;
+    CVariantAccess::AllowLending(lending);
+    CVariantAccess::LendString(lending, member);
+    EXPECT_EQ(&lending.GetStringRef(), &member);
+    OrvexVariant copy(lending);
+    CVariantAccess::LendString(copy, member);
+    EXPECT_NE(&copy.GetStringRef(), &member);
+
+    // Still allowed after the variant changes kind.
+    lending.SetI4(7);
+    CVariantAccess::LendString(lending, member);
+    EXPECT_EQ(&lending.GetStringRef(), &member);
+    member = "changed";
+    EXPECT_EQ(lending.GetStringRef(), "changed");
+    EXPECT_EQ(plain.GetStringRef(), "a member long enough for the heap");
+    EXPECT_EQ(copy.GetStringRef(), "a member long enough for the heap");
+}

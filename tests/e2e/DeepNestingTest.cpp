@@ -34,7 +34,7 @@ public:
     {
         if (propertyIndex == 0) {
             if (read)
-                value.SetString(m_label);
+                LendString(value, m_label);
             else
                 m_label = value.GetString();
         } else if (read) {

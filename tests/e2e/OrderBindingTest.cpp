@@ -81,6 +81,15 @@ TEST(OrderBinding, ReadsEveryKindAndWritesTheSameDocumentBack)
     again->FromXml(written.c_str());
     EXPECT_EQ(written, again->ToXml(false, false));
 
+    // A caller's own read of a string property holds a copy, which outlives the object.
+    OrvexVariant street;
+    {
+        CSmartPtr<COrder> shortLived = COrder::CreateInstance();
+        shortLived->FromXml(WithReplaced(kOrderXml, "1 Way", "a street name longer than the small buffer").c_str());
+        shortLived->GetCustomer()->GetAddress()->AccessProperty(1, true, street);
+    }
+    EXPECT_EQ("a street name longer than the small buffer", street.GetStringRef());
+
     // Reading again into the same object starts over.
     order->FromXml(WithReplaced(kOrderXml, "<o:Note>by noon</o:Note>", "").c_str());
     EXPECT_FALSE(order->IsValidNote());

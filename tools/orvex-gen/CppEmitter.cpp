@@ -718,7 +718,9 @@ void CCppEmitter::AccessCase(std::string& out, const CClassModel&, const CProper
     switch (p.kind) {
         case CPropertyModel::Prim:
         case CPropertyModel::Text:
-            readValue = "value.Set" + p.value.variant + "(" + m + ")";
+            // A string member is lent to the variant while the object is written.
+            readValue = p.value.variant == "String" ? "LendString(value, " + m + ")"
+                                                    : "value.Set" + p.value.variant + "(" + m + ")";
             writeValue = "Set" + n + "(value.Get" + p.value.variant + (p.value.variant == "String" ? "Ref" : "") + "())";
             break;
         case CPropertyModel::Enum:

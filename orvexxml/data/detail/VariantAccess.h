@@ -1,6 +1,6 @@
 // What the descriptors may do with a variant that callers may not: lend it the text
-// of the tree for the one property store they make from it, and read its text
-// without a copy.
+// of the tree for the one property store they make from it, borrow a generated
+// object's strings while it is written, and read its text without a copy.
 #pragma once
 
 #include <string>
@@ -21,6 +21,14 @@ public:
     {
         value.FromStringBorrowing(text, type, rule);
     }
+
+    // Lets a generated class lend value its string members (see
+    // CXmlGeneratedClass::LendString) until value changes or ends. For the variants
+    // of the writing descriptors only, which live while the object is written.
+    static void AllowLending(OrvexVariant& value) { value.m_mayBorrow = true; }
+
+    // value.SetString(member), or, when value allows lending, a reference to it.
+    static void LendString(OrvexVariant& value, const std::string& member) { value.SetStringLent(member); }
 
     // value.ToString(format), without a copy when value holds a string (whose text
     // is the string itself); otherwise made holds the text.
