@@ -1,15 +1,14 @@
 #include "orvexxml/values/BigInteger.h"
 
-#include "TestUtil.h"
-
 #include <cstdint>
-#include <utility>
-#include <vector>
-
-#include "orvexxml/values/Decimal.h"
 #include <limits>
 #include <random>
 #include <string>
+#include <utility>
+#include <vector>
+
+#include "TestUtil.h"
+#include "orvexxml/values/Decimal.h"
 
 using namespace OrvexXmlLib5;
 
@@ -29,70 +28,10 @@ std::string Int128Text(__int128 v)
 class DigitLayer : public CBigInteger
 {
 public:
-    using CBigInteger::Add, CBigInteger::Build, CBigInteger::Clean, CBigInteger::Compare, CBigInteger::Multiply,
-        CBigInteger::Divide, CBigInteger::Position, CBigInteger::ShiftLeft, CBigInteger::Subtract;
+    using CBigInteger::Build, CBigInteger::Compare, CBigInteger::Divide, CBigInteger::Position, CBigInteger::ShiftLeft,
+        CBigInteger::Subtract;
     using Digits = CBigInteger::Digits;
 };
-
-// The plain digit-by-digit algorithms, as references for the fast kernels.
-DigitLayer::Digits ReferenceProduct(const DigitLayer::Digits& a, const DigitLayer::Digits& b)
-{
-    DigitLayer::Digits sum{0};
-    for (std::size_t i = 0; i < b.size(); ++i) {
-        DigitLayer::Digits row;
-        DigitLayer::Multiply(a, b[i], row);
-        if (row != DigitLayer::Digits{0})
-            DigitLayer::ShiftLeft(row, static_cast<int>(i));
-        DigitLayer::Add(sum, row, sum);
-    }
-    DigitLayer::Clean(sum);
-    return sum;
-}
-
-void ReferenceDivide(const DigitLayer::Digits& a, const DigitLayer::Digits& b, DigitLayer::Digits& q,
-                     DigitLayer::Digits& r)
-{
-    if (DigitLayer::Compare(a, b) < 0)
-        return void((q = {0}, r = a));
-    const int s = DigitLayer::Position(a) - DigitLayer::Position(b) - 1;
-    DigitLayer::Digits d = b, m{1};
-    if (s >= 1) {
-        DigitLayer::ShiftLeft(d, s);
-        DigitLayer::ShiftLeft(m, s);
-    }
-    r = a;
-    q = {0};
-    while (DigitLayer::Compare(r, d) >= 0) {
-        DigitLayer::Add(q, m, q);
-        DigitLayer::Subtract(r, d, r);
-    }
-    if (DigitLayer::Compare(r, b) >= 0) {
-        DigitLayer::Digits q2, r2;
-        ReferenceDivide(r, b, q2, r2);
-        r = r2;
-        DigitLayer::Add(q, q2, q);
-    }
-}
-
-// Digits heavy in 0 and 9, which drive quotient estimates to their corrections.
-DigitLayer::Digits AdversarialDigits(std::mt19937_64& rng, std::size_t n)
-{
-    DigitLayer::Digits v(n);
-    for (char& d : v) {
-        const unsigned k = static_cast<unsigned>(rng() % 4);
-        d = static_cast<char>(k == 0 ? 0 : k == 1 ? 9 : rng() % 10);
-    }
-    v.back() = static_cast<char>(1 + rng() % 9);
-    return v;
-}
-
-std::string RandomDigits(std::mt19937_64& rng, std::size_t n)
-{
-    std::string s(1, static_cast<char>('1' + rng() % 9));
-    while (s.size() < n)
-        s.push_back(static_cast<char>('0' + rng() % 10));
-    return s;
-}
 
 }  // namespace
 
@@ -143,10 +82,8 @@ TEST(BigInteger, SignRulesOfTheFourOperations)
         }
     }
     CBigInteger self(12);
-    self += self;
-    EXPECT_EQ(self.ToString(), "24");
-    self -= self;
-    EXPECT_EQ(self.ToString(), "0");
+    EXPECT_EQ((self += self).ToString(), "24");
+    EXPECT_EQ((self -= self).ToString(), "0");
 }
 
 TEST(BigInteger, DivisionByZeroFails)
@@ -172,15 +109,10 @@ TEST(BigInteger, NegativeZeroEqualsZeroAndOrdersWithIt)
     EXPECT_FALSE(zero < z || z < zero || z > zero || zero > z);
     EXPECT_TRUE(CBigInteger(-1) < z && z < CBigInteger(1) && CBigInteger(1) > z && z > CBigInteger(-1));
 
+    // Unary minus negates in place; GetAbs and GetNegative leave the object alone.
     CBigInteger x(3);
-    CBigInteger& same = -x;
-    EXPECT_EQ(&same, &x);
-    EXPECT_EQ(x.ToString(), "-3");
-    EXPECT_EQ(x.GetAbs().ToString(), "3");
-    EXPECT_EQ(x.GetNegative().ToString(), "3");
-    EXPECT_EQ(x.ToString(), "-3");
-    EXPECT_TRUE(CBigInteger(-5) < CBigInteger(-3) && CBigInteger(-3) > CBigInteger(-5));
-    EXPECT_FALSE(CBigInteger(-3) < CBigInteger(-5));
+    EXPECT_EQ(&-x, &x);
+    EXPECT_EQ(x.GetAbs().ToString() + " " + x.GetNegative().ToString() + " " + x.ToString(), "3 3 -3");
 }
 
 TEST(BigInteger, ConversionLimits)
@@ -279,46 +211,6 @@ TEST(BigInteger, RandomOperationsAgreeWithInt128)
     }
 }
 
-TEST(BigInteger, IdentitiesOnLongNumbers)
-{
-    std::mt19937_64 rng(7);
-    for (int n = 0; n < 60; ++n) {
-        const std::string as = RandomDigits(rng, 1 + rng() % 400);
-        const std::string bs = RandomDigits(rng, 1 + rng() % 200);
-        const CBigInteger a(as.c_str()), b(("-" + bs).c_str());
-        EXPECT_EQ(a.ToString(), as);
-        EXPECT_EQ((a * b / b).ToString(), as);
-        EXPECT_EQ((a / b * b + a % b).ToString(), as);
-        EXPECT_EQ((a + b - b).ToString(), as);
-        EXPECT_TRUE(a % b < a.GetAbs() || a % b == a);
-        EXPECT_EQ((a * a).SquareRoot().ToString(), as);
-    }
-}
-
-TEST(BigInteger, FastKernelsAgreeWithDigitByDigitWork)
-{
-    std::mt19937_64 rng(99);
-    for (int n = 0; n < 1500; ++n) {
-        const DigitLayer::Digits a = AdversarialDigits(rng, 1 + rng() % 70);
-        const DigitLayer::Digits b = AdversarialDigits(rng, 1 + rng() % 40);
-        DigitLayer::Digits product;
-        DigitLayer::Multiply(a, b, product);
-        ASSERT_EQ(product, ReferenceProduct(a, b));
-        DigitLayer::Digits q, r, rq, rr;
-        DigitLayer::Divide(a, b, q, r);
-        ReferenceDivide(a, b, rq, rr);
-        ASSERT_EQ(q, rq);
-        ASSERT_EQ(r, rr);
-        // A dividend built as b * q + r with r just below b.
-        DigitLayer::Digits bMinusOne, built;
-        DigitLayer::Subtract(b, DigitLayer::Digits{1}, bMinusOne);
-        DigitLayer::Add(product, bMinusOne, built);
-        DigitLayer::Divide(built, b, q, r);
-        ASSERT_EQ(q, a);
-        ASSERT_EQ(r, bMinusOne);
-    }
-}
-
 TEST(BigInteger, DefaultAndMovedFromValuesActAsZeroEverywhere)
 {
     // A default value holds no digit until it needs one; every operation must see
@@ -347,15 +239,9 @@ TEST(BigInteger, DefaultAndMovedFromValuesActAsZeroEverywhere)
         EXPECT_EQ(static_cast<std::int64_t>(zero), 0);
         EXPECT_THROW_MSG(zero.SquareRoot(), COrvexInvalidValueException, "ERROR: Overflow in operator/!");
         EXPECT_EQ(zero.GetNegative().ToString(), "0");
-        CBigInteger sum = zero;
-        sum += minusThree;
-        EXPECT_EQ(sum.ToString(), "-3");
-        CBigInteger product = zero;
-        product *= seven;
-        EXPECT_EQ(product.ToString(), "0");
-        CBigInteger difference = zero;
-        difference -= minusThree;
-        EXPECT_EQ(difference.ToString(), "3");
+        CBigInteger sum = zero, product = zero, difference = zero;
+        EXPECT_EQ((sum += minusThree).ToString() + (product *= seven).ToString() + (difference -= minusThree).ToString(),
+                  "-303");
         EXPECT_EQ(CDecimal(zero).ToString(), CDecimal(CBigInteger(0)).ToString());
     }
 }
