@@ -28,45 +28,21 @@ TEST(DigitVector, BehavesAsStdVectorAcrossTheLocalRoom)
         for (int step = 0; step < 60; ++step) {
             const char value = static_cast<char>(rng() % 10);
             const std::size_t n = static_cast<std::size_t>(rng() % 24);
+            const auto at = static_cast<std::ptrdiff_t>(expected.empty() ? 0 : rng() % expected.size());
+            const auto half = at + (static_cast<std::ptrdiff_t>(expected.size()) - at) / 2;
+            // The same operation on the vector under test and on the reference.
+            const auto both = [&](auto op) { op(v), op(expected); };
             switch (rng() % 9) {
-                case 0:
-                    v.push_back(value);
-                    expected.push_back(value);
+                case 0: both([&](auto& x) { x.push_back(value); }); break;
+                case 1: if (!expected.empty()) both([](auto& x) { x.pop_back(); }); break;
+                case 2: both([&](auto& x) { x.resize(n); }); break;
+                case 3: both([&](auto& x) { x.assign(n, value); }); break;
+                case 4: both([&](auto& x) { x.insert(x.begin() + at, n, value); }); break;
+                case 5: both([&](auto& x) { x.erase(x.begin() + at, x.begin() + half); }); break;
+                case 6:  // a range out of the vector itself
+                    v.assign(v.begin() + at, v.end());
+                    expected = std::vector<char>(expected.begin() + at, expected.end());
                     break;
-                case 1:
-                    if (!expected.empty()) {
-                        v.pop_back();
-                        expected.pop_back();
-                    }
-                    break;
-                case 2:
-                    v.resize(n);
-                    expected.resize(n);
-                    break;
-                case 3:
-                    v.assign(n, value);
-                    expected.assign(n, value);
-                    break;
-                case 4: {
-                    const std::size_t at = expected.empty() ? 0 : rng() % expected.size();
-                    v.insert(v.begin() + at, n, value);
-                    expected.insert(expected.begin() + static_cast<std::ptrdiff_t>(at), n, value);
-                    break;
-                }
-                case 5: {
-                    const std::size_t from = expected.empty() ? 0 : rng() % expected.size();
-                    const std::size_t to = from + (expected.size() - from) / 2;
-                    v.erase(v.begin() + from, v.begin() + to);
-                    expected.erase(expected.begin() + static_cast<std::ptrdiff_t>(from),
-                                   expected.begin() + static_cast<std::ptrdiff_t>(to));
-                    break;
-                }
-                case 6: {  // a range out of the vector itself
-                    const std::size_t from = expected.empty() ? 0 : rng() % expected.size();
-                    v.assign(v.begin() + from, v.end());
-                    expected.assign(expected.begin() + static_cast<std::ptrdiff_t>(from), expected.end());
-                    break;
-                }
                 case 7: {
                     CDigitVector moved(std::move(v));
                     EXPECT_TRUE(v.empty());
