@@ -53,14 +53,12 @@ TEST(BinaryDataHex, EncodesUpperCaseAndDecodesEitherCase)
 {
     EXPECT_EQ(FromBytes("\x0A\xFF").GetAsHexString(), "0AFF");
     EXPECT_EQ(CBinaryData().GetAsHexString(), "");
-    for (const char* text : {"0AFF", "0aff", "0AfF"}) {
-        CBinaryData b;
-        b.SetAsHexString(text);
-        EXPECT_EQ(b.GetString(), "\x0A\xFF") << text;
-    }
+    // Every byte round trips through the upper case; the lower case is read too.
     std::string all;
     for (int i = 0; i < 256; ++i) all += static_cast<char>(i);
     CBinaryData back;
+    back.SetAsHexString("0aFf");
+    EXPECT_EQ(back.GetString(), "\x0A\xFF");
     back.SetAsHexString(FromBytes(all).GetAsHexString().c_str());
     EXPECT_EQ(back.GetString(), all);
     back.SetAsHexString("");
@@ -90,7 +88,7 @@ TEST(BinaryDataBase64, KnownVectorsAndRoundTrips)
 {
     // clang-format off
     const char* vectors[][2] = {{"", ""}, {"f", "Zg=="}, {"fo", "Zm8="}, {"foo", "Zm9v"}, {"foob", "Zm9vYg=="},
-        {"fooba", "Zm9vYmE="}, {"foobar", "Zm9vYmFy"}, {"A", "QQ=="}, {"AB", "QUI="}, {"ABC", "QUJD"}};
+        {"fooba", "Zm9vYmE="}, {"foobar", "Zm9vYmFy"}};
     // clang-format on
     CBinaryData b;
     for (const auto& v : vectors) {
@@ -133,12 +131,8 @@ TEST(BinaryDataBase64, DecodesLenientlyAndNeverFails)
 
 TEST(BinaryDataByteEncoding, TypedListsReadMostSignificantOctetFirst)
 {
-    const struct
-    {
-        const char* hex;
-        ByteEncoding encoding;
-        std::string text;
-    } cases[] = {// clang-format off
+    struct Case { const char* hex; ByteEncoding encoding; std::string text; };
+    const Case cases[] = {// clang-format off
         {"410042", ByteEncoding_Text, std::string("A\0B", 3)}, {"0AFF", ByteEncoding_Hex, "0AFF"},
         {"414243", ByteEncoding_Base64, "QUJD"}, {"0001FFFF", ByteEncoding_Short, "1 -1"},
         {"80007FFF", ByteEncoding_Short, "-32768 32767"}, {"00000100", ByteEncoding_Int, "256"},

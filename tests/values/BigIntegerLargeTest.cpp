@@ -10,6 +10,7 @@
 #include "TestUtil.h"
 
 #include <cstdint>
+#include <cstring>
 #include <random>
 #include <string>
 
@@ -30,15 +31,10 @@ std::string SeededDigits(std::uint64_t seed, std::size_t n)
     return s;
 }
 
-struct Fingerprint
-{
-    std::size_t length;
-    const char* head;
-    const char* tail;
-    std::uint32_t mod1;  // the digits' value modulo 10^9 + 7
-    std::uint32_t mod2;  // and modulo 998244353
-};
+// Length, first and last characters, and the digits' value modulo 10^9 + 7 and 998244353.
+struct Fingerprint { std::size_t length; const char *head, *tail; std::uint32_t mod1, mod2; };
 
+// op is '*', '/', '%' or 's' (the square root of a); the operands come from SeededDigits.
 struct Vector
 {
     char op;
@@ -66,9 +62,8 @@ std::uint32_t DigitsModulo(const std::string& text, std::uint64_t p)
 void ExpectFingerprint(const std::string& text, const Fingerprint& f, const std::string& what)
 {
     EXPECT_EQ(text.size(), f.length) << what;
-    const std::size_t headLength = std::string(f.head).size();
-    const std::size_t tailLength = std::string(f.tail).size();
-    EXPECT_EQ(text.substr(0, headLength), f.head) << what;
+    const std::size_t tailLength = std::strlen(f.tail);
+    EXPECT_EQ(text.substr(0, std::strlen(f.head)), f.head) << what;
     EXPECT_EQ(text.size() >= tailLength ? text.substr(text.size() - tailLength) : text, f.tail) << what;
     EXPECT_EQ(DigitsModulo(text, 1000000007), f.mod1) << what;
     EXPECT_EQ(DigitsModulo(text, 998244353), f.mod2) << what;
@@ -89,10 +84,7 @@ std::string RunnyDigits(std::mt19937_64& rng, std::size_t n)
     return s;
 }
 
-std::string Nines(std::size_t n)
-{
-    return std::string(n, '9');
-}
+std::string Nines(std::size_t n) { return std::string(n, '9'); }
 
 // 10^n + 1: the top limb 1, the rest zeros but for the lowest.
 std::string PowerPlusOne(std::size_t n)

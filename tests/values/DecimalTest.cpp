@@ -207,10 +207,8 @@ TEST(Decimal, ConversionLimits)
         EXPECT_THROW_MSG(CDecimal(bad).ToLongLong(), COrvexOverFlowException,
                          "The Decimal value if to large to fit into a LONGLONG");
 
-    EXPECT_EQ(CDecimal("0.1").ToDouble(), 0.1);
-    EXPECT_EQ(CDecimal("-2.5").ToDouble(), -2.5);
-    EXPECT_EQ(CDecimal("1.7E+308").ToDouble(), 1.7e308);
-    EXPECT_EQ(CDecimal("1.7E+308").GetNegative().ToDouble(), -1.7e308);
+    for (const auto& c : {std::make_pair("0.1", 0.1), {"-2.5", -2.5}, {"1.7E+308", 1.7e308}, {"-1.7E+308", -1.7e308}})
+        EXPECT_EQ(CDecimal(c.first).ToDouble(), c.second) << c.first;
     for (const char* bad : {"1.8E+308", "-1.71E+308"})
         EXPECT_THROW_MSG(CDecimal(bad).ToDouble(), COrvexOverFlowException,
                          "The Decimal value if to large to fit into a Double");
