@@ -30,29 +30,32 @@ TEST_F(LocalEncoding, StartsAsThreadDefaultWhichIsUtf8)
     EXPECT_FALSE(LocalIsUtf8());
 }
 
-TEST_F(LocalEncoding, Utf8LocalPassesTextThroughAndRepairsBadSequences)
+// What UTF-8 can't hold becomes U+FFFD, what the code page can't hold '?'.
+TEST_F(LocalEncoding, Utf8ToAndFromTheLocalCodePage)
 {
-    SetLocalCharEncoding(65001);
     const std::string text = "caf\xC3\xA9 \xE2\x82\xAC \xF0\x9F\x98\x80";
-    EXPECT_EQ(Utf8ToLocal(text), text);
-    EXPECT_EQ(LocalToUtf8(text), text);
-    // Truncated, overlong and surrogate encodings each become U+FFFD.
-    EXPECT_EQ(Utf8ToLocal(std::string("a\xC3")), "a\xEF\xBF\xBD");
-    EXPECT_EQ(Utf8ToLocal(std::string("\xC0\xAF")), "\xEF\xBF\xBD\xEF\xBF\xBD");
-    EXPECT_EQ(Utf8ToLocal(std::string("\xED\xA0\x80")), "\xEF\xBF\xBD");
-    EXPECT_EQ(Utf8ToLocal(std::string("")), "");
-}
-
-TEST_F(LocalEncoding, Latin1252MapsAndSubstitutesUnmappable)
-{
+    struct Case { unsigned codePage; std::string utf8, local; };
+    const Case toLocal[] = {
+        {65001, text, text}, {65001, "", ""},
+        // Truncated, overlong and surrogate encodings each become U+FFFD.
+        {65001, "a\xC3", "a\xEF\xBF\xBD"}, {65001, "\xC0\xAF", "\xEF\xBF\xBD\xEF\xBF\xBD"},
+        {65001, "\xED\xA0\x80", "\xEF\xBF\xBD"},
+        // U+00E9 and U+20AC exist in 1252; U+4E2D does not. An unknown code page is ASCII.
+        {1252, "\xC3\xA9\xE2\x82\xAC\xE4\xB8\xAD!", "\xE9\x80?!"}, {28591, "\xC3\xBF\xE2\x82\xAC", "\xFF?"},
+        {4242, "a\xC3\xA9", "a?"}};
+    for (const Case& c : toLocal) {
+        SetLocalCharEncoding(c.codePage);
+        EXPECT_EQ(Utf8ToLocal(c.utf8), c.local) << c.codePage << " " << c.utf8;
+    }
+    const Case toUtf8[] = {
+        {65001, text, text}, {1252, "\xC3\xA9\xE2\x82\xAC", "\xE9\x80"}, {4242, "a\xEF\xBF\xBD", "a\xE9"}};
+    for (const Case& c : toUtf8) {
+        SetLocalCharEncoding(c.codePage);
+        EXPECT_EQ(LocalToUtf8(c.local), c.utf8) << c.codePage << " " << c.local;
+    }
     SetLocalCharEncoding(1252);
-    // U+00E9 and U+20AC exist in 1252; U+4E2D does not and becomes '?'.
-    EXPECT_EQ(Utf8ToLocal(std::string("\xC3\xA9\xE2\x82\xAC\xE4\xB8\xAD!")), "\xE9\x80?!");
-    EXPECT_EQ(LocalToUtf8(std::string("\xE9\x80")), "\xC3\xA9\xE2\x82\xAC");
     EXPECT_EQ(LocalToUtf16(std::string("A\xE9")), U16({u'A', 0x00E9}));
     EXPECT_EQ(Utf16ToLocal(U16({0x00E9, 0xD83D, 0xDE00}).data(), 3), "\xE9?");
-    SetLocalCharEncoding(28591);
-    EXPECT_EQ(Utf8ToLocal(std::string("\xC3\xBF\xE2\x82\xAC")), "\xFF?");
 }
 
 TEST_F(LocalEncoding, Utf16ConversionsHandleSurrogates)
@@ -64,13 +67,6 @@ TEST_F(LocalEncoding, Utf16ConversionsHandleSurrogates)
     EXPECT_EQ(Utf16ToUtf8(lone.data(), lone.size()), "a\xEF\xBF\xBD" "b");
     EXPECT_EQ(Utf16Length(u"abc"), 3u);
     EXPECT_EQ(Utf16Length(nullptr), 0u);
-}
-
-TEST_F(LocalEncoding, UnknownCodePageFallsBackToAscii)
-{
-    SetLocalCharEncoding(4242);
-    EXPECT_EQ(Utf8ToLocal(std::string("a\xC3\xA9")), "a?");
-    EXPECT_EQ(LocalToUtf8(std::string("a\xE9")), "a\xEF\xBF\xBD");
 }
 
 TEST_F(LocalEncoding, CombiningCodePagesKeepTheirLastLetter)

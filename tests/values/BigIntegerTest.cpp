@@ -240,8 +240,9 @@ TEST(BigInteger, DefaultAndMovedFromValuesActAsZeroEverywhere)
         EXPECT_THROW_MSG(zero.SquareRoot(), COrvexInvalidValueException, "ERROR: Overflow in operator/!");
         EXPECT_EQ(zero.GetNegative().ToString(), "0");
         CBigInteger sum = zero, product = zero, difference = zero;
-        EXPECT_EQ((sum += minusThree).ToString() + (product *= seven).ToString() + (difference -= minusThree).ToString(),
-                  "-303");
+        EXPECT_EQ((sum += minusThree).ToString() + " " + (product *= seven).ToString() + " " +
+                      (difference -= minusThree).ToString(),
+                  "-3 0 3");
         EXPECT_EQ(CDecimal(zero).ToString(), CDecimal(CBigInteger(0)).ToString());
     }
 }

@@ -28,7 +28,8 @@ std::string AsText(const std::string& text, Rule rule)
     return std::to_string(F(text, rule));
 }
 const Parser i1 = AsText<char, CConversions::i1FromString>, i2 = AsText<short, CConversions::i2FromString>,
-             i4 = AsText<std::int32_t, CConversions::i4FromString>, i8 = AsText<std::int64_t, CConversions::i8FromString>,
+             i4 = AsText<std::int32_t, CConversions::i4FromString>,
+             i8 = AsText<std::int64_t, CConversions::i8FromString>,
              ui1 = AsText<unsigned char, CConversions::ui1FromString>,
              ui2 = AsText<unsigned short, CConversions::ui2FromString>,
              ui4 = AsText<std::uint32_t, CConversions::ui4FromString>,
@@ -68,7 +69,8 @@ TEST(ConversionsInteger, EachParserAtItsLimits)
         {i1, "128", P, TooLarge("128", "i1")}, {i1, "-129", P, TooLarge("-129", "i1")},
         {i2, "-32768", P, "-32768"},       {i2, "32767", P, "32767"},
         {i2, " 40000 ", C, TooLarge(" 40000 ", "i2")}, {i2, "-32769", P, TooLarge("-32769", "i2")},
-        {ui1, "255", P, "255"},            {ui1, "256", P, TooLarge("256", "ui1")}, {ui1, "-1", P, TooLarge("-1", "ui1")},
+        {ui1, "255", P, "255"},            {ui1, "256", P, TooLarge("256", "ui1")},
+        {ui1, "-1", P, TooLarge("-1", "ui1")},
         {ui2, "65535", P, "65535"},        {ui2, "65536", P, TooLarge("65536", "ui2")},
         // A text that is no number names the wide type, and one beyond 32 bits too.
         {i1, "abc", P, NotA("abc", "i4")}, {i2, "3000000000", P, TooLarge("3000000000", "i4")},
@@ -100,7 +102,8 @@ TEST(ConversionsReal, ParsesLikeStrtodWithoutRangeCheck)
         {"1e39", HUGE_VALF}, {"-1e39", -HUGE_VALF}, {"3.4028235e38", std::numeric_limits<float>::max()}, {"0.1", 0.1f}};
     for (const auto& c : floats) EXPECT_EQ(CConversions::r4FromString(c.first, P), c.second) << c.first;
 
-    const std::pair<const char*, Rule> cases[] = {{"1.5 ", P}, {"abc", P}, {"+-1", P}, {"1e", P}, {".", P}, {" 1,5\t", C}};
+    const std::pair<const char*, Rule> cases[] = {{"1.5 ", P}, {"abc", P}, {"+-1", P},
+                                                  {"1e", P},   {".", P},   {" 1,5\t", C}};
     for (const auto& c : cases) {
         const std::string processed = c.second == C ? "1,5" : c.first;
         EXPECT_THROW_MSG(CConversions::r8FromString(c.first, c.second), Invalid, NotA(processed, "r8"));

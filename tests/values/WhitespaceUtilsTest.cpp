@@ -45,8 +45,9 @@ TEST(WhitespaceUtils, UnknownRuleFailsWithBaseClass)
 // input itself exactly when the rule changes nothing.
 TEST(WhitespaceUtils, ScratchFormAgreesAndKeepsUnchangedText)
 {
-    const std::string inputs[] = {"",  "plain", "a b",   " a", "a ", "a  b", "a\tb", "a\nb", "a\rb", " ", "\xC3\xA9 \xA0x",
-                                  std::string("a\0b", 3), std::string("\0", 1), "12.50", " 12.50 "};
+    const std::string inputs[] = {"",   "plain", "a b",  " a",  "a ",  "a  b", "a\tb", "a\nb",
+                                  "a\rb", " ",     "\xC3\xA9 \xA0x", std::string("a\0b", 3), std::string("\0", 1),
+                                  "12.50", " 12.50 "};
     for (const Rule rule : {Rule::Preserve, Rule::Replace, Rule::Collapse}) {
         for (const std::string& in : inputs) {
             std::string scratch = "untouched";
