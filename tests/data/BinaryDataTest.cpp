@@ -101,7 +101,6 @@ TEST(BinaryDataCompare, NullHolderDiffersFromEmptyHolder)
     otherZero.Append(CBinaryData());
     EXPECT_TRUE(none == otherNone && none != zero && zero == otherZero);
     EXPECT_FALSE(none == zero);
-    EXPECT_EQ(otherZero.GetLength(), 0u);
     EXPECT_NE(otherZero.GetData(), nullptr);
     EXPECT_TRUE(CBinaryData("abc") == CBinaryData("abc"));
     EXPECT_TRUE(CBinaryData("abc") != CBinaryData("abd") && CBinaryData("abc") != CBinaryData("ab"));
@@ -111,13 +110,10 @@ TEST(BinaryDataAppend, SelfAndOtherObjects)
 {
     CBinaryData a("ab");
     a.Append(a);
-    EXPECT_EQ(a.GetString(), "abab");
     CBinaryData b(a);
     b.Append(a);
-    EXPECT_EQ(b.GetString(), "abababab");
-    EXPECT_EQ(a.GetString(), "abab");
     b.Append(Bytes("xyz"), 2);
-    EXPECT_EQ(b.GetString(), "ababababxy");
+    EXPECT_EQ(a.GetString() + " " + b.GetString(), "abab ababababxy");
 
     // A source inside the buffer itself survives the reallocation of growth.
     unsigned char* own = new unsigned char[4];
@@ -229,7 +225,6 @@ TEST(BinaryDataFile, AFailedWriteLeavesThePreviousFileAndNoPartOfTheNewOne)
 
 TEST(BinaryDataText, LocalAndWideToUtf8AndUtf16)
 {
-    EXPECT_EQ(LocalToUtf8Bytes("abc").GetString(), "abc");
     EXPECT_EQ(LocalToUtf8Bytes("\xC3\xA9\xE2\x82\xAC\xF0\x9F\x98\x80").GetString(),
               "\xC3\xA9\xE2\x82\xAC\xF0\x9F\x98\x80");
     EXPECT_EQ(LocalToUtf8Bytes(std::string("a\0b", 3)).GetLength(), 3u);
