@@ -147,13 +147,11 @@ TEST(Decimal, MaxDecimalPlaces)
     EXPECT_EQ(CDecimal::GetMaxDecimalPlaces(), 30);
     {
         MaxPlacesScope scope(2);
-        EXPECT_EQ((CDecimal(1) / CDecimal(3)).ToString(), "0.33");
-        EXPECT_EQ(CDecimal("1.2345").ToString(), "1.23");
-        EXPECT_EQ(CDecimal("1.235").ToString(), "1.23");
-        EXPECT_EQ(CDecimal("1.2351").ToString(), "1.24");
-        EXPECT_EQ(CDecimal("1.2049").ToString(), "1.2");
-        EXPECT_EQ((CDecimal("1.2") / CDecimal("0.99999")).ToString(), "1.2");
-        EXPECT_EQ((CDecimal("0.05") * CDecimal("0.5")).ToString(), "0.02");
+        const std::pair<CDecimal, const char*> cases[] = {
+            {CDecimal(1) / CDecimal(3), "0.33"}, {CDecimal("1.2345"), "1.23"}, {CDecimal("1.235"), "1.23"},
+            {CDecimal("1.2351"), "1.24"},        {CDecimal("1.2049"), "1.2"},
+            {CDecimal("1.2") / CDecimal("0.99999"), "1.2"}, {CDecimal("0.05") * CDecimal("0.5"), "0.02"}};
+        for (const auto& c : cases) EXPECT_EQ(c.first.ToString(), c.second);
         MaxPlacesScope zero(0);
         EXPECT_EQ((CDecimal(7) / CDecimal(2)).ToString(), "3");
         EXPECT_EQ((CDecimal(8) / CDecimal(3)).ToString(), "3");
@@ -175,10 +173,8 @@ TEST(Decimal, FixedPlacesRoundHalfAwayFromZero)
     for (const Case& c : cases)
         EXPECT_EQ(CDecimal(c.value).ToString(c.places), c.text) << c.value << " " << c.places;
     // Where a half is cut by the divider rule instead, it goes towards zero.
-    EXPECT_EQ(CDecimal("1.25").ToBigInteger().ToString(), "1");
-    EXPECT_EQ(CDecimal("2.5").ToBigInteger().ToString(), "2");
-    EXPECT_EQ(CDecimal("-2.5").ToBigInteger().ToString(), "-2");
-    EXPECT_EQ(CDecimal("-2.51").ToBigInteger().ToString(), "-3");
+    for (const auto& c : {std::make_pair("1.25", "1"), {"2.5", "2"}, {"-2.5", "-2"}, {"-2.51", "-3"}})
+        EXPECT_EQ(CDecimal(c.first).ToBigInteger().ToString(), c.second) << c.first;
     EXPECT_THROW(CDecimal(1).ToString(-1), COrvexInvalidParamException);
 }
 
