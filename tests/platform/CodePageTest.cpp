@@ -79,12 +79,10 @@ TEST_F(LocalEncoding, CombiningCodePagesKeepTheirLastLetter)
         std::string local;
         std::u16string wide;
     } cases[] = {
-        {1258, "ab\xE3", u"ab\u0103"},
-        {1258, "\xE3", u"\u0103"},
+        {1258, "ab\xE3", u"ab\u0103"}, {1258, "\xE3", u"\u0103"},
         {1258, "\xE3\xAD", u"\u0103\u00AD"},
         {1258, "a\xEC", u"\u00E1"},  // a letter and a combining acute compose
-        {1255, "\xE3", u"\u05D3"},
-        {1255, "\xE3\xAD", u"\u05D3\u00AD"},
+        {1255, "\xE3", u"\u05D3"}, {1255, "\xE3\xAD", u"\u05D3\u00AD"},
     };
     for (const Case& c : cases) {
         SetLocalCharEncoding(c.codePage);

@@ -77,8 +77,7 @@ TEST(ConversionsInteger, EachParserAtItsLimits)
         {ui2, "x", P, NotA("x", "ui4")},
         {i8, "12abc", P, "12"},            {i8, "abc", P, "0"},              {i8, "", P, "0"},
         {i8, "  -7", P, "-7"},             {i8, "1 2", P, "1"},              {i8, "18446744073709551616", P, "0"},
-        {i8, "+9223372036854775807", P, "9223372036854775807"},
-        {i8, "-9223372036854775808", P, "-9223372036854775808"},
+        {i8, "+9223372036854775807", P, "9223372036854775807"}, {i8, "-9223372036854775808", P, "-9223372036854775808"},
         {i8, "9223372036854775808", P, "-9223372036854775808"},
         {ui8, "18446744073709551615", P, "18446744073709551615"}, {ui8, "-1", P, "18446744073709551615"},
     };
@@ -146,14 +145,11 @@ TEST(ConversionsText, BooleanLiteralsInAnyCaseAndExactlyOneChar)
 TEST(ConversionsToString, FormsOfEachType)
 {
     const std::pair<std::string, std::string> cases[] = {
-        {CConversions::i1ToString(char(0x80)), "-128"},
-        {CConversions::i2ToString(-32768), "-32768"},
+        {CConversions::i1ToString(char(0x80)), "-128"}, {CConversions::i2ToString(-32768), "-32768"},
         {CConversions::i4ToString(std::numeric_limits<std::int32_t>::min()), "-2147483648"},
         {CConversions::i8ToString(std::numeric_limits<std::int64_t>::min()), "-9223372036854775808"},
-        {CConversions::r4ToString(0.1f), "0.1"},
-        {CConversions::r4ToString(1.5f, "%.2f"), "1.50"},
-        {CConversions::r8ToString(1.0 / 3.0), "0.3333333333333333"},
-        {CConversions::booleanToString(false), "false"},
+        {CConversions::r4ToString(0.1f), "0.1"}, {CConversions::r4ToString(1.5f, "%.2f"), "1.50"},
+        {CConversions::r8ToString(1.0 / 3.0), "0.3333333333333333"}, {CConversions::booleanToString(false), "false"},
         {CConversions::charToString('\0'), ""},
         {CConversions::stringToString(std::string("a\0b", 3)), std::string("a\0b", 3)},
     };

@@ -104,8 +104,7 @@ TEST(DateTimeSpanOrder, FourReferencePoints)
         {"PT60S", "PT1M", DT::Equal},        {"PT0.001S", "PT0.000999S", DT::GreaterThan},
         {"P1Y", "P12M", DT::Equal},          {"-P1D", "PT0S", DT::LessThan},       {"-P1D", "-PT24H", DT::Equal},
         {"-P1M", "-P30D", DT::Indeterminate}, {"P400Y", "P146097D", DT::Equal},
-        {"P9000Y", "P1D", DT::GreaterThan},
-        {"-P1000Y", "-P1D", DT::LessThan},
+        {"P9000Y", "P1D", DT::GreaterThan}, {"-P1000Y", "-P1D", DT::LessThan},
         {"P4294967295D", "PT1S", DT::GreaterThan},
     };
     for (const Case& c : cases) {

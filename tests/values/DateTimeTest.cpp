@@ -102,8 +102,7 @@ TEST(DateTimeLexical, FailuresNameTheirCause)
 {
     struct Case { Form form; const char* text; std::string message; };
     const Case cases[] = {
-        {Form::Date, nullptr, "Invalid Date (Null String)"},
-        {Form::Date, "", "Invalid Date (Empty String)"},
+        {Form::Date, nullptr, "Invalid Date (Null String)"}, {Form::Date, "", "Invalid Date (Empty String)"},
         {Form::Date, "2000-01-01T", "Invalid Date ('T' not allowed)"},
         {Form::Date, "2000-01-01+05:00Z", "Invalid Date (Bad Zone value)"},
         {Form::Date, "12345-01-01", BadDate("12345-01-01")},    {Form::Date, "200-01-01", BadDate("200-01-01")},
@@ -111,8 +110,7 @@ TEST(DateTimeLexical, FailuresNameTheirCause)
         {Form::Date, "2000/01/01", BadDate("2000/01/01")},      {Form::Date, "--5", BadDate("--5")},
         {Form::Date, "--0a", BadDate("--0a")},                  {Form::Date, "-x-07", BadDate("-x-07")},
         {Form::Date, "Z", BadDate("Z")},                        {Form::Date, ":", BadDate(":")},
-        {Form::Date, "-", BadDate("-")},
-        {Form::Date, "0000", "Invalid Year [0] (-9999 <= year <= 9999 && year != 0)"},
+        {Form::Date, "-", BadDate("-")}, {Form::Date, "0000", "Invalid Year [0] (-9999 <= year <= 9999 && year != 0)"},
         {Form::Date, "2000-02-30", "Invalid Day [30] (1 <= day <= days in month"},
         {Form::Date, "2000-13", "Invalid Month [13] (1 <= month <= 12)"},
         {Form::Date, "--02-30", "Invalid Day [30] (1 <= day <= days in month)"},
@@ -120,8 +118,7 @@ TEST(DateTimeLexical, FailuresNameTheirCause)
         {Form::Date, "--00", "Invalid Month [0] (1 <= month <= 12)"},
         {Form::Date, "2000-01-01+5:000", "Invalid XSD Time Zone [+5:000]"},
         {Form::Date, "2000-01-01+25:00", "Invalid TimeZone [25:0]"},
-        {Form::Time, nullptr, "Invalid Time (Null String)"},
-        {Form::Time, "", "Invalid XSD Time (Empty String)"},
+        {Form::Time, nullptr, "Invalid Time (Null String)"}, {Form::Time, "", "Invalid XSD Time (Empty String)"},
         {Form::Time, "24:00:00", BadTime("24:00:00")},          {Form::Time, "23:60:00", BadTime("23:60:00")},
         {Form::Time, "23:59:60", BadTime("23:59:60")},          {Form::Time, "12:00", BadTime("12:00")},
         {Form::Time, "12:00:0", BadTime("12:00:0")},            {Form::Time, "12-00-00", BadTime("12-00-00")},

@@ -9,12 +9,9 @@ TEST(WhitespaceUtils, RulesOverTable)
 {
     struct Case { std::string in, preserve, replace, collapse; };
     const Case cases[] = {
-        {"", "", "", ""},
-        {"\r\n", "\n", " ", ""},
-        {"  a \t\r\n b  ", "  a \t\n b  ", "  a    b  ", "a b"},
-        {"   ", "   ", "   ", ""},
-        {"a\r b", "a b", "a b", "a b"},
-        {"plain", "plain", "plain", "plain"},
+        {"", "", "", ""}, {"\r\n", "\n", " ", ""},
+        {"  a \t\r\n b  ", "  a \t\n b  ", "  a    b  ", "a b"}, {"   ", "   ", "   ", ""},
+        {"a\r b", "a b", "a b", "a b"}, {"plain", "plain", "plain", "plain"},
         {"\xC3\xA9\xA0x", "\xC3\xA9\xA0x", "\xC3\xA9\xA0x", "\xC3\xA9\xA0x"},
         {std::string("a b\0c d", 7), std::string("a b\0c d", 7), "a b", "a b"},
     };
