@@ -163,9 +163,7 @@ TEST(BigIntegerLarge, ProductsAroundEachAlgorithmBoundary)
     for (const auto& l : lengths) {
         const std::string what = std::to_string(l[0]) + " x " + std::to_string(l[1]);
         ExpectProductModuli(RunnyDigits(rng, l[0]), RunnyDigits(rng, l[1]), what);
-        // All nines: every column and carry at its largest.
-        ExpectProductModuli(Nines(l[0]), Nines(l[1]), "nines " + what);
-        // (10^n - 1)(10^m - 1) = 10^(n+m) - 10^n - 10^m + 1, exactly.
+        // All nines, every column and carry at its largest: (10^n - 1)(10^m - 1) = 10^(n+m) - 10^n - 10^m + 1.
         const CBigInteger n9(Nines(l[0]).c_str()), m9(Nines(l[1]).c_str());
         const CBigInteger expected = CBigInteger::Pow10(static_cast<unsigned>(l[0] + l[1])) -
                                      CBigInteger::Pow10(static_cast<unsigned>(l[0])) -
@@ -209,9 +207,8 @@ TEST(BigIntegerLarge, QuotientsAndRemaindersKeepTheirIdentities)
         const std::string what = std::to_string(l[0]) + " / " + std::to_string(l[1]);
         const CBigInteger a(RunnyDigits(rng, l[0]).c_str());
         const CBigInteger b(RunnyDigits(rng, l[1]).c_str());
+        // The signs are applied outside the magnitude kernels; short operands test them.
         ExpectDivisionIdentity(a, b, what);
-        ExpectDivisionIdentity(a.GetNegative(), b, "-" + what);
-        ExpectDivisionIdentity(a, b.GetNegative(), what + " negative");
         // Exact multiples and one below the next: the estimate must land on both sides.
         const CBigInteger q(RunnyDigits(rng, l[0] - l[1] + 1).c_str());
         EXPECT_EQ((q * b / b).ToString(), q.ToString()) << what;
