@@ -1,6 +1,7 @@
 #include "orvexxml/values/BigInteger.h"
 
 #include <cstdint>
+#include <initializer_list>
 #include <limits>
 #include <random>
 #include <string>
@@ -22,6 +23,14 @@ std::string Int128Text(__int128 v)
         s.insert(s.begin(), static_cast<char>('0' + static_cast<int>(m % 10)));
     while ((m /= 10) > 0);
     return v < 0 ? "-" + s : s;
+}
+
+// The texts of the values, one blank between: a row of results in one comparison.
+std::string Texts(std::initializer_list<CBigInteger> values)
+{
+    std::string out;
+    for (const CBigInteger& v : values) out += (out.empty() ? "" : " ") + v.ToString();
+    return out;
 }
 
 // Exposes the digit-vector layer.
@@ -81,8 +90,7 @@ TEST(BigInteger, SignRulesOfTheFourOperations)
         }
     }
     CBigInteger self(12);
-    EXPECT_EQ((self += self).ToString(), "24");
-    EXPECT_EQ((self -= self).ToString(), "0");
+    EXPECT_EQ(Texts({self += self, self -= self}), "24 0");
 }
 
 TEST(BigInteger, DivisionByZeroFails)
@@ -111,7 +119,7 @@ TEST(BigInteger, NegativeZeroEqualsZeroAndOrdersWithIt)
     // Unary minus negates in place; GetAbs and GetNegative leave the object alone.
     CBigInteger x(3);
     EXPECT_EQ(&-x, &x);
-    EXPECT_EQ(x.GetAbs().ToString() + " " + x.GetNegative().ToString() + " " + x.ToString(), "3 3 -3");
+    EXPECT_EQ(Texts({x.GetAbs(), x.GetNegative(), x}), "3 3 -3");
 }
 
 TEST(BigInteger, ConversionLimits)
@@ -130,9 +138,8 @@ TEST(BigInteger, ConversionLimits)
     for (const char* bad : {"9223372036854775808", "-9223372036854775809"})
         EXPECT_THROW_MSG(static_cast<std::int64_t>(CBigInteger(bad)), COrvexInvalidValueException,
                          "ERROR: Domain in operator int()!");
-    EXPECT_EQ(CBigInteger(INT64_MIN).ToString(), "-9223372036854775808");
-    EXPECT_EQ(CBigInteger(UINT64_MAX).ToString(), "18446744073709551615");
-    EXPECT_EQ(CBigInteger(4294967295u).ToString(), "4294967295");
+    EXPECT_EQ(Texts({CBigInteger(INT64_MIN), CBigInteger(UINT64_MAX), CBigInteger(4294967295u)}),
+              "-9223372036854775808 18446744073709551615 4294967295");
 }
 
 TEST(BigInteger, FromDoubleRoundsHalfDown)
@@ -159,7 +166,7 @@ TEST(BigInteger, SquareRootAndPow10)
     EXPECT_THROW_MSG(CBigInteger(-4).SquareRoot(), COrvexInvalidValueException,
                      "ERROR: Negative Number in function SquareRoot()!");
     EXPECT_THROW_MSG(CBigInteger(0).SquareRoot(), COrvexInvalidValueException, "ERROR: Overflow in operator/!");
-    EXPECT_EQ(CBigInteger::Pow10(0).ToString() + " " + CBigInteger::Pow10(12).ToString(), "1 1000000000000");
+    EXPECT_EQ(Texts({CBigInteger::Pow10(0), CBigInteger::Pow10(12)}), "1 1000000000000");
 }
 
 TEST(BigInteger, DigitLayer)
@@ -224,24 +231,17 @@ TEST(BigInteger, DefaultAndMovedFromValuesActAsZeroEverywhere)
         return values;
     };
     for (CBigInteger zero : zeros()) {
-        EXPECT_EQ(zero.ToString(), "0");
-        EXPECT_EQ((zero + seven).ToString(), "7");
-        EXPECT_EQ((seven - zero).ToString(), "7");
-        EXPECT_EQ((zero - seven).ToString(), "-7");
-        EXPECT_EQ((zero * minusThree).ToString(), "0");
-        EXPECT_EQ((zero / seven).ToString(), "0");
-        EXPECT_EQ((zero % seven).ToString(), "0");
+        EXPECT_EQ(Texts({zero, zero + seven, seven - zero, zero - seven, zero * minusThree, zero / seven, zero % seven,
+                         zero.GetNegative()}),
+                  "0 7 7 -7 0 0 0 0");
         EXPECT_THROW(seven / zero, COrvexException);
         EXPECT_TRUE(zero == CBigInteger(0));
         EXPECT_TRUE(zero < seven && minusThree < zero);
         EXPECT_EQ(static_cast<int>(zero), 0);
         EXPECT_EQ(static_cast<std::int64_t>(zero), 0);
         EXPECT_THROW_MSG(zero.SquareRoot(), COrvexInvalidValueException, "ERROR: Overflow in operator/!");
-        EXPECT_EQ(zero.GetNegative().ToString(), "0");
         CBigInteger sum = zero, product = zero, difference = zero;
-        EXPECT_EQ((sum += minusThree).ToString() + " " + (product *= seven).ToString() + " " +
-                      (difference -= minusThree).ToString(),
-                  "-3 0 3");
+        EXPECT_EQ(Texts({sum += minusThree, product *= seven, difference -= minusThree}), "-3 0 3");
         EXPECT_EQ(CDecimal(zero).ToString(), CDecimal(CBigInteger(0)).ToString());
     }
 }
