@@ -47,34 +47,18 @@ std::string ChainOf(Fn&& fn)
     return "no failure";
 }
 
-std::string WithReplaced(std::string text, const std::string& from, const std::string& to)
-{
-    text.replace(text.find(from), from.size(), to);
-    return text;
-}
-
 }  // namespace
 
 TEST(OrderBinding, ReadsEveryKindAndWritesTheSameDocumentBack)
 {
     CSmartPtr<COrder> order = COrder::CreateInstance();
     order->FromXml(kOrderXml);
-    EXPECT_EQ(42, order->GetId());
     EXPECT_EQ(OrderStatus_Held, order->GetStatus());
-    ASSERT_EQ(1, order->GetAnyAttributes()->GetCount());
-    EXPECT_EQ("flag", order->GetAnyAttributes()->Item(0)->GetName());
-    EXPECT_TRUE(order->GetCustomer()->GetVip());
-    EXPECT_EQ("Ada", order->GetCustomer()->GetName());
-    CSmartPtr<CAddress> address = order->GetCustomer()->GetAddress();
-    EXPECT_EQ("GB", address->GetCountry());
-    EXPECT_EQ("Leeds", address->GetCity());
-    EXPECT_EQ(7, address->GetZip());
-    ASSERT_EQ(2, order->GetLines()->GetCount());
     EXPECT_EQ(3, order->GetLines()->Item(0)->GetQuantity());
     // The text property takes all of the element's direct text, around the child.
     EXPECT_EQ("red ink", order->GetLines()->Item(1)->GetDescription());
-    EXPECT_EQ("by noon", order->GetNote());
 
+    // The exact text shows every other value read.
     const std::string written = order->ToXml(false, false);
     EXPECT_EQ(kWritten, written);
     CSmartPtr<COrder> again = COrder::CreateInstance();
@@ -85,25 +69,20 @@ TEST(OrderBinding, ReadsEveryKindAndWritesTheSameDocumentBack)
     OrvexVariant street;
     {
         CSmartPtr<COrder> shortLived = COrder::CreateInstance();
-        shortLived->FromXml(WithReplaced(kOrderXml, "1 Way", "a street name longer than the small buffer").c_str());
+        shortLived->FromXml(OrvexTest::Replaced(kOrderXml, "1 Way", "a street name longer than the small buffer").c_str());
         shortLived->GetCustomer()->GetAddress()->AccessProperty(1, true, street);
     }
     EXPECT_EQ("a street name longer than the small buffer", street.GetStringRef());
 
     // Reading again into the same object starts over.
-    order->FromXml(WithReplaced(kOrderXml, "<o:Note>by noon</o:Note>", "").c_str());
+    order->FromXml(OrvexTest::Replaced(kOrderXml, "<o:Note>by noon</o:Note>", "").c_str());
     EXPECT_FALSE(order->IsValidNote());
     EXPECT_EQ(2, order->GetLines()->GetCount());
 }
 
 TEST(OrderBinding, FailuresThreeLevelsDownNameEveryElementOnTheWay)
 {
-    struct Case
-    {
-        const char* from;
-        const char* to;
-        const char* chain;
-    } cases[] = {
+    struct Case { const char* from; const char* to; const char* chain; } cases[] = {
         {"<o:Zip>7</o:Zip>", "<o:Zip>7a</o:Zip>",
          "Failed to process the element [Order] / Failed to process the element [Customer] / Failed to process the "
          "element [Address] / The value [7a] can not be converted to a i4 (derived)"},
@@ -131,7 +110,7 @@ TEST(OrderBinding, FailuresThreeLevelsDownNameEveryElementOnTheWay)
     };
     for (const Case& c : cases) {
         CSmartPtr<COrder> order = COrder::CreateInstance();
-        const std::string xml = WithReplaced(kOrderXml, c.from, c.to);
+        const std::string xml = OrvexTest::Replaced(kOrderXml, c.from, c.to);
         EXPECT_EQ(c.chain, ChainOf([&] { order->FromXml(xml.c_str()); })) << c.to;
     }
 }
