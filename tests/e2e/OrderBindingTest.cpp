@@ -80,33 +80,18 @@ TEST(OrderBinding, ReadsEveryKindAndWritesTheSameDocumentBack)
     EXPECT_EQ(2, order->GetLines()->GetCount());
 }
 
+// Missing members, attributes and counts along the chain are in the purchase order
+// and library tests; here the class of the cause three levels down, and the
+// wildcard attribute's namespace rule.
 TEST(OrderBinding, FailuresThreeLevelsDownNameEveryElementOnTheWay)
 {
     struct Case { const char* from; const char* to; const char* chain; } cases[] = {
         {"<o:Zip>7</o:Zip>", "<o:Zip>7a</o:Zip>",
          "Failed to process the element [Order] / Failed to process the element [Customer] / Failed to process the "
          "element [Address] / The value [7a] can not be converted to a i4 (derived)"},
-        {"<o:City>Leeds</o:City>", "",
-         "Failed to process the element [Order] / Failed to process the element [Customer] / Failed to process the "
-         "element [Address] / Failed to find a required element [City] (derived)"},
-        {"<o:Customer vip=\"true\">", "<o:Customer vip=\"true\" extra=\"1\">",
-         "Failed to process the element [Order] / Failed to process the element [Customer] / Unexpected Attribute "
-         "[extra] found. (derived)"},
-        {"<o:Line sku=\"B2\">", "<o:Line>",
-         "Failed to process the element [Order] / Failed to process the element [Line] / Failed to find the required "
-         "Attribute [sku] (derived)"},
         {"id=\"42\"", "id=\"42\" o:id=\"1\"",
          "Failed to process the element [Order] / Invalid namespace [urn:orvex:order]. The namespace must be one of "
          "[##other] where the target namespace is [urn:orvex:order] (derived)"},
-        {"<o:Note>",
-         "<o:Line sku=\"C\"><o:Quantity>1</o:Quantity></o:Line><o:Line sku=\"D\"><o:Quantity>1</o:Quantity>"
-         "</o:Line><o:Line sku=\"E\"><o:Quantity>1</o:Quantity></o:Line><o:Line sku=\"F\"><o:Quantity>1"
-         "</o:Quantity></o:Line><o:Note>",
-         "Failed to process the element [Order] / The Maximum number of [Line] elements allowed in this collection is "
-         "5 (derived)"},
-        {"</o:Order>", "<o:Extra/></o:Order>",
-         "Failed to process the element [Order] / Failed read all the elements held within the element [Order]. The "
-         "unexpected element [Extra] remains un processed (derived)"},
     };
     for (const Case& c : cases) {
         CSmartPtr<COrder> order = COrder::CreateInstance();
