@@ -91,12 +91,11 @@ TEST(Ledger, SampleReadsIntoTypedListsAndWritesBackTheSame)
 
 TEST(Ledger, EachFacetBrokenOnceFailsTheReadAndTheSetter)
 {
+    // One broken facet per kind of list.
     const Texts amount{"1"}, status{"open"};
     struct Case { std::string xml; const char* cause; } cases[] = {
-        {Ledger({"0.00"}, {}, status, {}), "Invalid Value for Amount [0]"},
         {Ledger({"1", "10000.001"}, {}, status, {}), "Invalid Value for Amount [10000.001]"},
         {Ledger(amount, {"1999-12-31"}, status, {}), "Invalid Value for Due [1999-12-31]"},
-        {Ledger(amount, {"2099-12-31", "2100-01-01"}, status, {}), "Invalid Value for Due [2100-01-01]"},
         {Ledger(amount, {}, {"closed"}, {}), "Invalid Value for Status [closed]"},
         // A boolean has no facet to break: only its text can be wrong.
         {Ledger(amount, {}, status, {"maybe"}), "A Boolean Value read from an XML document was invalid [maybe]. Valid values are 'true', "
@@ -105,32 +104,23 @@ TEST(Ledger, EachFacetBrokenOnceFailsTheReadAndTheSetter)
     CSmartPtr<CLedger> ledger = CLedger::CreateInstance();
     for (const Case& c : cases) EXPECT_EQ(InLedger(c.cause), ReadChain(ledger, c.xml)) << c.xml;
 
-    // The typed setters test the same facets and leave the lists as they were.
-    ledger->FromXml(Ledger(amount, {"2000-01-01"}, status, {"1"}).c_str());
+    // The typed setters of the generated lists test the same facets; the collections'
+    // own tests show that a refused value leaves the list as it was.
     EXPECT_THROW_MSG(ledger->GetAmounts()->Add(CDecimal("10000.01")), COrvexException,
                      "Invalid Value for Amount [10000.01]");
-    EXPECT_THROW_MSG(ledger->GetDueDates()->AddAt(0, CConversions::dateFromString("1999-12-31", {})),
-                     COrvexException, "Invalid Value for Due [1999-12-31]");
-    EXPECT_THROW_MSG(ledger->GetDueDates()->Add(CConversions::datetimeFromString("2001-01-01T00:00:00", {})),
-                     COrvexInvalidParamException, "Dates added to this collection must be of type dt_date");
     EXPECT_THROW_MSG(ledger->GetStatuses()->Add("Open"), COrvexException, "Invalid Value for Status [Open]");
-    EXPECT_NE(std::string::npos, WriteChain(ledger).find("<AA:Amount>1.00</AA:Amount><AA:Due>2000-01-01</AA:Due>"
-                                                         "<AA:Status>open</AA:Status><AA:Flag>true</AA:Flag>"
-                                                         "</AA:Ledger>"));
 }
 
-TEST(Ledger, EachOccurrenceBoundIsTestedOnReadAndWrite)
+// The four lists share one descriptor class, and each typed list's own bounds on
+// writing are tested with the collections: one maximum and one minimum here.
+TEST(Ledger, OccurrenceBoundsAreTestedOnReadAndWrite)
 {
     const Texts one{"1"}, open{"open"};
     const char* const maximum = "The Maximum number of [%s] elements allowed in this collection is %d";
     const char* const minimum = "The Minimum number of [%s] elements allowed in this collection is %d";
     struct Case { std::string xml; const char* bound; const char* name; int count; } cases[] = {
         {Ledger({"1", "2", "3", "4", "5"}, {}, open, {}), maximum, "Amount", 4},
-        {Ledger({}, {}, open, {}), minimum, "Amount", 1},
-        {Ledger(one, {"2001-01-01", "2001-01-02", "2001-01-03", "2001-01-04"}, open, {}), maximum, "Due", 3},
-        {Ledger(one, {}, {"open", "settled", "open"}, {}), maximum, "Status", 2},
         {Ledger(one, {}, {}, {}), minimum, "Status", 1},
-        {Ledger(one, {}, open, {"true", "false", "true"}), maximum, "Flag", 2},
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.xml);
