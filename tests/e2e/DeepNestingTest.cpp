@@ -26,23 +26,13 @@ public:
     CXmlObjectBase* GetBase() override { return this; }
     std::string GetTargetNamespace() const override { return ""; }
     std::string GetNamespace() const override { return ""; }
-    void Init() override
-    {
-        m_label.clear();
-        m_child = nullptr;
-    }
+    void Init() override { m_label.clear(), m_child = nullptr; }
     void AccessProperty(int propertyIndex, bool read, OrvexVariant& value) override
     {
-        if (propertyIndex == 0) {
-            if (read)
-                LendString(value, m_label);
-            else
-                m_label = value.GetString();
-        } else if (read) {
-            value.SetXmlObject(m_child);
-        } else {
-            m_child = dynamic_cast<CNest*>(value.GetXmlObject().Get());
-        }
+        if (propertyIndex == 0 && read) LendString(value, m_label);
+        if (propertyIndex == 0 && !read) m_label = value.GetString();
+        if (propertyIndex == 1 && read) value.SetXmlObject(m_child);
+        if (propertyIndex == 1 && !read) m_child = dynamic_cast<CNest*>(value.GetXmlObject().Get());
     }
     CParentElementInfo* GetClassInfo() const override { return Tables().info; }
     CElementInfo** GetClassElementInfo() const override { return Tables().elements; }
