@@ -4,12 +4,14 @@
 #include <gtest/gtest.h>
 
 #include "TestUtil.h"
+#include "e2e/EndToEndSupport.h"
 #include "examples/ExamplePaths.h"
 #include "examples/library/Library.h"
 #include "examples/purchase-order/PurchaseOrderTools.h"
 
 using namespace OrvexXmlLib5;
 using namespace OrvexExamples;
+using namespace OrvexTest;
 
 namespace {
 
@@ -45,40 +47,6 @@ std::string EditionDoc(const std::string& edition)
     return BookDoc(std::string(kPlainBody) + "<l:Edition>" + edition + "</l:Edition>");
 }
 
-// A context with one option set: "unknown", "missing", "choice" or "counts"; "" for none.
-CXmlSerializationContext Context(const std::string& option)
-{
-    CXmlSerializationContext context;
-    context.SetIgnoreUnknownElements(option == "unknown");
-    context.SetIgnoreMissingMandatoryElements(option == "missing");
-    context.SetIgnoreMissingChoice(option == "choice");
-    context.SetIgnoreInvalidCollectionCounts(option == "counts");
-    return context;
-}
-
-// The whole chain of a failed read, or "read" when the document was taken.
-std::string ReadChain(CLibrary* library, const std::string& xml, const std::string& option = "")
-{
-    const CXmlSerializationContext context = Context(option);
-    try {
-        library->FromXml(xml.c_str(), context);
-    } catch (const COrvexValidationException& e) {
-        return e.GetFullMessage();
-    }
-    return "read";
-}
-
-std::string WriteChain(const CLibrary* library, const std::string& option = "")
-{
-    const CXmlSerializationContext context = Context(option);
-    try {
-        library->ToXml(false, false, EOL_LF, context);
-    } catch (const COrvexValidationException& e) {
-        return e.GetFullMessage();
-    }
-    return "written";
-}
-
 std::string InBook(const std::string& cause)
 {
     return "Failed to process the element [Library]\nFailed to process the element [Book]\n" + cause;
@@ -92,12 +60,6 @@ std::string InEdition(const std::string& cause)
 const std::string kNoChoice =
     "No child elements within the element [Edition] were populated. The element represents a choice, so one and "
     "only one element should be populated. The element contained no sutable child elements";
-
-std::string Leftover(const char* parent, const char* element)
-{
-    return std::string("Failed read all the elements held within the element [") + parent +
-           "]. The unexpected element [" + element + "] remains un processed";
-}
 
 }  // namespace
 
@@ -182,7 +144,7 @@ TEST(LibrarySeqCollection, CountsAreTestedUnlessIgnored)
     EXPECT_EQ("read", ReadChain(library, Library(kAddress), "counts"));
     EXPECT_EQ(0, library->GetBooks()->GetCount());
     // An empty collection writes nothing, so that the short document is written.
-    EXPECT_EQ("written", WriteChain(library));
+    EXPECT_EQ(0u, WriteChain(library).find("<AA:Library"));
 
     std::string members;
     for (int i = 0; i < 1001; ++i) members += kMember;
@@ -220,7 +182,7 @@ TEST(LibraryChoice, UnknownElementsAreNoAlternative)
             "Failed to convert the element [Edition] to XML\nThis element is a choice, and as such must have at "
             "one (and only one) valid item, currently there are none set",
             WriteChain(library));
-        EXPECT_EQ("written", WriteChain(library, c.option));
+        EXPECT_EQ(0u, WriteChain(library, c.option).find("<AA:Library"));
     }
 }
 
@@ -244,7 +206,7 @@ TEST(LibraryChoice, ClassAlternativeIsStoredBeforeItsContent)
 TEST(LibrarySetters, NamedObjectProperty)
 {
     CSmartPtr<CBook> book = CBook::CreateInstance();
-    EXPECT_TRUE(OrvexTest::ThrowsExactly<COrvexInvalidParamException>(
+    EXPECT_TRUE(ThrowsExactly<COrvexInvalidParamException>(
         [&] { book->SetEdition(CEdition::CreateInstance("Version")); },
         "This property requrires an element with the name Edition the element being set has the element name "
         "Version"));

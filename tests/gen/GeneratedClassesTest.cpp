@@ -12,6 +12,7 @@
 #include <sstream>
 
 #include "TestUtil.h"
+#include "e2e/EndToEndSupport.h"
 #include "examples/purchase-order/PurchaseOrderTools.h"
 #include "gen/Shop.h"
 
@@ -34,16 +35,6 @@ CSmartPtr<CCatalogue> Read(const std::string& xml)
     CSmartPtr<CCatalogue> catalogue = CCatalogue::CreateInstance();
     catalogue->FromXml(xml.c_str());
     return catalogue;
-}
-
-std::string FullFailure(const std::function<void()>& fn)
-{
-    try {
-        fn();
-    } catch (const COrvexException& e) {
-        return e.GetFullMessage();
-    }
-    return "no failure";
 }
 
 }  // namespace
@@ -221,7 +212,7 @@ TEST(GeneratedClasses, ReadingFailuresNameThePathFromTheRoot)
         {"<s:Color>light-blue</s:Color>", "<s:Color>blue</s:Color>", "Product"},
     };
     for (const auto& c : cases) {
-        const std::string full = FullFailure([&] { Read(Replaced(text, c.from, c.to)); });
+        const std::string full = OrvexTest::ReadChain(CCatalogue::CreateInstance(), Replaced(text, c.from, c.to));
         EXPECT_NE(std::string::npos, full.find("Catalogue")) << c.to << "\n" << full;
         EXPECT_NE(std::string::npos, full.find(c.path)) << c.to << "\n" << full;
     }
