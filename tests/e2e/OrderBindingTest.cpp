@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "TestUtil.h"
+#include "collections/CollectionTestTypes.h"
 #include "examples/binding/Order.h"
 
 using namespace OrvexXmlLib5;
@@ -130,26 +131,14 @@ TEST(OrderBinding, RootExtrasComeOnlyOnTheRoot)
 
 TEST(OrderBinding, CollectionListenerHearsEveryLineRead)
 {
-    struct CWatcher : CXmlObjectBase
-    {
-        int events = 0;
-        CXmlObjectBase* GetBase() override { return this; }
-        std::string GetTargetNamespace() const override { return ""; }
-        std::string GetNamespace() const override { return ""; }
-        void OnEvent(CXmlObjectBase*, MsgType, void*) override { ++events; }
-        void ToXml_Int(CXmlWriter*, bool, const char*, const CXmlSerializationContext&, bool) const override {}
-        CXmlElement* FromXml_Int(CXmlElement*, CXmlElement* c, const CXmlSerializationContext&, bool) override
-        {
-            return c;
-        }
-    } watcher;
+    CSmartPtr<OrvexTest::CListener> watcher(new OrvexTest::CListener());
     CSmartPtr<COrder> order = COrder::CreateInstance();
-    order->GetLines()->AddEventListener(&watcher);
+    order->GetLines()->AddEventListener(watcher);
     order->GetLines()->Add()->SetSku("pre");
     order->FromXml(kOrderXml);  // Init clears one, the walk adds two
-    EXPECT_EQ(4, watcher.events);
+    EXPECT_EQ(4u, watcher->sources.size());
     std::string skus;
     for (CLine* line : *order->GetLines()) skus += line->GetSku();
     EXPECT_EQ("A1B2", skus);
-    order->GetLines()->RemoveEventListener(&watcher);
+    order->GetLines()->RemoveEventListener(watcher);
 }
