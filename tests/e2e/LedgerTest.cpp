@@ -107,23 +107,3 @@ TEST(Ledger, OccurrenceBoundsAreTestedOnReadAndWrite)
         EXPECT_EQ(0u, WriteChain(ledger, "counts").find("<AA:Ledger")) << WriteChain(ledger, "counts");
     }
 }
-
-TEST(Ledger, ListsBuiltThroughTheTypedInterfaceAreWrittenInOrder)
-{
-    CSmartPtr<CLedger> ledger = CLedger::CreateInstance();
-    ledger->SetOwner("Ely");
-    ledger->GetAmounts()->Add(CDecimal("3.1"));
-    ledger->GetAmounts()->AddAt(0, CDecimal("2"));
-    ledger->GetDueDates()->Add(CConversions::dateFromString("2030-06-30Z", {}));
-    ledger->GetStatuses()->Add("settled");
-    ledger->GetFlags()->Add(false);
-    ledger->GetFlags()->AddAt(0, true);
-    const std::string written = WriteChain(ledger);
-    EXPECT_NE(std::string::npos,
-              written.find("<AA:Amount>2.00</AA:Amount><AA:Amount>3.10</AA:Amount><AA:Due>2030-06-30Z</AA:Due>"
-                           "<AA:Status>settled</AA:Status><AA:Flag>true</AA:Flag><AA:Flag>false</AA:Flag>"))
-        << written;
-    CSmartPtr<CLedger> read = CLedger::CreateInstance();
-    EXPECT_EQ("read", ReadChain(read, written));
-    EXPECT_EQ(written, WriteChain(read));
-}
