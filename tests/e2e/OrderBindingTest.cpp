@@ -70,7 +70,8 @@ TEST(OrderBinding, ReadsEveryKindAndWritesTheSameDocumentBack)
     OrvexVariant street;
     {
         CSmartPtr<COrder> shortLived = COrder::CreateInstance();
-        shortLived->FromXml(OrvexTest::Replaced(kOrderXml, "1 Way", "a street name longer than the small buffer").c_str());
+        const std::string xml = OrvexTest::Replaced(kOrderXml, "1 Way", "a street name longer than the small buffer");
+        shortLived->FromXml(xml.c_str());
         shortLived->GetCustomer()->GetAddress()->AccessProperty(1, true, street);
     }
     EXPECT_EQ("a street name longer than the small buffer", street.GetStringRef());

@@ -191,13 +191,14 @@ TEST(PurchaseOrder, ReadingFailuresNameTheElementsOnTheWay)
 TEST(PurchaseOrder, ZonedDatesAndLongPricesSurviveTheRoundTrip)
 {
     const char* const price = "1234567890123456789012345.678901234567891";
-    const std::string xml = Replaced(
-        Replaced(Replaced(PrimerText(), "1999-10-20", "1999-10-20-05:00"), "1999-05-21", "1999-05-21Z"), "39.98", price);
+    std::string xml = Replaced(PrimerText(), "1999-10-20", "1999-10-20-05:00");
+    xml = Replaced(Replaced(xml, "1999-05-21", "1999-05-21Z"), "39.98", price);
     CSmartPtr<CPurchaseOrder> order = ReadOrder(xml);
     EXPECT_TRUE(order->GetOrderDate().IsUTC());  // a zone is stated
     const std::string written = order->ToXml(false, false);
-    for (const std::string& part : std::initializer_list<std::string>{
-             "orderDate=\"1999-10-20-05:00\"", "<shipDate>1999-05-21Z</shipDate>", "<USPrice>" + std::string(price) + "<"})
+    for (const std::string& part : std::initializer_list<std::string>{"orderDate=\"1999-10-20-05:00\"",
+                                                                      "<shipDate>1999-05-21Z</shipDate>",
+                                                                      "<USPrice>" + std::string(price) + "<"})
         EXPECT_NE(std::string::npos, written.find(part)) << part;
     CSmartPtr<CPurchaseOrder> again = ReadOrder(written);
     EXPECT_EQ(written, again->ToXml(false, false));

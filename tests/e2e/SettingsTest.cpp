@@ -254,7 +254,8 @@ TEST(SettingsSubstitution, TypeWithAndWithoutPrefix)
         EXPECT_EQ(c.cloud, dynamic_cast<CCloudStorage*>(settings->GetStorage().Get()) != nullptr) << c.storage;
         // The class writes its own type name, so a wrong class shows here too.
         const std::string written = settings->ToXml(false, false, EOL_LF);
-        EXPECT_NE(std::string::npos, written.find(c.cloud ? "AB:type=\"AA:CloudStorage\"" : "AB:type=\"AA:LocalStorage\""))
+        EXPECT_NE(std::string::npos,
+                  written.find(c.cloud ? "AB:type=\"AA:CloudStorage\"" : "AB:type=\"AA:LocalStorage\""))
             << written;
     }
 }

@@ -131,8 +131,8 @@ TEST(StreamRoundTrip, EveryFormEncodingCompressionAndEntryPointReadsBackEqual)
                 WriteFile(*example.object, out, path);
                 // The file is the stream, behind FF FE for UTF-16 even when compressed.
                 const bool mark = out.form == Form_Text && out.encoding != Encoding_UTF8;
-                EXPECT_EQ((mark ? std::string("\xFF\xFE") : std::string()) + WriteStream(*example.object, out).GetString(),
-                          ReadTextFile(path));
+                const std::string stream = WriteStream(*example.object, out).GetString();
+                EXPECT_EQ((mark ? std::string("\xFF\xFE") : std::string()) + stream, ReadTextFile(path));
             } else {
                 WriteStream(*example.object, out).ToFile(path.c_str(), Encoding_Unspecified);
             }

@@ -309,7 +309,8 @@ TEST(Generator, OutputIsStableAndMatchesTheGoldenLists)
     const auto tables = {"new CParentElementInfo", "new CElementInfo", "new CAttributeInfo"};
     for (const char* name : {"Shop", "Parts"}) {
         const std::string out = first + "/" + name;
-        EXPECT_EQ(ReadTextFile(golden + name + ".constructors.txt"), linesWith(ReadTextFile(out + ".h"), {"explicit C"}));
+        EXPECT_EQ(ReadTextFile(golden + name + ".constructors.txt"),
+                  linesWith(ReadTextFile(out + ".h"), {"explicit C"}));
         EXPECT_EQ(ReadTextFile(golden + name + ".tables.txt"), linesWith(ReadTextFile(out + ".cpp"), tables));
     }
 }
