@@ -3,16 +3,17 @@
 // bound passed, checked by exact text along the chain from the root.
 #include <gtest/gtest.h>
 
-#include <fstream>
-#include <iterator>
 #include <vector>
 
 #include "TestUtil.h"
+#include "e2e/EndToEndSupport.h"
 #include "examples/ExamplePaths.h"
 #include "examples/ledger/Ledger.h"
+#include "examples/purchase-order/PurchaseOrderTools.h"
 
 using namespace OrvexXmlLib5;
 using namespace OrvexExamples;
+using namespace OrvexTest;
 
 namespace {
 
@@ -31,44 +32,9 @@ std::string Ledger(const Texts& amounts, const Texts& dues, const Texts& statuse
            Items("Status", statuses) + Items("Flag", flags) + "</g:Ledger>";
 }
 
-// The whole chain of a failed read, or "read".
-std::string ReadChain(CLedger* ledger, const std::string& xml, bool ignoreCounts = false)
-{
-    CXmlSerializationContext context;
-    context.SetIgnoreInvalidCollectionCounts(ignoreCounts);
-    try {
-        ledger->FromXml(xml.c_str(), context);
-    } catch (const COrvexException& e) {
-        return e.GetFullMessage();
-    }
-    return "read";
-}
-
-std::string WriteChain(const CLedger* ledger, bool ignoreCounts = false)
-{
-    CXmlSerializationContext context;
-    context.SetIgnoreInvalidCollectionCounts(ignoreCounts);
-    try {
-        return ledger->ToXml(false, false, EOL_LF, context);
-    } catch (const COrvexException& e) {
-        return e.GetFullMessage();
-    }
-}
-
 std::string InLedger(const std::string& cause)
 {
     return "Failed to process the element [Ledger]\n" + cause;
-}
-
-std::string WritingLedger(const std::string& cause)
-{
-    return "Failed to convert the element [Ledger] to XML\n" + cause;
-}
-
-std::string SampleText()
-{
-    std::ifstream file(ExamplePath("ledger/ledger.xml"), std::ios::binary);
-    return std::string(std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>());
 }
 
 }  // namespace
@@ -76,22 +42,10 @@ std::string SampleText()
 TEST(Ledger, SampleReadsIntoTypedListsAndWritesBackTheSame)
 {
     CSmartPtr<CLedger> ledger = CLedger::CreateInstance();
-    ledger->FromXml(SampleText().c_str());
-    CSmartPtr<CdecimalCol> amounts = ledger->GetAmounts();
-    ASSERT_EQ(3, amounts->GetCount());
-    EXPECT_EQ("12.5", amounts->Item(0).ToString());
-    EXPECT_EQ("0.01", amounts->Item(1).ToString());
-    CSmartPtr<CdateCol> dues = ledger->GetDueDates();
-    ASSERT_EQ(2, dues->GetCount());
-    EXPECT_EQ(CDateTime::date, dues->Item(1).GetType());
-    EXPECT_EQ(15, dues->Item(1).GetDay());
-    // The zone read is kept and written again.
-    EXPECT_TRUE(dues->Item(1).HasTimeZone());
-    ASSERT_EQ(2, ledger->GetStatuses()->GetCount());
-    EXPECT_EQ("disputed", ledger->GetStatuses()->Item(1));
-    ASSERT_EQ(2, ledger->GetFlags()->GetCount());
-    EXPECT_TRUE(ledger->GetFlags()->Item(0));
-    EXPECT_FALSE(ledger->GetFlags()->Item(1));
+    ledger->FromXml(ReadTextFile(ExamplePath("ledger/ledger.xml")).c_str());
+    // The value is held as read; the written text below has the schema's two places.
+    EXPECT_EQ("12.5", ledger->GetAmounts()->Item(0).ToString());
+    EXPECT_TRUE(ledger->GetDueDates()->Item(1).HasTimeZone());
 
     const std::string written = ledger->ToXml(false, false, EOL_LF);
     EXPECT_NE(std::string::npos,
@@ -107,16 +61,11 @@ TEST(Ledger, SampleReadsIntoTypedListsAndWritesBackTheSame)
 
 TEST(Ledger, EachFacetBrokenOnceFailsTheReadAndTheSetter)
 {
+    // One broken facet per kind of list.
     const Texts amount{"1"}, status{"open"};
-    struct Case
-    {
-        std::string xml;
-        const char* cause;
-    } cases[] = {
-        {Ledger({"0.00"}, {}, status, {}), "Invalid Value for Amount [0]"},
+    struct Case { std::string xml; const char* cause; } cases[] = {
         {Ledger({"1", "10000.001"}, {}, status, {}), "Invalid Value for Amount [10000.001]"},
         {Ledger(amount, {"1999-12-31"}, status, {}), "Invalid Value for Due [1999-12-31]"},
-        {Ledger(amount, {"2099-12-31", "2100-01-01"}, status, {}), "Invalid Value for Due [2100-01-01]"},
         {Ledger(amount, {}, {"closed"}, {}), "Invalid Value for Status [closed]"},
         // A boolean has no facet to break: only its text can be wrong.
         {Ledger(amount, {}, status, {"maybe"}), "A Boolean Value read from an XML document was invalid [maybe]. Valid values are 'true', "
@@ -125,38 +74,23 @@ TEST(Ledger, EachFacetBrokenOnceFailsTheReadAndTheSetter)
     CSmartPtr<CLedger> ledger = CLedger::CreateInstance();
     for (const Case& c : cases) EXPECT_EQ(InLedger(c.cause), ReadChain(ledger, c.xml)) << c.xml;
 
-    // The typed setters test the same facets and leave the lists as they were.
-    ledger->FromXml(Ledger(amount, {"2000-01-01"}, status, {"1"}).c_str());
+    // The typed setters of the generated lists test the same facets; the collections'
+    // own tests show that a refused value leaves the list as it was.
     EXPECT_THROW_MSG(ledger->GetAmounts()->Add(CDecimal("10000.01")), COrvexException,
                      "Invalid Value for Amount [10000.01]");
-    EXPECT_THROW_MSG(ledger->GetDueDates()->AddAt(0, CConversions::dateFromString("1999-12-31", {})),
-                     COrvexException, "Invalid Value for Due [1999-12-31]");
-    EXPECT_THROW_MSG(ledger->GetDueDates()->Add(CConversions::datetimeFromString("2001-01-01T00:00:00", {})),
-                     COrvexInvalidParamException, "Dates added to this collection must be of type dt_date");
     EXPECT_THROW_MSG(ledger->GetStatuses()->Add("Open"), COrvexException, "Invalid Value for Status [Open]");
-    EXPECT_NE(std::string::npos, WriteChain(ledger).find("<AA:Amount>1.00</AA:Amount><AA:Due>2000-01-01</AA:Due>"
-                                                         "<AA:Status>open</AA:Status><AA:Flag>true</AA:Flag>"
-                                                         "</AA:Ledger>"));
 }
 
-TEST(Ledger, EachOccurrenceBoundIsTestedOnReadAndWrite)
+// The four lists share one descriptor class, and each typed list's own bounds on
+// writing are tested with the collections: one maximum and one minimum here.
+TEST(Ledger, OccurrenceBoundsAreTestedOnReadAndWrite)
 {
     const Texts one{"1"}, open{"open"};
     const char* const maximum = "The Maximum number of [%s] elements allowed in this collection is %d";
     const char* const minimum = "The Minimum number of [%s] elements allowed in this collection is %d";
-    struct Case
-    {
-        std::string xml;
-        const char* bound;
-        const char* name;
-        int count;
-    } cases[] = {
+    struct Case { std::string xml; const char* bound; const char* name; int count; } cases[] = {
         {Ledger({"1", "2", "3", "4", "5"}, {}, open, {}), maximum, "Amount", 4},
-        {Ledger({}, {}, open, {}), minimum, "Amount", 1},
-        {Ledger(one, {"2001-01-01", "2001-01-02", "2001-01-03", "2001-01-04"}, open, {}), maximum, "Due", 3},
-        {Ledger(one, {}, {"open", "settled", "open"}, {}), maximum, "Status", 2},
         {Ledger(one, {}, {}, {}), minimum, "Status", 1},
-        {Ledger(one, {}, open, {"true", "false", "true"}), maximum, "Flag", 2},
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.xml);
@@ -165,31 +99,11 @@ TEST(Ledger, EachOccurrenceBoundIsTestedOnReadAndWrite)
         EXPECT_EQ(InLedger(cause), ReadChain(ledger, c.xml));
         // Read past the bounds, the ledger is refused again when it is written; but an
         // empty list writes nothing, so its minimum is not looked at then.
-        EXPECT_EQ("read", ReadChain(ledger, c.xml, true));
+        EXPECT_EQ("read", ReadChain(ledger, c.xml, "counts"));
         if (c.bound == maximum)
-            EXPECT_EQ(WritingLedger(cause), WriteChain(ledger));
+            EXPECT_EQ("Failed to convert the element [Ledger] to XML\n" + cause, WriteChain(ledger));
         else
-            EXPECT_EQ(WriteChain(ledger), WriteChain(ledger, true));
-        EXPECT_EQ(0u, WriteChain(ledger, true).find("<AA:Ledger")) << WriteChain(ledger, true);
+            EXPECT_EQ(WriteChain(ledger), WriteChain(ledger, "counts"));
+        EXPECT_EQ(0u, WriteChain(ledger, "counts").find("<AA:Ledger")) << WriteChain(ledger, "counts");
     }
-}
-
-TEST(Ledger, ListsBuiltThroughTheTypedInterfaceAreWrittenInOrder)
-{
-    CSmartPtr<CLedger> ledger = CLedger::CreateInstance();
-    ledger->SetOwner("Ely");
-    ledger->GetAmounts()->Add(CDecimal("3.1"));
-    ledger->GetAmounts()->AddAt(0, CDecimal("2"));
-    ledger->GetDueDates()->Add(CConversions::dateFromString("2030-06-30Z", {}));
-    ledger->GetStatuses()->Add("settled");
-    ledger->GetFlags()->Add(false);
-    ledger->GetFlags()->AddAt(0, true);
-    const std::string written = WriteChain(ledger);
-    EXPECT_NE(std::string::npos,
-              written.find("<AA:Amount>2.00</AA:Amount><AA:Amount>3.10</AA:Amount><AA:Due>2030-06-30Z</AA:Due>"
-                           "<AA:Status>settled</AA:Status><AA:Flag>true</AA:Flag><AA:Flag>false</AA:Flag>"))
-        << written;
-    CSmartPtr<CLedger> read = CLedger::CreateInstance();
-    EXPECT_EQ("read", ReadChain(read, written));
-    EXPECT_EQ(written, WriteChain(read));
 }

@@ -3,24 +3,20 @@
 // context, checked by exact text along the chain from the root.
 #include <gtest/gtest.h>
 
-#include <fstream>
-#include <sstream>
-
 #include "TestUtil.h"
+#include "e2e/EndToEndSupport.h"
 #include "examples/ExamplePaths.h"
 #include "examples/library/Library.h"
+#include "examples/purchase-order/PurchaseOrderTools.h"
 
 using namespace OrvexXmlLib5;
 using namespace OrvexExamples;
+using namespace OrvexTest;
 
 namespace {
 
 const char* const kAddress =
     "<l:Address country=\"GB\"><l:Street>4 Mill Lane</l:Street><l:City>Ely</l:City></l:Address>";
-const char* const kMember =
-    "<l:Member id=\"M0001\"><l:Name>Ada</l:Name>"
-    "<l:Membership xsi:type=\"l:AdultMembership\"><l:Since>2019</l:Since><l:Fee>25</l:Fee></l:Membership>"
-    "</l:Member>";
 
 std::string Library(const std::string& content)
 {
@@ -47,47 +43,6 @@ std::string EditionDoc(const std::string& edition)
     return BookDoc(std::string(kPlainBody) + "<l:Edition>" + edition + "</l:Edition>");
 }
 
-struct COptions
-{
-    bool ignoreUnknown = false;
-    bool ignoreMissing = false;
-    bool ignoreChoice = false;
-    bool ignoreCounts = false;
-};
-
-CXmlSerializationContext Context(const COptions& options)
-{
-    CXmlSerializationContext context;
-    context.SetIgnoreUnknownElements(options.ignoreUnknown);
-    context.SetIgnoreMissingMandatoryElements(options.ignoreMissing);
-    context.SetIgnoreMissingChoice(options.ignoreChoice);
-    context.SetIgnoreInvalidCollectionCounts(options.ignoreCounts);
-    return context;
-}
-
-// The whole chain of a failed read, or "read" when the document was taken.
-std::string ReadChain(CLibrary* library, const std::string& xml, const COptions& options = COptions())
-{
-    const CXmlSerializationContext context = Context(options);
-    try {
-        library->FromXml(xml.c_str(), context);
-    } catch (const COrvexValidationException& e) {
-        return e.GetFullMessage();
-    }
-    return "read";
-}
-
-std::string WriteChain(const CLibrary* library, const COptions& options = COptions())
-{
-    const CXmlSerializationContext context = Context(options);
-    try {
-        library->ToXml(false, false, EOL_LF, context);
-    } catch (const COrvexValidationException& e) {
-        return e.GetFullMessage();
-    }
-    return "written";
-}
-
 std::string InBook(const std::string& cause)
 {
     return "Failed to process the element [Library]\nFailed to process the element [Book]\n" + cause;
@@ -102,145 +57,75 @@ const std::string kNoChoice =
     "No child elements within the element [Edition] were populated. The element represents a choice, so one and "
     "only one element should be populated. The element contained no sutable child elements";
 
-std::string Leftover(const char* parent, const char* element)
-{
-    return std::string("Failed read all the elements held within the element [") + parent +
-           "]. The unexpected element [" + element + "] remains un processed";
-}
-
-std::string SampleText()
-{
-    std::ifstream file(ExamplePath("library/library.xml"), std::ios::binary);
-    std::ostringstream text;
-    text << file.rdbuf();
-    return text.str();
-}
-
 }  // namespace
 
 TEST(Library, SampleReadsIntoTypedPropertiesAndWritesBackTheSame)
 {
     CSmartPtr<CLibrary> library = CLibrary::CreateInstance();
-    library->FromXml(SampleText().c_str());
-    EXPECT_EQ("Riverside Lending Library", library->GetName());
-    EXPECT_EQ("GB", library->GetAddress()->GetCountry());
-    EXPECT_EQ("CB7 4AA", library->GetAddress()->GetPostcode());
+    library->FromXml(ReadTextFile(ExamplePath("library/library.xml")).c_str());
+    EXPECT_EQ("Riverside Lending Library|CB7 4AA", library->GetName() + "|" + library->GetAddress()->GetPostcode());
     ASSERT_EQ(3, library->GetBooks()->GetCount());
-    CSmartPtr<CBook> first = library->GetBooks()->Item(0);
+    CSmartPtr<CBook> first = library->GetBooks()->Item(0), second = library->GetBooks()->Item(1);
     EXPECT_EQ(Genre_Fiction, first->GetGenre());
     EXPECT_EQ(1813, first->GetYear());
     EXPECT_DOUBLE_EQ(7.99, first->GetPrice());
-    EXPECT_EQ(Condition_Good, first->GetCondition());
-    EXPECT_EQ("Print", first->GetEdition()->GetSelectedElement());
     EXPECT_EQ(432, first->GetEdition()->GetPrint()->GetPages());
-    EXPECT_EQ(Binding_Paperback, first->GetEdition()->GetPrint()->GetBinding());
-    CSmartPtr<CBook> second = library->GetBooks()->Item(1);
     EXPECT_FALSE(second->IsValidYear());
-    EXPECT_FALSE(second->IsValidLang());
     EXPECT_EQ("epub", second->GetEdition()->GetEbook());
     EXPECT_EQ(1260, library->GetBooks()->Item(2)->GetEdition()->GetAudio());
 
     ASSERT_EQ(2, library->GetMembers()->GetCount());
-    CSmartPtr<CMembership> adult = library->GetMembers()->Item(0)->GetMembership();
-    ASSERT_TRUE(dynamic_cast<CAdultMembership*>(adult.Get()));
-    EXPECT_DOUBLE_EQ(25.0, static_cast<CAdultMembership*>(adult.Get())->GetFee());
-    CSmartPtr<CMembership> student = library->GetMembers()->Item(1)->GetMembership();
-    ASSERT_TRUE(dynamic_cast<CStudentMembership*>(student.Get()));
-    EXPECT_EQ("Ely College", static_cast<CStudentMembership*>(student.Get())->GetSchool());
-    EXPECT_EQ(2023, student->GetSince());
+    EXPECT_DOUBLE_EQ(25.0, dynamic_cast<CAdultMembership&>(*library->GetMembers()->Item(0)->GetMembership()).GetFee());
+    EXPECT_EQ("Ely College",
+              dynamic_cast<CStudentMembership&>(*library->GetMembers()->Item(1)->GetMembership()).GetSchool());
 
     // The derived class tells its type; reading the output back gives the same output.
     const std::string written = library->ToXml(false, false, EOL_LF);
     EXPECT_NE(std::string::npos, written.find("<AA:Membership xmlns:AB=\"http://www.w3.org/2001/XMLSchema-instance\" "
                                               "AB:type=\"AA:StudentMembership\">"));
     CSmartPtr<CLibrary> again = CLibrary::CreateInstance();
-    again->FromXml(written.c_str());
-    EXPECT_EQ(written, again->ToXml(false, false, EOL_LF));
+    ASSERT_EQ("read", ReadChain(again, written));
+    EXPECT_EQ(written, WriteChain(again));
 }
 
-// Mandatory primitive, enumeration and class members of a sequence.
-TEST(LibrarySeqMandatory, MissingElementFailsByDefaultNamingTheMember)
+// Mandatory members of a sequence under the options. The descriptors' own tests
+// take each kind alone; here the chain from the root, and skipping across levels.
+TEST(LibrarySeqMandatory, MissingAndUnknownElementsUnderTheOptions)
 {
-    struct Case
-    {
-        std::string xml;
-        std::string chain;
-    } cases[] = {
-        {BookDoc("<l:Author>A</l:Author><l:Genre>fiction</l:Genre>"),
-         InBook("Failed to find a required element [Title]")},
-        {BookDoc("<l:Title>T</l:Title><l:Author>A</l:Author><l:Year>1900</l:Year>"),
-         InBook("Failed to find a required element [Genre]")},
-        {BookDoc("<l:Title>T</l:Title>"), InBook("Failed to find a required element [Author]")},
-        {Library(Book(kPlainBody)),
-         "Failed to process the element [Library]\nFailed to find a required element [Address]"},
-        {EditionDoc("<l:Print pages=\"10\"/>"),
-         InEdition("Failed to process the element [Print]\nFailed to find a required element [Binding]")},
-        // An unknown element in front of a mandatory one is not passed over.
-        {BookDoc("<l:Blurb/>" + std::string(kPlainBody)), InBook("Failed to find a required element [Title]")},
+    const std::string noTitle = InBook("Failed to find a required element [Title]");
+    const std::string plain = kPlainBody;
+    const struct { std::string xml; const char* option; std::string chain; int year; } cases[] = {
+        {BookDoc("<l:Author>A</l:Author><l:Genre>fiction</l:Genre>"), "", noTitle, 0},
+        {EditionDoc("<l:Print pages=\"10\"/>"), "",
+         InEdition("Failed to process the element [Print]\nFailed to find a required element [Binding]"), 0},
+        // An unknown element in front of a mandatory one is passed over only when skipping.
+        {BookDoc("<l:Blurb/>" + plain), "", noTitle, 0},
+        {BookDoc("<l:Blurb/><l:Note>x</l:Note>" + plain), "unknown", "read", 0},
+        // The missing Address skips the books themselves before it gives up.
+        {Library(Book(plain)), "unknown",
+         "Failed to process the element [Library]\nFailed to find a required element [Address]", 0},
+        {Library(Book(plain)), "missing", "read", 0},
+        // Optional members never skip: an unknown element in front of Year hides it,
+        // and the leftover is passed over in silence.
+        {BookDoc(plain + "<l:Blurb/><l:Year>1815</l:Year>"), "unknown", "read", 0},
+        // Giving up keeps the position for the next member, and the foreign element
+        // is not consumed by it, so it is still left over.
+        {BookDoc("<l:Genre>history</l:Genre><l:Year>1990</l:Year>"), "missing", "read", 1990},
+        {BookDoc("<l:Title>T</l:Title><l:Blurb/><l:Genre>fiction</l:Genre>"), "missing",
+         InBook(Leftover("Book", "Blurb")), 0},
     };
-    for (const Case& c : cases) {
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.xml + " / " + c.option);
         CSmartPtr<CLibrary> library = CLibrary::CreateInstance();
-        EXPECT_EQ(c.chain, ReadChain(library, c.xml)) << c.xml;
+        EXPECT_EQ(c.chain, ReadChain(library, c.xml, c.option));
+        if (c.chain != "read") continue;
+        const CSmartPtr<CBook> book = library->GetBooks()->Item(0);
+        EXPECT_EQ(c.year, book->IsValidYear() ? book->GetYear() : 0);
     }
 }
 
-TEST(LibrarySeqMandatory, IgnoringUnknownElementsSkipsUpToTheMandatoryOne)
-{
-    CSmartPtr<CLibrary> library = CLibrary::CreateInstance();
-    COptions skip;
-    skip.ignoreUnknown = true;
-    ASSERT_EQ("read", ReadChain(library, BookDoc("<l:Blurb/><l:Note>x</l:Note>" + std::string(kPlainBody)), skip));
-    EXPECT_EQ("Emma", library->GetBooks()->Item(0)->GetTitle());
-
-    // Skipping runs to the end of the children and still finds nothing.
-    EXPECT_EQ(InBook("Failed to find a required element [Title]"),
-              ReadChain(library, BookDoc("<l:Author>A</l:Author><l:Genre>poetry</l:Genre>"), skip));
-    // The missing Address skips the books themselves before it gives up.
-    EXPECT_EQ("Failed to process the element [Library]\nFailed to find a required element [Address]",
-              ReadChain(library, Library(Book(kPlainBody)), skip));
-    // Optional members never skip: an unknown element in front of Year hides it,
-    // and the leftover is passed over in silence.
-    ASSERT_EQ("read", ReadChain(library, BookDoc(std::string(kPlainBody) + "<l:Blurb/><l:Year>1815</l:Year>"), skip));
-    EXPECT_FALSE(library->GetBooks()->Item(0)->IsValidYear());
-}
-
-TEST(LibrarySeqMandatory, IgnoringMissingElementsKeepsThePositionForTheNextMember)
-{
-    CSmartPtr<CLibrary> library = CLibrary::CreateInstance();
-    COptions missing;
-    missing.ignoreMissing = true;
-    ASSERT_EQ("read", ReadChain(library, BookDoc("<l:Genre>history</l:Genre><l:Year>1990</l:Year>"), missing));
-    CSmartPtr<CBook> book = library->GetBooks()->Item(0);
-    EXPECT_EQ("", book->GetTitle());
-    EXPECT_EQ(Genre_History, book->GetGenre());
-    EXPECT_EQ(1990, book->GetYear());
-
-    ASSERT_EQ("read", ReadChain(library, Library(Book(kPlainBody)), missing));
-    EXPECT_EQ("", library->GetAddress()->GetStreet());
-    EXPECT_EQ(1, library->GetBooks()->GetCount());
-
-    // The foreign element is not consumed by giving up, so it is still left over.
-    EXPECT_EQ(InBook(Leftover("Book", "Blurb")),
-              ReadChain(library, BookDoc("<l:Title>T</l:Title><l:Blurb/><l:Genre>fiction</l:Genre>"), missing));
-}
-
-TEST(LibrarySeqValues, BadTextsFailWithTheValueAtTheEndOfTheChain)
-{
-    CSmartPtr<CLibrary> library = CLibrary::CreateInstance();
-    EXPECT_EQ(InBook("The value [comic] is not a valid Genre"),
-              ReadChain(library, BookDoc("<l:Title>T</l:Title><l:Author>A</l:Author><l:Genre>comic</l:Genre>")));
-    const std::string chain = ReadChain(library, BookDoc(std::string(kPlainBody) + "<l:Year>18x3</l:Year>"));
-    EXPECT_EQ(0u, chain.find(InBook(""))) << chain;
-    EXPECT_NE(std::string::npos, chain.find("18x3")) << chain;
-    // Facets are not tested on reading, only on writing.
-    ASSERT_EQ("read", ReadChain(library, BookDoc(std::string(kPlainBody) + "<l:Year>1200</l:Year>")));
-    EXPECT_EQ(1200, library->GetBooks()->Item(0)->GetYear());
-    const std::string written = WriteChain(library);
-    EXPECT_EQ(0u, written.find("Failed to convert the element [Library] to XML\nFailed to convert the element [Book] "
-                               "to XML\n"))
-        << written;
-}
-
+// The count test itself, maximum and minimum, is the collections' own; here the
+// sequence's class collection calls it, and only when the option allows.
 TEST(LibrarySeqCollection, CountsAreTestedUnlessIgnored)
 {
     CSmartPtr<CLibrary> library = CLibrary::CreateInstance();
@@ -248,21 +133,10 @@ TEST(LibrarySeqCollection, CountsAreTestedUnlessIgnored)
         "Failed to process the element [Library]\nThe Minimum number of [Book] elements allowed in this "
         "collection is 1",
         ReadChain(library, Library(kAddress)));
-    COptions counts;
-    counts.ignoreCounts = true;
-    EXPECT_EQ("read", ReadChain(library, Library(kAddress), counts));
+    EXPECT_EQ("read", ReadChain(library, Library(kAddress), "counts"));
     EXPECT_EQ(0, library->GetBooks()->GetCount());
     // An empty collection writes nothing, so that the short document is written.
-    EXPECT_EQ("written", WriteChain(library));
-
-    std::string members;
-    for (int i = 0; i < 1001; ++i) members += kMember;
-    EXPECT_EQ(
-        "Failed to process the element [Library]\nThe Maximum number of [Member] elements allowed in this "
-        "collection is 1000",
-        ReadChain(library, Library(kAddress + Book(kPlainBody) + members)));
-    EXPECT_EQ("read", ReadChain(library, Library(kAddress + Book(kPlainBody) + members), counts));
-    EXPECT_EQ(1001, library->GetMembers()->GetCount());
+    EXPECT_EQ(0u, WriteChain(library).find("<AA:Library"));
 }
 
 // The Edition choice.
@@ -271,25 +145,17 @@ TEST(LibrarySeqCollection, CountsAreTestedUnlessIgnored)
 // only under the same leniency.
 TEST(LibraryChoice, UnknownElementsAreNoAlternative)
 {
-    COptions skip, choice;
-    skip.ignoreUnknown = true;
-    choice.ignoreChoice = true;
-    const struct
-    {
-        std::string edition;
-        COptions options;
-        std::string chain;
-    } cases[] = {
-        {"", COptions(), InEdition(kNoChoice)},
-        {"<l:Vinyl/>", COptions(), InEdition(kNoChoice)},
-        {"<l:Vinyl/><l:Tape/>", skip, InEdition(kNoChoice)},
-        {"<l:Vinyl/><l:Tape/><l:Audio>60</l:Audio>", skip, "read"},
-        {"", choice, "read"},
+    const struct { std::string edition; const char* option; std::string chain; } cases[] = {
+        {"", "", InEdition(kNoChoice)},
+        {"<l:Vinyl/>", "", InEdition(kNoChoice)},
+        {"<l:Vinyl/><l:Tape/>", "unknown", InEdition(kNoChoice)},
+        {"<l:Vinyl/><l:Tape/><l:Audio>60</l:Audio>", "unknown", "read"},
+        {"", "choice", "read"},
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.edition);
         CSmartPtr<CLibrary> library = CLibrary::CreateInstance();
-        ASSERT_EQ(c.chain, ReadChain(library, EditionDoc(c.edition), c.options));
+        ASSERT_EQ(c.chain, ReadChain(library, EditionDoc(c.edition), c.option));
         if (c.chain != "read") continue;
         EXPECT_EQ(c.edition.empty() ? "" : "Audio", library->GetBooks()->Item(0)->GetEdition()->GetSelectedElement());
         if (!c.edition.empty()) continue;
@@ -299,7 +165,7 @@ TEST(LibraryChoice, UnknownElementsAreNoAlternative)
             "Failed to convert the element [Edition] to XML\nThis element is a choice, and as such must have at "
             "one (and only one) valid item, currently there are none set",
             WriteChain(library));
-        EXPECT_EQ("written", WriteChain(library, c.options));
+        EXPECT_EQ(0u, WriteChain(library, c.option).find("<AA:Library"));
     }
 }
 
@@ -312,7 +178,8 @@ TEST(LibraryChoice, ClassAlternativeIsStoredBeforeItsContent)
     ASSERT_EQ("read",
               ReadChain(library, EditionDoc("<l:Print pages=\"3\"><l:Binding>hardcover</l:Binding></l:Print>")));
     EXPECT_EQ(Binding_Hardcover, library->GetBooks()->Item(0)->GetEdition()->GetPrint()->GetBinding());
-    // A facet of an alternative fails on writing, below the choice's line.
+    // Facets are tested on writing only: a facet of an alternative fails there, below
+    // the choice's line.
     ASSERT_EQ("read", ReadChain(library, EditionDoc("<l:Ebook>djvu</l:Ebook>")));
     EXPECT_EQ(0u, WriteChain(library).find("Failed to convert the element [Library] to XML\nFailed to convert the "
                                            "element [Book] to XML\nFailed to convert the element [Edition] to XML\n"));
@@ -322,7 +189,7 @@ TEST(LibraryChoice, ClassAlternativeIsStoredBeforeItsContent)
 TEST(LibrarySetters, NamedObjectProperty)
 {
     CSmartPtr<CBook> book = CBook::CreateInstance();
-    EXPECT_TRUE(OrvexTest::ThrowsExactly<COrvexInvalidParamException>(
+    EXPECT_TRUE(ThrowsExactly<COrvexInvalidParamException>(
         [&] { book->SetEdition(CEdition::CreateInstance("Version")); },
         "This property requrires an element with the name Edition the element being set has the element name "
         "Version"));

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "TestUtil.h"
+#include "collections/CollectionTestTypes.h"
 #include "examples/binding/Order.h"
 
 using namespace OrvexXmlLib5;
@@ -47,34 +48,18 @@ std::string ChainOf(Fn&& fn)
     return "no failure";
 }
 
-std::string WithReplaced(std::string text, const std::string& from, const std::string& to)
-{
-    text.replace(text.find(from), from.size(), to);
-    return text;
-}
-
 }  // namespace
 
 TEST(OrderBinding, ReadsEveryKindAndWritesTheSameDocumentBack)
 {
     CSmartPtr<COrder> order = COrder::CreateInstance();
     order->FromXml(kOrderXml);
-    EXPECT_EQ(42, order->GetId());
     EXPECT_EQ(OrderStatus_Held, order->GetStatus());
-    ASSERT_EQ(1, order->GetAnyAttributes()->GetCount());
-    EXPECT_EQ("flag", order->GetAnyAttributes()->Item(0)->GetName());
-    EXPECT_TRUE(order->GetCustomer()->GetVip());
-    EXPECT_EQ("Ada", order->GetCustomer()->GetName());
-    CSmartPtr<CAddress> address = order->GetCustomer()->GetAddress();
-    EXPECT_EQ("GB", address->GetCountry());
-    EXPECT_EQ("Leeds", address->GetCity());
-    EXPECT_EQ(7, address->GetZip());
-    ASSERT_EQ(2, order->GetLines()->GetCount());
     EXPECT_EQ(3, order->GetLines()->Item(0)->GetQuantity());
     // The text property takes all of the element's direct text, around the child.
     EXPECT_EQ("red ink", order->GetLines()->Item(1)->GetDescription());
-    EXPECT_EQ("by noon", order->GetNote());
 
+    // The exact text shows every other value read.
     const std::string written = order->ToXml(false, false);
     EXPECT_EQ(kWritten, written);
     CSmartPtr<COrder> again = COrder::CreateInstance();
@@ -85,53 +70,34 @@ TEST(OrderBinding, ReadsEveryKindAndWritesTheSameDocumentBack)
     OrvexVariant street;
     {
         CSmartPtr<COrder> shortLived = COrder::CreateInstance();
-        shortLived->FromXml(WithReplaced(kOrderXml, "1 Way", "a street name longer than the small buffer").c_str());
+        const std::string xml = OrvexTest::Replaced(kOrderXml, "1 Way", "a street name longer than the small buffer");
+        shortLived->FromXml(xml.c_str());
         shortLived->GetCustomer()->GetAddress()->AccessProperty(1, true, street);
     }
     EXPECT_EQ("a street name longer than the small buffer", street.GetStringRef());
 
     // Reading again into the same object starts over.
-    order->FromXml(WithReplaced(kOrderXml, "<o:Note>by noon</o:Note>", "").c_str());
+    order->FromXml(OrvexTest::Replaced(kOrderXml, "<o:Note>by noon</o:Note>", "").c_str());
     EXPECT_FALSE(order->IsValidNote());
     EXPECT_EQ(2, order->GetLines()->GetCount());
 }
 
+// Missing members, attributes and counts along the chain are in the purchase order
+// and library tests; here the class of the cause three levels down, and the
+// wildcard attribute's namespace rule.
 TEST(OrderBinding, FailuresThreeLevelsDownNameEveryElementOnTheWay)
 {
-    struct Case
-    {
-        const char* from;
-        const char* to;
-        const char* chain;
-    } cases[] = {
+    struct Case { const char* from; const char* to; const char* chain; } cases[] = {
         {"<o:Zip>7</o:Zip>", "<o:Zip>7a</o:Zip>",
          "Failed to process the element [Order] / Failed to process the element [Customer] / Failed to process the "
          "element [Address] / The value [7a] can not be converted to a i4 (derived)"},
-        {"<o:City>Leeds</o:City>", "",
-         "Failed to process the element [Order] / Failed to process the element [Customer] / Failed to process the "
-         "element [Address] / Failed to find a required element [City] (derived)"},
-        {"<o:Customer vip=\"true\">", "<o:Customer vip=\"true\" extra=\"1\">",
-         "Failed to process the element [Order] / Failed to process the element [Customer] / Unexpected Attribute "
-         "[extra] found. (derived)"},
-        {"<o:Line sku=\"B2\">", "<o:Line>",
-         "Failed to process the element [Order] / Failed to process the element [Line] / Failed to find the required "
-         "Attribute [sku] (derived)"},
         {"id=\"42\"", "id=\"42\" o:id=\"1\"",
          "Failed to process the element [Order] / Invalid namespace [urn:orvex:order]. The namespace must be one of "
          "[##other] where the target namespace is [urn:orvex:order] (derived)"},
-        {"<o:Note>",
-         "<o:Line sku=\"C\"><o:Quantity>1</o:Quantity></o:Line><o:Line sku=\"D\"><o:Quantity>1</o:Quantity>"
-         "</o:Line><o:Line sku=\"E\"><o:Quantity>1</o:Quantity></o:Line><o:Line sku=\"F\"><o:Quantity>1"
-         "</o:Quantity></o:Line><o:Note>",
-         "Failed to process the element [Order] / The Maximum number of [Line] elements allowed in this collection is "
-         "5 (derived)"},
-        {"</o:Order>", "<o:Extra/></o:Order>",
-         "Failed to process the element [Order] / Failed read all the elements held within the element [Order]. The "
-         "unexpected element [Extra] remains un processed (derived)"},
     };
     for (const Case& c : cases) {
         CSmartPtr<COrder> order = COrder::CreateInstance();
-        const std::string xml = WithReplaced(kOrderXml, c.from, c.to);
+        const std::string xml = OrvexTest::Replaced(kOrderXml, c.from, c.to);
         EXPECT_EQ(c.chain, ChainOf([&] { order->FromXml(xml.c_str()); })) << c.to;
     }
 }
@@ -166,26 +132,14 @@ TEST(OrderBinding, RootExtrasComeOnlyOnTheRoot)
 
 TEST(OrderBinding, CollectionListenerHearsEveryLineRead)
 {
-    struct CWatcher : CXmlObjectBase
-    {
-        int events = 0;
-        CXmlObjectBase* GetBase() override { return this; }
-        std::string GetTargetNamespace() const override { return ""; }
-        std::string GetNamespace() const override { return ""; }
-        void OnEvent(CXmlObjectBase*, MsgType, void*) override { ++events; }
-        void ToXml_Int(CXmlWriter*, bool, const char*, const CXmlSerializationContext&, bool) const override {}
-        CXmlElement* FromXml_Int(CXmlElement*, CXmlElement* c, const CXmlSerializationContext&, bool) override
-        {
-            return c;
-        }
-    } watcher;
+    CSmartPtr<OrvexTest::CListener> watcher(new OrvexTest::CListener());
     CSmartPtr<COrder> order = COrder::CreateInstance();
-    order->GetLines()->AddEventListener(&watcher);
+    order->GetLines()->AddEventListener(watcher);
     order->GetLines()->Add()->SetSku("pre");
     order->FromXml(kOrderXml);  // Init clears one, the walk adds two
-    EXPECT_EQ(4, watcher.events);
+    EXPECT_EQ(4u, watcher->sources.size());
     std::string skus;
     for (CLine* line : *order->GetLines()) skus += line->GetSku();
     EXPECT_EQ("A1B2", skus);
-    order->GetLines()->RemoveEventListener(&watcher);
+    order->GetLines()->RemoveEventListener(watcher);
 }

@@ -52,17 +52,14 @@ TEST(NameMapper, CollisionsAreResolvedInAFixedOrder)
     CClassModel* derived = add("Novel", false, false, "");
     derived->base = type;
 
-    CPropertyModel attribute;
-    attribute.isAttribute = true;
-    attribute.xmlName = "Value";
-    CPropertyModel child;
-    child.xmlName = "value";
-    CPropertyModel reserved;
-    reserved.xmlName = "base";
-    type->properties = {attribute, child, reserved};
-    CPropertyModel inherited;
-    inherited.xmlName = "VALUE";
-    derived->properties = {inherited};
+    auto property = [](const char* xmlName, bool isAttribute = false) {
+        CPropertyModel property;
+        property.xmlName = xmlName;
+        property.isAttribute = isAttribute;
+        return property;
+    };
+    type->properties = {property("Value", true), property("value"), property("base")};
+    derived->properties = {property("VALUE")};
 
     CEnumModel colors;
     colors.xmlName = "rule";
