@@ -62,7 +62,7 @@ TEST(ElementInfoChoiceCol, AbsentAlternativeIsNotHeldToItsMinimum)
 TEST(ElementInfoChoicePlain, EnumAndPrimitiveTakeOnlyTheirOwnElement)
 {
     CElementInfoChoiceEnumOpt e("E", "urn:t", 0, NumberToString, NumberFromString);
-    CElementInfoChoicePrimOpt v("V", "urn:t", 1, ItemType_i4, nullptr, Rule::Collapse, Unrestricted());
+    CElementInfoChoicePrimOpt v("V", "urn:t", 1, ItemType_i4, nullptr, Rule::Collapse, NoFacets());
     CSlots owner;
     EXPECT_EQ("true@V", Step(e, owner, "<E>one</E><V>1</V>", ElementType_Element));
     EXPECT_EQ("true@-", Step(v, owner, "<V> 12 </V>", ElementType_Element));
@@ -77,7 +77,7 @@ TEST(ElementInfoChoice, AbsentAlternativeDeclinesWhateverTheOptionsAndOwner)
     CElementInfoChoiceClsOpt pick("Pick", "urn:t", 0, ElementType_Element, MakePick, 1);
     CElementInfoChoiceAbsClsOpt leaf("Leaf", "urn:t", 0, ElementType_Element, LeafByKind);
     CElementInfoChoiceEnumOpt e("E", "urn:t", 0, NumberToString, NumberFromString);
-    CElementInfoChoicePrimOpt v("V", "urn:t", 0, ItemType_i4, nullptr, Rule::Collapse, Unrestricted());
+    CElementInfoChoicePrimOpt v("V", "urn:t", 0, ItemType_i4, nullptr, Rule::Collapse, NoFacets());
     CElementInfoChoicePrimCol items("T", "urn:t", 0);
     CElementInfo* const members[] = {&pick, &leaf, &e, &v, &items};
     CXmlSerializationContext contexts[4];
