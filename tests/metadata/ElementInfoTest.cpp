@@ -15,7 +15,6 @@ class COpenInfo : public CElementInfoSeqPrimOpt
 {
 public:
     using CElementInfo::GetAnyDefaultNamespace;
-    using CElementInfo::IsThisElement;
     using CElementInfoSeqPrimOpt::CElementInfoSeqPrimOpt;
     bool ElementFromXml(const CXmlSerializationContext&, CXmlGeneratedClass*, CXmlElement*, CXmlElement**, const char*,
                         XmlElementType) override
@@ -70,38 +69,14 @@ TEST(ElementInfo, AnyDefaultNamespaceByConstraint)
         const char* defaultNamespace;
         const char* expected;
     } cases[] = {
-        {"##any", "urn:p", "urn:p"},
-        {"##other", "urn:p", ""},
-        {"##other", "", "DefaultNamespace"},
-        {"##local", "urn:p", ""},
-        {"##targetNamespace", "urn:p", "urn:t"},
-        {"##targetNamespace ##local", "urn:p", "urn:t"},
-        {"##any urn:a", "urn:p", "urn:p"},
-        {"##bogus urn:a", "urn:p", ""},
-        {"urn:a urn:b", "urn:p", ""},
-        {"## ", "urn:p", ""},
-        {"", "urn:p", ""},
+        {"##any", "urn:p", "urn:p"}, {"##other", "urn:p", ""}, {"##other", "", "DefaultNamespace"},
+        {"##local", "urn:p", ""}, {"##targetNamespace", "urn:p", "urn:t"},
+        {"##targetNamespace ##local", "urn:p", "urn:t"}, {"##any urn:a", "urn:p", "urn:p"},
+        {"##bogus urn:a", "urn:p", ""}, {"urn:a urn:b", "urn:p", ""}, {"## ", "urn:p", ""}, {"", "urn:p", ""},
     };
     for (const Case& c : cases)
         EXPECT_EQ(c.expected, COpenInfo::GetAnyDefaultNamespace(c.constraint, c.defaultNamespace, "urn:t"))
             << c.constraint;
-}
-
-TEST(ElementInfo, MatchingByNameAndNamespace)
-{
-    COpenInfo info("e", "urn:e", 0, ItemType_i4, nullptr, Rule::Collapse, NoFacets());
-    CXmlDocument doc;
-    doc.LoadXml("<r xmlns:q='urn:q'><e xmlns='urn:e'/><q:e/><E xmlns='urn:e'/></r>");
-    CXmlElement* exact = doc.GetDocumentElement()->GetFirstElement();
-    CXmlElement* foreign = exact->GetNextSiblingElement();
-    CXmlElement* upper = foreign->GetNextSiblingElement();
-    CXmlSerializationContext strict, loose;
-    loose.SetIgnoreNamespaces(true);
-    EXPECT_TRUE(info.IsThisElement(strict, exact));
-    EXPECT_FALSE(info.IsThisElement(strict, foreign));
-    EXPECT_TRUE(info.IsThisElement(loose, foreign));
-    EXPECT_FALSE(info.IsThisElement(loose, upper));
-    EXPECT_FALSE(info.IsThisElement(loose, nullptr));
 }
 
 TEST(ElementInfo, CheckRestrictionNeedsFacets)
