@@ -140,18 +140,13 @@ TEST(XmlObjectBase, NamespaceListsWithWildcardWords)
         const char *candidate, *allowed, *target;
         bool valid;
     } cases[] = {
-        {"urn:t", "##local ##targetNamespace", "urn:t", true},
-        {"urn:x", "##local ##targetNamespace", "urn:t", false},
-        {"", "##local", "urn:t", true},
-        {"urn:x", "##other", "urn:t", true},  {"urn:x", "urn:a ##any", "urn:t", true},
+        {"urn:t", "##local ##targetNamespace", "urn:t", true}, {"urn:x", "##local ##targetNamespace", "urn:t", false},
+        {"", "##local", "urn:t", true}, {"urn:x", "##other", "urn:t", true},  {"urn:x", "urn:a ##any", "urn:t", true},
         {"urn:t", "##other", "urn:t", false},
         {"", "##other", "urn:t", true},  // empty differs from a non-empty target
-        {"", "##other", "", false},
-        {"urn:a", "urn:a urn:b", "urn:t", true},
-        {"urn:c", "urn:a urn:b", "urn:t", false},
+        {"", "##other", "", false}, {"urn:a", "urn:a urn:b", "urn:t", true}, {"urn:c", "urn:a urn:b", "urn:t", false},
         {"", "urn:a", "urn:t", true},  // an explicit URI also admits no namespace
-        {"", "", "urn:t", true},
-        {"urn:a", "", "urn:t", false},
+        {"", "", "urn:t", true}, {"urn:a", "", "urn:t", false},
         {"urn:a", "urn:b  urn:a", "urn:t", true},  // a double blank gives an empty token in between
         {nullptr, "urn:a", nullptr, true},
     };

@@ -1,13 +1,10 @@
 #include "orvexxml/metadata/PrimitiveRestrictions.h"
 
-#include <cmath>
-#include <functional>
-#include <limits>
-
 #include "TestUtil.h"
 #include "orvexxml/frame/OrvexException.h"
 
 using namespace OrvexXmlLib5;
+using namespace OrvexTest;
 
 namespace {
 
@@ -28,92 +25,88 @@ OrvexVariant StringValue(const std::string& text)
     return v;
 }
 
-struct NumberCase
+OrvexVariant Parsed(const char* text, ItemType type)
 {
-    ItemType type;
-    std::function<void(OrvexVariant&)> set;
-    CPrimitiveRestrictions facets;
-    const char* message;  // null: passes
-};
+    OrvexVariant v;
+    v.FromString(text, type, CWhitespaceUtils::WhitespaceRule::Collapse);
+    return v;
+}
 
 }  // namespace
 
 TEST(PrimitiveRestrictionsNumbers, BoundsInOrderWithTypeSignedness)
 {
-    const NumberCase cases[] = {
-        {ItemType_i1, [](OrvexVariant& v) { v.SetI1(char(-5)); }, Bounds("-5", "5", "", ""), nullptr},
-        {ItemType_i1, [](OrvexVariant& v) { v.SetI1(char(-6)); }, Bounds("-5", "", "", ""), "Invalid Value for n [-6]"},
-        {ItemType_i2, [](OrvexVariant& v) { v.SetI2(300); }, Bounds("", "", "", "300"), "Invalid Value for n [300]"},
-        {ItemType_i4, [](OrvexVariant& v) { v.SetI4(10); }, Bounds("", "", "10", ""), "Invalid Value for n [10]"},
-        {ItemType_i4, [](OrvexVariant& v) { v.SetI4(11); }, Bounds(" 0 ", " 20 ", "10", "12"), nullptr},
-        {ItemType_i8, [](OrvexVariant& v) { v.SetI8(-9000000000LL); }, Bounds("-8000000000", "", "", ""),
-         "Invalid Value for n [-9000000000]"},
-        {ItemType_ui1, [](OrvexVariant& v) { v.SetUI1(200); }, Bounds("", "199", "", ""), "Invalid Value for n [200]"},
-        {ItemType_ui2, [](OrvexVariant& v) { v.SetUI2(65535); }, Bounds("1", "65535", "", ""), nullptr},
+    const struct
+    {
+        ItemType type;
+        const char* value;
+        CPrimitiveRestrictions facets;
+        const char* message;  // null: passes
+    } cases[] = {
+        {ItemType_i1, "-5", Bounds("-5", "5", "", ""), nullptr},
+        {ItemType_i1, "-6", Bounds("-5", "", "", ""), "Invalid Value for n [-6]"},
+        {ItemType_i2, "300", Bounds("", "", "", "300"), "Invalid Value for n [300]"},
+        {ItemType_i4, "10", Bounds("", "", "10", ""), "Invalid Value for n [10]"},
+        {ItemType_i4, "11", Bounds(" 0 ", " 20 ", "10", "12"), nullptr},
+        {ItemType_i8, "-9000000000", Bounds("-8000000000", "", "", ""), "Invalid Value for n [-9000000000]"},
+        {ItemType_ui1, "200", Bounds("", "199", "", ""), "Invalid Value for n [200]"},
+        {ItemType_ui2, "65535", Bounds("1", "65535", "", ""), nullptr},
         // Unsigned comparison: 4000000000 is above 5; the number shows through %d.
-        {ItemType_ui4, [](OrvexVariant& v) { v.SetUI4(4000000000u); }, Bounds("5", "", "", ""), nullptr},
-        {ItemType_ui4, [](OrvexVariant& v) { v.SetUI4(4000000000u); }, Bounds("", "5", "", ""),
-         "Invalid Value for n [-294967296]"},
-        {ItemType_ui8, [](OrvexVariant& v) { v.SetUI8(18446744073709551615ull); }, Bounds("", "", "", "1"),
-         "Invalid Value for n [18446744073709551615]"},
-        {ItemType_r4, [](OrvexVariant& v) { v.SetR4(1.5f); }, Bounds("", "1.25", "", ""),
-         "Invalid Value for n [1.500000]"},
-        {ItemType_r8, [](OrvexVariant& v) { v.SetR8(-0.5); }, Bounds("-1", "0", "-1", "0"), nullptr},
-        {ItemType_r8, [](OrvexVariant& v) { v.SetR8(std::nan("")); }, Bounds("", "", "", ""), nullptr},
-        {ItemType_r8, [](OrvexVariant& v) { v.SetR8(std::nan("")); }, Bounds("", "", "", "INF"),
-         "Invalid Value for n [nan]"},
-        {ItemType_boolean, [](OrvexVariant& v) { v.SetBoolean(true); }, Bounds("x", "y", "z", "w"), nullptr},
+        {ItemType_ui4, "4000000000", Bounds("5", "", "", ""), nullptr},
+        {ItemType_ui4, "4000000000", Bounds("", "5", "", ""), "Invalid Value for n [-294967296]"},
+        {ItemType_ui8, "18446744073709551615", Bounds("", "", "", "1"), "Invalid Value for n [18446744073709551615]"},
+        {ItemType_r4, "1.5", Bounds("", "1.25", "", ""), "Invalid Value for n [1.500000]"},
+        {ItemType_r8, "-0.5", Bounds("-1", "0", "-1", "0"), nullptr},
+        {ItemType_r8, "NaN", Bounds("", "", "", ""), nullptr},
+        {ItemType_r8, "NaN", Bounds("", "", "", "INF"), "Invalid Value for n [nan]"},
+        {ItemType_boolean, "true", Bounds("x", "y", "z", "w"), nullptr},
     };
     for (const auto& c : cases) {
-        OrvexVariant v;
-        c.set(v);
+        const OrvexVariant v = Parsed(c.value, c.type);
         if (c.message)
             EXPECT_THROW_MSG(CheckPrimitiveRestriction("n", v, c.type, c.facets), COrvexException, c.message);
         else
-            EXPECT_NO_THROW(CheckPrimitiveRestriction("n", v, c.type, c.facets)) << int(c.type);
+            EXPECT_NO_THROW(CheckPrimitiveRestriction("n", v, c.type, c.facets)) << c.value;
     }
 }
 
 TEST(PrimitiveRestrictionsNumbers, OneDescriptorGivesTheSameAnswersAtEveryCheckAndForEveryType)
 {
-    OrvexVariant narrow;
-    narrow.SetI1(1);
-    EXPECT_THROW_MSG(CheckPrimitiveRestriction("n", narrow, ItemType_i1, Bounds("", "300", "", "")),
+    EXPECT_THROW_MSG(CheckPrimitiveRestriction("n", Parsed("1", ItemType_i1), ItemType_i1, Bounds("", "300", "", "")),
                      COrvexInvalidValueException, "The value [300] is to large to fit in a i1");
-    // The bounds are parsed once per descriptor; a bound that does not parse still
-    // fails at every check that reaches it, and only after the bounds before it.
-    const CPrimitiveRestrictions facets = Bounds("10", "x", "", "");
-    const CPrimitiveRestrictions copy = facets;
-    for (int round = 0; round < 3; ++round) {
-        for (const CPrimitiveRestrictions* r : {&facets, &copy}) {
-            OrvexVariant v;
-            v.SetI4(9);
-            EXPECT_THROW_MSG(CheckPrimitiveRestriction("n", v, ItemType_i4, *r), COrvexException,
-                             "Invalid Value for n [9]");
-            v.SetI4(11);
-            EXPECT_THROW_MSG(CheckPrimitiveRestriction("n", v, ItemType_i4, *r), COrvexInvalidValueException,
-                             "The value [x] can not be converted to a i4");
-            // The same texts read as other types give those types' answers.
-            v.SetI1(char(9));
-            EXPECT_THROW_MSG(CheckPrimitiveRestriction("n", v, ItemType_i1, *r), COrvexException,
-                             "Invalid Value for n [9]");
-            v.SetR8(10.5);
-            EXPECT_THROW_MSG(CheckPrimitiveRestriction("n", v, ItemType_r8, *r), COrvexInvalidValueException,
-                             "The value [x] can not be converted to a r8");
-        }
-    }
+    // The bounds are parsed once per descriptor, a copy keeps its own; a bound that
+    // does not parse still fails at every check that reaches it, and only after the
+    // bounds before it. The same texts read as other types give those types' answers.
+    const CPrimitiveRestrictions facets = Bounds("10", "x", "", ""), copy = facets;
     const CPrimitiveRestrictions wide = Bounds("-1", "99999999999999999999", "", "");
-    for (int round = 0; round < 2; ++round) {
-        OrvexVariant v;
-        v.SetInteger(CBigInteger("99999999999999999999"));
-        EXPECT_NO_THROW(CheckPrimitiveRestriction("n", v, ItemType_integer, wide));
-        v.SetInteger(CBigInteger("100000000000000000000"));
-        EXPECT_THROW_MSG(CheckPrimitiveRestriction("n", v, ItemType_integer, wide), COrvexException,
-                         "Invalid Value for n [100000000000000000000]");
-        v.SetDecimal(CDecimal("-1.5"));
-        EXPECT_THROW_MSG(CheckPrimitiveRestriction("n", v, ItemType_decimal, wide), COrvexException,
-                         "Invalid Value for n [-1.5]");
-    }
+    const struct
+    {
+        const CPrimitiveRestrictions* facets;
+        ItemType type;
+        const char* value;
+        const char* message;  // null: passes
+        bool conversion;      // fails as COrvexInvalidValueException
+    } cases[] = {
+        {&facets, ItemType_i4, "9", "Invalid Value for n [9]", false},
+        {&copy, ItemType_i4, "11", "The value [x] can not be converted to a i4", true},
+        {&facets, ItemType_i1, "9", "Invalid Value for n [9]", false},
+        {&copy, ItemType_r8, "10.5", "The value [x] can not be converted to a r8", true},
+        {&copy, ItemType_i4, "9", "Invalid Value for n [9]", false},
+        {&facets, ItemType_r8, "10.5", "The value [x] can not be converted to a r8", true},
+        {&wide, ItemType_integer, "99999999999999999999", nullptr, false},
+        {&wide, ItemType_integer, "100000000000000000000", "Invalid Value for n [100000000000000000000]", false},
+        {&wide, ItemType_decimal, "-1.5", "Invalid Value for n [-1.5]", false},
+    };
+    for (int round = 0; round < 3; ++round)
+        for (const auto& c : cases) {
+            const auto check = [&] { CheckPrimitiveRestriction("n", Parsed(c.value, c.type), c.type, *c.facets); };
+            if (!c.message)
+                EXPECT_NO_THROW(check());
+            else if (c.conversion)
+                EXPECT_TRUE(ThrowsExactly<COrvexInvalidValueException>(check, c.message)) << c.value;
+            else
+                EXPECT_TRUE(ThrowsExactly<COrvexException>(check, c.message)) << c.value;
+        }
 }
 
 TEST(PrimitiveRestrictionsTypes, CharAndUnknownTypesAreRefused)
@@ -154,6 +147,9 @@ TEST(PrimitiveRestrictionsStrings, LengthsAreBytesAndZeroIsALimit)
                      "Invalid Value for s [abc]");
 }
 
+// "a|ab" refuses "ab": the first alternative wins and ends early. \i and \c are
+// rewritten inside a class too, and an escaped backslash protects the letter after
+// it. "." takes one character of two bytes; \w knows no Unicode properties.
 TEST(PrimitiveRestrictionsPatterns, WholeValueMustMatch)
 {
     const struct
@@ -162,26 +158,11 @@ TEST(PrimitiveRestrictionsPatterns, WholeValueMustMatch)
         std::string value;
         bool passes;
     } cases[] = {
-        {"[0-9]{3}", "123", true},
-        {"[0-9]{3}", "1234", false},
-        {"[0-9]{3}", "x123", false},
-        {"a|ab", "ab", false},  // the first alternative wins and ends early
-        {"ab|a", "ab", true},
-        {"\\i\\c*", "_x1:-.", true},
-        {"\\i\\c*", "1x", false},
-        {"\\I", "1", true},
-        {"\\C+", "  ", true},
-        {"\\C", "a", false},
-        // Rewritten inside a class too: the class is made of the rewritten text.
-        {"[\\c]+", "a(.)|:", true},
-        {"[\\c]", "-", false},
-        {"a\\\\i", "a\\i", true},  // an escaped backslash protects the letter after it
-        {"a\\\\i", "ax", false},
-        {".", "\xC3\xA9", true},     // one character of two bytes
-        {"\\w", "\xC3\xA9", false},  // no Unicode properties
-        {"\\d+", "", false},
-        {"x*", "", true},
-        {"a.b", std::string("a\0b", 3), true},
+        {"a.b", std::string("a\0b", 3), true}, {"[0-9]{3}", "123", true}, {"[0-9]{3}", "1234", false},
+        {"[0-9]{3}", "x123", false}, {"a|ab", "ab", false}, {"ab|a", "ab", true}, {"\\i\\c*", "_x1:-.", true},
+        {"\\i\\c*", "1x", false}, {"\\I", "1", true}, {"\\C+", "  ", true}, {"\\C", "a", false},
+        {"[\\c]+", "a(.)|:", true}, {"[\\c]", "-", false}, {"a\\\\i", "a\\i", true}, {"a\\\\i", "ax", false},
+        {".", "\xC3\xA9", true}, {"\\w", "\xC3\xA9", false}, {"\\d+", "", false}, {"x*", "", true},
     };
     for (const auto& c : cases) {
         CPrimitiveRestrictions facets = Pattern(c.pattern);
@@ -202,10 +183,8 @@ TEST(PrimitiveRestrictionsPatterns, BadPatternFailsAtEveryValueWithPcreText)
         const char* pattern;
         const char* error;
     } cases[] = {
-        {"(", "missing closing parenthesis"},
-        {"[a-", "missing terminating ] for character class"},
-        {"a{2,1}", "numbers out of order in {} quantifier"},
-        {"\\", "\\ at end of pattern"},
+        {"(", "missing closing parenthesis"}, {"[a-", "missing terminating ] for character class"},
+        {"a{2,1}", "numbers out of order in {} quantifier"}, {"\\", "\\ at end of pattern"},
         {"[\\i]", "unmatched closing parenthesis"},
     };
     for (const auto& c : cases)
