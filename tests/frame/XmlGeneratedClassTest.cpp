@@ -80,6 +80,7 @@ TEST(GeneratedClassAttributes, BadAttributesFailWithTheirOwnTextUnderTheElementL
         const std::string xml = std::string(kTagHead) + c.attributes + "/>";
         const std::type_info* innermost = nullptr;
         EXPECT_EQ(c.chain, ChainOf([&] { tag->FromXml(xml.c_str()); }, &innermost)) << c.attributes;
+        // The wrapped cause keeps its most derived class.
         if (std::string(c.attributes).find("t:c") != std::string::npos) {
             EXPECT_EQ(typeid(COrvexInvalidNamespaceException), *innermost);
         }

@@ -171,7 +171,8 @@ inline std::string Step(CElementInfo& descriptor, CSlots& owner, const std::stri
 
 // Step's result, or the message of the outermost failure.
 inline std::string Outcome(CElementInfo& descriptor, CSlots& owner, const std::string& content,
-                           XmlElementType parentType, const CXmlSerializationContext& context = CXmlSerializationContext())
+                           XmlElementType parentType,
+                           const CXmlSerializationContext& context = CXmlSerializationContext())
 {
     try {
         return Step(descriptor, owner, content, parentType, context);

@@ -15,8 +15,11 @@ TEST(ElementInfoAll, MembersTakeOnlyTheirOwnElementAndGiveFalseOtherwise)
     CElementInfoAllPrimMnd prim("V", "urn:t", 0, ItemType_i4, nullptr, Rule::Collapse, NoFacets());
     CElementInfoAllEnumOpt number("E", "urn:t", 1, NumberToString, NumberFromString);
     // Unknown elements are not skipped by a member, whatever the context says.
-    ExpectRows(prim, owner, {{"", E, kStrict, "false@-"}, {"<V> 7 </V><Z/>", P, kStrict, "true@Z"},
-                             {"<Z/><V>1</V>", E, kSkip, "false@Z"}, {"<V xmlns=\"urn:u\">1</V>", E, kStrict, "false@V"}});
+    ExpectRows(prim, owner,
+               {{"", E, kStrict, "false@-"},
+                {"<V> 7 </V><Z/>", P, kStrict, "true@Z"},
+                {"<Z/><V>1</V>", E, kSkip, "false@Z"},
+                {"<V xmlns=\"urn:u\">1</V>", E, kStrict, "false@V"}});
     ExpectRows(number, owner, {{"<Z/><E>one</E>", E, kStrict, "false@Z"}});
     EXPECT_EQ(7, owner.props[0].GetI4());
     EXPECT_EQ(1, owner.stores);
@@ -54,7 +57,9 @@ TEST(ElementInfoAll, CollectionTakesItsRunAndIsNeverDone)
     ExpectRows(col, owner, {{"<T>a</T><T>b</T><Z/><T>c</T>", E, kStrict, "false@Z"}, {"<Z/>", E, kStrict, "false@Z"},
                             {"", E, kStrict, "false@-"}});
     EXPECT_EQ(2u, texts->items.size());
-    ExpectRows(col, empty, {{"<T/>", E, kStrict, "Serialization Data Error : The property for the element [T] holds no collection"}});
+    ExpectRows(
+        col, empty,
+        {{"<T/>", E, kStrict, "Serialization Data Error : The property for the element [T] holds no collection"}});
 
     const CXmlSerializationContext strict;
     EXPECT_TRUE(col.Validate(strict, &owner, false, true));

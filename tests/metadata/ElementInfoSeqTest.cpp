@@ -24,7 +24,8 @@ TEST(ElementInfoSeqClsMnd, PseudoAndRealChildrenUnderTheOptions)
     ExpectRows(consuming, owner, {{"", E, kStrict, "Failed to find a required element [Pair]"},
                 {"", P, kStrict, "false@-"}, {"<Z/>", E, kStrict, "Failed to find a required element [Pair]"},
                 {"<Z/>", P, kStrict, "false@Z"}, {"<A>1</A><B>2</B><Z/>", E, kStrict, "true@Z"}});
-    ExpectRows(leaf, owner, {{"<Z/><Leaf/>", P, kStrict, "false@Z"}, {"<Z/><Leaf><V>4</V></Leaf><Y/>", E, kSkip, "true@Y"}});
+    ExpectRows(leaf, owner,
+               {{"<Z/><Leaf/>", P, kStrict, "false@Z"}, {"<Z/><Leaf><V>4</V></Leaf><Y/>", E, kSkip, "true@Y"}});
     EXPECT_EQ("2", static_cast<CPair*>(owner.props[0].GetXmlObject().Get())->Text(1));
     EXPECT_EQ(4, static_cast<CLeaf*>(owner.props[1].GetXmlObject().Get())->props[0].GetI4());
     EXPECT_EQ(0, owner.stores);

@@ -29,11 +29,11 @@ struct COptionalCase
 TEST(UntypedDescriptors, OptionalMembersOfEachGroup)
 {
     const COptionalCase cases[] = {
-        {"wildcard takes any element", "AnyElement", "<x:Q xmlns:x=\"urn:x\"><c/></x:Q><Z/>", ElementType_Element,
+        {"wildcard takes any element", "AnyElement", "<x:Q xmlns:x=\"urn:x\"><c/></x:Q><Z/>", E,
          "true@Z", "Q"},
-        {"a name takes only its local name", "Q", "<Z/><Q/>", ElementType_Element, "true@Z", "-"},
-        {"the name in any namespace", "Q", "<Q xmlns=\"urn:other\"/>", ElementType_Element, "true@-", "Q"},
-        {"the end of the children", "AnyElement", "", ElementType_Element, "true@-", "-"},
+        {"a name takes only its local name", "Q", "<Z/><Q/>", E, "true@Z", "-"},
+        {"the name in any namespace", "Q", "<Q xmlns=\"urn:other\"/>", E, "true@-", "Q"},
+        {"the end of the children", "AnyElement", "", E, "true@-", "-"},
     };
     for (const COptionalCase& c : cases) {
         SCOPED_TRACE(c.what);
@@ -67,24 +67,22 @@ TEST(UntypedDescriptors, MandatoryMembersFailOrGiveFalse)
     CSlots owner;
     owner.props[0].SetXmlObject(new CElement("held", "urn:t", "urn:t", ""));
     CElementInfoSeqUntpdMnd seq("AnyElement", "urn:t", 0, "urn:t", "urn:t");
-    EXPECT_EQ("Failed to find a required element [AnyElement]",
-              Failure([&] { Step(seq, owner, "", ElementType_Pseudo); }));
     // The held element admits only urn:t, so an element of urn:u is not consumed.
-    EXPECT_EQ("Failed to find the required element from namespace [urn:t]",
-              Failure([&] { Step(seq, owner, "<Q xmlns=\"urn:u\"/>", ElementType_Element); }));
-    EXPECT_EQ("false@Q", Step(seq, owner, "<Q xmlns=\"urn:u\"/>", ElementType_Pseudo));
-    EXPECT_EQ("true@Z", Step(seq, owner, "<Q a=\"1\">t</Q><Z/>", ElementType_Element));
+    ExpectRows(seq, owner,
+               {{"", P, kStrict, "Failed to find a required element [AnyElement]"},
+                {"<Q xmlns=\"urn:u\"/>", E, kStrict, "Failed to find the required element from namespace [urn:t]"},
+                {"<Q xmlns=\"urn:u\"/>", P, kStrict, "false@Q"},
+                {"<Q a=\"1\">t</Q><Z/>", E, kStrict, "true@Z"}});
     EXPECT_EQ("Q", Name(owner.props[0]));
     EXPECT_EQ(0, owner.stores);
 
     CElementInfoAllUntpdMnd all("Q", "urn:t", 0, "urn:t", "urn:t");
-    EXPECT_EQ("false@-", Step(all, owner, "", ElementType_Element));
-    EXPECT_EQ("false@Z", Step(all, owner, "<Z/>", ElementType_Element));
-    EXPECT_EQ("true@-", Step(all, owner, "<Q/>", ElementType_Element));
-
+    ExpectRows(all, owner,
+               {{"", E, kStrict, "false@-"}, {"<Z/>", E, kStrict, "false@Z"}, {"<Q/>", E, kStrict, "true@-"}});
     CSlots empty;
-    EXPECT_EQ("Serialization Data Error : The property for the element [AnyElement] holds no object",
-              Failure([&] { Step(seq, empty, "<Q/>", ElementType_Element); }));
+    ExpectRows(
+        seq, empty,
+        {{"<Q/>", E, kStrict, "Serialization Data Error : The property for the element [AnyElement] holds no object"}});
 }
 
 TEST(UntypedDescriptors, CollectionsTakeARunWildOrByName)
@@ -93,21 +91,20 @@ TEST(UntypedDescriptors, CollectionsTakeARunWildOrByName)
     CSmartPtr<CElementCol> items(new CElementCol("", "##any", "urn:t", 0, -1));
     owner.props[0].SetXmlCollection(items.Get());
     CElementInfoSeqUntpdCol wild("AnyElement", "urn:t", 0);
-    EXPECT_EQ("true@-", Step(wild, owner, "<A/><B xmlns=\"urn:b\"/><C/>", ElementType_Element));
+    EXPECT_EQ("true@-", Step(wild, owner, "<A/><B xmlns=\"urn:b\"/><C/>", E));
     EXPECT_EQ(3, items->GetCount());
 
     items->Clear();
     CElementInfoSeqUntpdCol named("A", "urn:t", 0);
     // The run stops at the first sibling of another name, and the end reads nothing.
-    EXPECT_EQ("true@B", Step(named, owner, "<A/><A/><B/><A/>", ElementType_Element));
+    EXPECT_EQ("true@B", Step(named, owner, "<A/><A/><B/><A/>", E));
     EXPECT_EQ(2, items->GetCount());
-    EXPECT_EQ("true@-", Step(named, owner, "", ElementType_Element));
+    EXPECT_EQ("true@-", Step(named, owner, "", E));
 
     items->Clear();
     CElementInfoChoiceUntpdCol choice("A", "urn:t", 0);
-    EXPECT_EQ("false@B", Step(choice, owner, "<B/><A/>", ElementType_Element));
-    EXPECT_EQ("false@-", Step(choice, owner, "", ElementType_Element));
-    EXPECT_EQ("true@-", Step(choice, owner, "<A/><A/>", ElementType_Element));
+    ExpectRows(choice, owner,
+               {{"<B/><A/>", E, kStrict, "false@B"}, {"", E, kStrict, "false@-"}, {"<A/><A/>", E, kStrict, "true@-"}});
     EXPECT_EQ(2, items->GetCount());
 }
 
