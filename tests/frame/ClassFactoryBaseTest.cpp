@@ -17,12 +17,7 @@ struct CFactory : CClassfactoryBase
 
 TEST(ClassFactoryBase, TypeAndNamespaceFromXsiType)
 {
-    struct Case
-    {
-        const char* attribute;
-        const char* type;
-        const char* namespaceUri;
-    } cases[] = {
+    struct Case { const char* attribute; const char* type; const char* namespaceUri; } cases[] = {
         {" xsi:type=\"a:Car\"", "Car", "urn:a"},         {" xsi:type=\"Car\"", "Car", "urn:x"},
         {" xsi:type=\"q:Car\"", "Car", "urn:x"},         {"", "", "urn:x"},
         {" xsi:type=\"a:Car:Van\"", "Car:Van", "urn:a"},

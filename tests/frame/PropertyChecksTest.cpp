@@ -30,14 +30,7 @@ TEST(PropertyChecks, SelectElementAndCollectionChanged)
     // selected before, property, count (above 0: an object is given), selected
     // after each of the two operations ("!" = fails). Only an empty collection
     // differs from a null object: it selects nothing.
-    struct Case
-    {
-        const char* before;
-        const char* property;
-        std::int32_t count;
-        const char* afterSelect;
-        const char* afterCount;
-    } cases[] = {
+    struct Case { const char *before, *property; std::int32_t count; const char *afterSelect, *afterCount; } cases[] = {
         {"", "A", 0, "A", ""}, {"", "A", 2, "A", "A"},  {"A", "A", 1, "A", "A"},
         {"A", "A", 0, "", ""}, {"A", "B", 0, "A", "A"}, {"A", "B", 1, "!", "!"},
     };

@@ -114,13 +114,8 @@ TEST(XmlObjectBase, DoesElementNameMatchComparesNamespaceUnlessIgnored)
     ignoring.SetIgnoreNamespaces(true);
     CXmlSerializationContext noNamespaces;
     noNamespaces.SetSchemaType(SchemaType_NoNamespaces);
-    struct Case
-    {
-        const CXmlSerializationContext* context;
-        const CXmlElement* element;
-        const char *name, *uri;
-        bool matches;
-    } cases[] = {
+    struct { const CXmlSerializationContext* context; const CXmlElement* node; const char *name, *uri; bool match; }
+        cases[] = {
         {&strict, inA, "x", "urn:a", true},     {&strict, inA, "x", "", false},
         {&strict, inA, "y", "urn:a", false},    {&strict, inNone, "x", "", true},
         {&strict, inNone, "x", nullptr, true},  {&strict, inNone, "x", "urn:a", false},
@@ -128,18 +123,14 @@ TEST(XmlObjectBase, DoesElementNameMatchComparesNamespaceUnlessIgnored)
         {&noNamespaces, inA, "x", "", true},    {&strict, nullptr, "x", "", false},
     };
     CContact contact;
-    for (const Case& c : cases)
-        EXPECT_EQ(contact.DoesElementNameMatch(*c.context, c.element, c.name, c.uri), c.matches)
+    for (const auto& c : cases)
+        EXPECT_EQ(contact.DoesElementNameMatch(*c.context, c.node, c.name, c.uri), c.match)
             << c.name << " " << (c.uri ? c.uri : "(null)");
 }
 
 TEST(XmlObjectBase, NamespaceListsWithWildcardWords)
 {
-    struct Case
-    {
-        const char *candidate, *allowed, *target;
-        bool valid;
-    } cases[] = {
+    struct Case { const char *candidate, *allowed, *target; bool valid; } cases[] = {
         {"urn:t", "##local ##targetNamespace", "urn:t", true}, {"urn:x", "##local ##targetNamespace", "urn:t", false},
         {"", "##local", "urn:t", true}, {"urn:x", "##other", "urn:t", true},  {"urn:x", "urn:a ##any", "urn:t", true},
         {"urn:t", "##other", "urn:t", false},

@@ -84,11 +84,8 @@ TEST(ElementInfoAll, ValidateOfTheMandatoryAndOptionalKinds)
     CElementInfoAllClsMnd consume("Leaf", "urn:t", 2, ElementType_Element, nullptr, 0, true);
     CElementInfoAllClsMnd pseudo("Pair", "urn:t", 2, ElementType_Pseudo, nullptr, 0, false);
     CElementInfoAllClsOpt clsOpt("Leaf", "urn:t", 2, ElementType_Element, MakeLeaf, 0);
-    struct Case
-    {
-        CElementInfo* descriptor;
-        const char* name;  // null: passes when not seen under a real element
-    } cases[] = {
+    // name null: passes when not seen under a real element.
+    struct Case { CElementInfo* descriptor; const char* name; } cases[] = {
         {&prim, "V"},    {&number, "E"},       {&abs, "Leaf"},        {&consume, "Leaf"},    {&pseudo, "Pair"},
         {&keep, nullptr}, {&primOpt, nullptr}, {&numberOpt, nullptr}, {&absOpt, nullptr}, {&clsOpt, nullptr},
     };

@@ -63,12 +63,7 @@ std::string Written(const CElementInfo& info, const CXmlGeneratedClass* owner, b
 
 TEST(ElementInfo, AnyDefaultNamespaceByConstraint)
 {
-    struct Case
-    {
-        const char* constraint;
-        const char* defaultNamespace;
-        const char* expected;
-    } cases[] = {
+    struct Case { const char* constraint; const char* defaultNamespace; const char* expected; } cases[] = {
         {"##any", "urn:p", "urn:p"}, {"##other", "urn:p", ""}, {"##other", "", "DefaultNamespace"},
         {"##local", "urn:p", ""}, {"##targetNamespace", "urn:p", "urn:t"},
         {"##targetNamespace ##local", "urn:p", "urn:t"}, {"##any urn:a", "urn:p", "urn:p"},

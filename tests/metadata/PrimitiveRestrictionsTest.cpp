@@ -36,13 +36,8 @@ OrvexVariant Parsed(const char* text, ItemType type)
 
 TEST(PrimitiveRestrictionsNumbers, BoundsInOrderWithTypeSignedness)
 {
-    const struct
-    {
-        ItemType type;
-        const char* value;
-        CPrimitiveRestrictions facets;
-        const char* message;  // null: passes
-    } cases[] = {
+    // message null: passes.
+    const struct { ItemType type; const char* value; CPrimitiveRestrictions facets; const char* message; } cases[] = {
         {ItemType_i1, "-5", Bounds("-5", "5", "", ""), nullptr},
         {ItemType_i1, "-6", Bounds("-5", "", "", ""), "Invalid Value for n [-6]"},
         {ItemType_i2, "300", Bounds("", "", "", "300"), "Invalid Value for n [300]"},
@@ -79,14 +74,9 @@ TEST(PrimitiveRestrictionsNumbers, OneDescriptorGivesTheSameAnswersAtEveryCheckA
     // bounds before it. The same texts read as other types give those types' answers.
     const CPrimitiveRestrictions facets = Bounds("10", "x", "", ""), copy = facets;
     const CPrimitiveRestrictions wide = Bounds("-1", "99999999999999999999", "", "");
-    const struct
-    {
-        const CPrimitiveRestrictions* facets;
-        ItemType type;
-        const char* value;
-        const char* message;  // null: passes
-        bool conversion;      // fails as COrvexInvalidValueException
-    } cases[] = {
+    // message null: passes; conversion: fails as COrvexInvalidValueException.
+    const struct { const CPrimitiveRestrictions* facets; ItemType type; const char *value, *message; bool conversion; }
+        cases[] = {
         {&facets, ItemType_i4, "9", "Invalid Value for n [9]", false},
         {&copy, ItemType_i4, "11", "The value [x] can not be converted to a i4", true},
         {&facets, ItemType_i1, "9", "Invalid Value for n [9]", false},
@@ -122,12 +112,7 @@ TEST(PrimitiveRestrictionsTypes, CharAndUnknownTypesAreRefused)
 
 TEST(PrimitiveRestrictionsStrings, LengthsAreBytesAndZeroIsALimit)
 {
-    const struct
-    {
-        std::string value;
-        int minLength, maxLength, length;
-        bool passes;
-    } cases[] = {
+    const struct { std::string value; int minLength, maxLength, length; bool passes; } cases[] = {
         {"", 0, -1, -1, true},          {"abc", 0, -1, -1, true},    {"", -1, 0, -1, true},
         {"a", -1, 0, -1, false},        {"", -1, -1, 0, true},       {"a", -1, -1, 0, false},
         {"ab", 3, -1, -1, false},       {"abc", 3, 3, 3, true},      {"abcd", -1, 3, -1, false},
@@ -152,12 +137,7 @@ TEST(PrimitiveRestrictionsStrings, LengthsAreBytesAndZeroIsALimit)
 // it. "." takes one character of two bytes; \w knows no Unicode properties.
 TEST(PrimitiveRestrictionsPatterns, WholeValueMustMatch)
 {
-    const struct
-    {
-        const char* pattern;
-        std::string value;
-        bool passes;
-    } cases[] = {
+    const struct { const char* pattern; std::string value; bool passes; } cases[] = {
         {"a.b", std::string("a\0b", 3), true}, {"[0-9]{3}", "123", true}, {"[0-9]{3}", "1234", false},
         {"[0-9]{3}", "x123", false}, {"a|ab", "ab", false}, {"ab|a", "ab", true}, {"\\i\\c*", "_x1:-.", true},
         {"\\i\\c*", "1x", false}, {"\\I", "1", true}, {"\\C+", "  ", true}, {"\\C", "a", false},
@@ -178,11 +158,7 @@ TEST(PrimitiveRestrictionsPatterns, WholeValueMustMatch)
 
 TEST(PrimitiveRestrictionsPatterns, BadPatternFailsAtEveryValueWithPcreText)
 {
-    const struct
-    {
-        const char* pattern;
-        const char* error;
-    } cases[] = {
+    const struct { const char* pattern; const char* error; } cases[] = {
         {"(", "missing closing parenthesis"}, {"[a-", "missing terminating ] for character class"},
         {"a{2,1}", "numbers out of order in {} quantifier"}, {"\\", "\\ at end of pattern"},
         {"[\\i]", "unmatched closing parenthesis"},

@@ -16,15 +16,8 @@ std::string Name(const OrvexVariant& value)
     return element ? element->GetName() : std::string("-");
 }
 
-struct COptionalCase
-{
-    const char* what;
-    const char* name;
-    const char* content;
-    XmlElementType parentType;
-    const char* step;    // result@position
-    const char* stored;  // name of the element in the property, "-" for none
-};
+// step: result@position; stored: the name of the element in the property, "-" for none.
+struct COptionalCase { const char *what, *name, *content; XmlElementType parentType; const char *step, *stored; };
 
 TEST(UntypedDescriptors, OptionalMembersOfEachGroup)
 {

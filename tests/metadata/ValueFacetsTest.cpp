@@ -31,13 +31,8 @@ OrvexVariant Parsed(const char* text, ItemType type)
 
 TEST(ValueFacets, BoundsAtAndBeyondTheLimitOfEachGroup)
 {
-    const struct
-    {
-        ItemType type;
-        const char* value;
-        CPrimitiveRestrictions facets;
-        const char* shown;  // null: the value passes
-    } cases[] = {
+    // shown: the value in the failure text; null: the value passes.
+    const struct { ItemType type; const char* value; CPrimitiveRestrictions facets; const char* shown; } cases[] = {
         {ItemType_duration, "PT24H", Bounds("P1D", "P1D", "", ""), nullptr},
         {ItemType_duration, "PT24H", Bounds("", "", "", "P1D"), "PT24H"},
         {ItemType_duration, "P1M", Bounds("P32D", "", "", ""), "P1M"},
@@ -80,13 +75,7 @@ TEST(ValueFacets, BoundsAtAndBeyondTheLimitOfEachGroup)
 
 TEST(ValueFacets, BoundThatDoesNotParseFailsAsItsConversion)
 {
-    const struct
-    {
-        ItemType type;
-        const char* value;
-        const char* bound;
-        const char* message;
-    } cases[] = {
+    const struct { ItemType type; const char* value; const char* bound; const char* message; } cases[] = {
         {ItemType_decimal, "1", "abc",
          "The string representing a Decimal, contained an invalid char at position 0 [abc]"},
         {ItemType_integer, "1", "1.5.",
@@ -115,13 +104,7 @@ TEST(ValueFacets, BoundThatDoesNotParseFailsAsItsConversion)
 
 TEST(ValueFacets, BinaryLengthsInBytesShownInHex)
 {
-    const struct
-    {
-        ItemType type;
-        const char* value;
-        int minLength, maxLength, length;
-        bool passes;
-    } cases[] = {
+    const struct { ItemType type; const char* value; int minLength, maxLength, length; bool passes; } cases[] = {
         {ItemType_hexBinary, "0AFF", 2, 2, 2, true},       {ItemType_hexBinary, "0AFF", 3, -1, -1, false},
         {ItemType_hexBinary, "0AFF", -1, 1, -1, false},    {ItemType_hexBinary, "0AFF", -1, -1, 0, false},
         {ItemType_hexBinary, "", 0, 0, 0, true},           {ItemType_base64Binary, "Cv8=", -1, -1, 2, true},
