@@ -53,18 +53,23 @@ inline void Access(OrvexVariant& property, bool read, OrvexVariant& value)
     else property = value;
 }
 
-// The table getters and identity every test class shares; Derived::Tables() builds
+// The table getters and identity every test class shares; Derived::Build() makes
 // the tables on first use.
 template <typename Derived>
 class CShape : public CXmlGeneratedClass
 {
 public:
+    static const CTables& Tables()
+    {
+        static const CTables tables = Derived::Build();
+        return tables;
+    }
     CXmlObjectBase* GetBase() override { return this; }
     std::string GetTargetNamespace() const override { return "urn:t"; }
     std::string GetNamespace() const override { return "urn:t"; }
-    CParentElementInfo* GetClassInfo() const override { return Derived::Tables().info; }
-    CElementInfo** GetClassElementInfo() const override { return Derived::Tables().elements; }
-    CAttributeInfo** GetClassAttributeInfo() const override { return Derived::Tables().attributes; }
+    CParentElementInfo* GetClassInfo() const override { return Tables().info; }
+    CElementInfo** GetClassElementInfo() const override { return Tables().elements; }
+    CAttributeInfo** GetClassAttributeInfo() const override { return Tables().attributes; }
     using CXmlGeneratedClass::CleanMetaData;
     using CXmlGeneratedClass::IsElementInList;
 };
@@ -117,16 +122,14 @@ class CTag : public CShape<CTag>
 {
 public:
     CTag() { SetElementName("Tag"); Init(); }
-    static const CTables& Tables()
+    static CTables Build()
     {
-        static const CTables tables =
-            MakeTables(Parent(ElementGroup_Sequence, "Tag", 3), {},
-                       {new CAttributeInfoPrimitive("code", "", 0, true, ItemType_i4, nullptr, Rule::Collapse,
-                                                    CPrimitiveRestrictions("", -1, -1, "", "100", "", "", -1)),
-                        new CAttributeInfoEnum("kind", "urn:k", 1, false, OrvexExamples::OrderStatusToString,
-                                               OrvexExamples::OrderStatusFromString),
-                        new CAttributeInfoAny("AnyAttribute", "", 2, true, "urn:x urn:y", "urn:t")});
-        return tables;
+        return MakeTables(Parent(ElementGroup_Sequence, "Tag", 3), {},
+                          {new CAttributeInfoPrimitive("code", "", 0, true, ItemType_i4, nullptr, Rule::Collapse,
+                                                       CPrimitiveRestrictions("", -1, -1, "", "100", "", "", -1)),
+                           new CAttributeInfoEnum("kind", "urn:k", 1, false, OrvexExamples::OrderStatusToString,
+                                                  OrvexExamples::OrderStatusFromString),
+                           new CAttributeInfoAny("AnyAttribute", "", 2, true, "urn:x urn:y", "urn:t")});
     }
     void AccessProperty(int propertyIndex, bool read, OrvexVariant& value) override
     {
@@ -156,12 +159,11 @@ class CLooseTag : public CShape<CLooseTag>
 {
 public:
     CLooseTag() { SetElementName("Tag"); Init(); }
-    static const CTables& Tables()
+    static CTables Build()
     {
-        static const CTables tables = MakeTables(
+        return MakeTables(
             Parent(ElementGroup_Sequence, "Tag", -1, false), {},
             {new CAttributeInfoPrimitive("code", "", 0, true, ItemType_i4, nullptr, Rule::Collapse, NoFacets())});
-        return tables;
     }
     void AccessProperty(int propertyIndex, bool read, OrvexVariant& value) override
     {
@@ -178,14 +180,13 @@ class CGroup : public CShape<CGroup>
 {
 public:
     CGroup() { Init(); }
-    static const CTables& Tables()
+    static CTables Build()
     {
-        static const CTables tables = MakeTables(
+        return MakeTables(
             new CParentElementInfo(ElementGroup_Sequence, ElementType_Pseudo, "GroupType", "urn:t", -1, false, false),
             {new CElementInfoSeqPrimMnd("A", "urn:t", 0, ItemType_string, nullptr, Rule::Preserve, NoFacets()),
              new CElementInfoSeqPrimOpt("C", "urn:t", 1, ItemType_i4, nullptr, Rule::Collapse, NoFacets())},
             {new CAttributeInfoPrimitive("pa", "", 2, true, ItemType_string, nullptr, Rule::Preserve, NoFacets())});
-        return tables;
     }
     void AccessProperty(int propertyIndex, bool read, OrvexVariant& value) override
     {
@@ -206,14 +207,13 @@ class CHost : public CShape<CHost>
 {
 public:
     CHost() : group(new CGroup()) { SetElementName("Host"); Init(); }
-    static const CTables& Tables()
+    static CTables Build()
     {
-        static const CTables tables = MakeTables(
+        return MakeTables(
             Parent(ElementGroup_Sequence, "HostType", -1, false, true),
             {new CElementInfoSeqClsMnd("Group", "urn:t", 1, ElementType_Pseudo, nullptr, 0, true),
              new CElementInfoSeqPrimOpt("B", "urn:t", 2, ItemType_string, nullptr, Rule::Preserve, NoFacets())},
             {new CAttributeInfoPrimitive("ha", "", 0, true, ItemType_string, nullptr, Rule::Preserve, NoFacets())});
-        return tables;
     }
     void AccessProperty(int propertyIndex, bool read, OrvexVariant& value) override
     {
@@ -239,14 +239,12 @@ public:
         SetElementName("Pick");
         Init();
     }
-    static const CTables& Tables()
+    static CTables Build()
     {
-        static const CTables tables =
-            MakeTables(Parent(ElementGroup_Choice, "Pick"),
-                       {new CChoicePrimReader("X", "urn:t", 0, ItemType_i4, nullptr, Rule::Collapse, NoFacets()),
-                        new CChoicePrimReader("Y", "urn:t", 1, ItemType_string, nullptr, Rule::Preserve, NoFacets()),
-                        new CChoiceColReader("Line", "urn:t", 2)});
-        return tables;
+        return MakeTables(Parent(ElementGroup_Choice, "Pick"),
+                          {new CChoicePrimReader("X", "urn:t", 0, ItemType_i4, nullptr, Rule::Collapse, NoFacets()),
+                           new CChoicePrimReader("Y", "urn:t", 1, ItemType_string, nullptr, Rule::Preserve, NoFacets()),
+                           new CChoiceColReader("Line", "urn:t", 2)});
     }
     void AccessProperty(int propertyIndex, bool read, OrvexVariant& value) override
     {
@@ -264,13 +262,12 @@ class CBag : public CShape<CBag>
 {
 public:
     CBag() { SetElementName("Bag"); Init(); }
-    static const CTables& Tables()
+    static CTables Build()
     {
-        static const CTables tables =
-            MakeTables(Parent(ElementGroup_All, "Bag"),
-                       {new CAllPrimMndReader("P", "urn:t", 0, ItemType_i4, nullptr, Rule::Collapse, NoFacets()),
-                        new CAllPrimOptReader("Q", "urn:t", 1, ItemType_string, nullptr, Rule::Preserve, NoFacets())});
-        return tables;
+        return MakeTables(
+            Parent(ElementGroup_All, "Bag"),
+            {new CAllPrimMndReader("P", "urn:t", 0, ItemType_i4, nullptr, Rule::Collapse, NoFacets()),
+             new CAllPrimOptReader("Q", "urn:t", 1, ItemType_string, nullptr, Rule::Preserve, NoFacets())});
     }
     void AccessProperty(int propertyIndex, bool read, OrvexVariant& value) override
     {
@@ -286,13 +283,11 @@ class CRun : public CShape<CRun>
 {
 public:
     CRun() { SetElementName("Run"); Init(); }
-    static const CTables& Tables()
+    static CTables Build()
     {
-        static const CTables tables =
-            MakeTables(Parent(ElementGroup_Sequence, "Run"),
-                       {new CTryPrimReader("a", "urn:t", 0, ItemType_i4, nullptr, Rule::Collapse, NoFacets()),
-                        new CTryPrimReader("b", "urn:t", 1, ItemType_i4, nullptr, Rule::Collapse, NoFacets())});
-        return tables;
+        return MakeTables(Parent(ElementGroup_Sequence, "Run"),
+                          {new CTryPrimReader("a", "urn:t", 0, ItemType_i4, nullptr, Rule::Collapse, NoFacets()),
+                           new CTryPrimReader("b", "urn:t", 1, ItemType_i4, nullptr, Rule::Collapse, NoFacets())});
     }
     void AccessProperty(int propertyIndex, bool read, OrvexVariant& value) override
     {
@@ -308,11 +303,7 @@ class CBroken : public CShape<CBroken>
 {
 public:
     CBroken() { SetElementName("Broken"); }
-    static const CTables& Tables()
-    {
-        static const CTables tables = MakeTables(Parent(static_cast<XmlElementGroupType>(7), "Broken"), {});
-        return tables;
-    }
+    static CTables Build() { return MakeTables(Parent(static_cast<XmlElementGroupType>(7), "Broken"), {}); }
     void AccessProperty(int, bool, OrvexVariant&) override {}
     void Init() override {}
 };

@@ -132,14 +132,12 @@ class CWild : public CShape<CWild>
 {
 public:
     CWild() : extras(new CAttributeCol("", "##any", "urn:t")), other(new CBag()) { SetElementName("Wild"); Init(); }
-    static const CTables& Tables()
+    static CTables Build()
     {
-        static const CTables tables = MakeTables(
-            Parent(ElementGroup_Sequence, "Wild"), {},
-            {new CAttributeInfoAny("AnyAttribute", "", 1, false, "##any", "urn:t"),
-             new CAttributeInfoPrimitive("m", "", 0, false, ItemType_i4, nullptr, Rule::Collapse,
-                                         CPrimitiveRestrictions("", -1, -1, "", "5", "", "", -1))});
-        return tables;
+        return MakeTables(Parent(ElementGroup_Sequence, "Wild"), {},
+                          {new CAttributeInfoAny("AnyAttribute", "", 1, false, "##any", "urn:t"),
+                           new CAttributeInfoPrimitive("m", "", 0, false, ItemType_i4, nullptr, Rule::Collapse,
+                                                       CPrimitiveRestrictions("", -1, -1, "", "5", "", "", -1))});
     }
     void AccessProperty(int propertyIndex, bool read, OrvexVariant& value) override
     {

@@ -28,12 +28,8 @@ public:
     explicit CFixture(const char* name, std::size_t count = 2) : props(count) { this->SetElementName(name); }
     void AccessProperty(int index, bool read, OrvexVariant& value) override
     {
-        if (read) {
-            value = props.at(index);
-        } else {
-            props.at(index) = value;
-            ++stores;
-        }
+        stores += read ? 0 : 1;
+        Access(props.at(index), read, value);
     }
     void Init() override
     {
@@ -50,11 +46,7 @@ class CSlots : public CFixture<CSlots>
 {
 public:
     CSlots() : CFixture("Slots", 4) {}
-    static const CTables& Tables()
-    {
-        static const CTables tables = FixtureTables(ElementGroup_Sequence, ElementType_Element, "Slots", {});
-        return tables;
-    }
+    static CTables Build() { return FixtureTables(ElementGroup_Sequence, ElementType_Element, "Slots", {}); }
 };
 
 // A pseudo child: its members A and B stand among the owner's children.
@@ -62,13 +54,12 @@ class CPair : public CFixture<CPair>
 {
 public:
     CPair() : CFixture("Pair") {}
-    static const CTables& Tables()
+    static CTables Build()
     {
-        static const CTables tables = FixtureTables(
+        return FixtureTables(
             ElementGroup_Sequence, ElementType_Pseudo, "Pair",
             {new CElementInfoSeqPrimMnd("A", "urn:t", 0, ItemType_string, nullptr, Rule::Preserve, NoFacets()),
              new CElementInfoSeqPrimMnd("B", "urn:t", 1, ItemType_string, nullptr, Rule::Preserve, NoFacets())});
-        return tables;
     }
 };
 
@@ -77,12 +68,11 @@ class CLeaf : public CFixture<CLeaf>
 {
 public:
     explicit CLeaf(const char* name = "Leaf") : CFixture(name, 1) {}
-    static const CTables& Tables()
+    static CTables Build()
     {
-        static const CTables tables = FixtureTables(
+        return FixtureTables(
             ElementGroup_Sequence, ElementType_Element, "Leaf",
             {new CElementInfoSeqPrimOpt("V", "urn:t", 0, ItemType_i4, nullptr, Rule::Collapse, NoFacets())});
-        return tables;
     }
 };
 
@@ -91,12 +81,11 @@ class CPick1 : public CFixture<CPick1>
 {
 public:
     CPick1() : CFixture("Pick", 1) {}
-    static const CTables& Tables()
+    static CTables Build()
     {
-        static const CTables tables = FixtureTables(
+        return FixtureTables(
             ElementGroup_Choice, ElementType_Element, "Pick",
             {new CElementInfoChoicePrimOpt("X", "urn:t", 0, ItemType_i4, nullptr, Rule::Collapse, NoFacets())});
-        return tables;
     }
 };
 

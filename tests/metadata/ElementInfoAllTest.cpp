@@ -125,9 +125,9 @@ class CMix : public CFixture<CMix>
 {
 public:
     CMix() : CFixture("Mix", 8), texts(new CTextCol("T", 0, 3)) { CMix::Init(); }
-    static const CTables& Tables()
+    static CTables Build()
     {
-        static const CTables tables = FixtureTables(
+        return FixtureTables(
             ElementGroup_All, E, "Mix",
             {new CElementInfoAllPrimOpt("B", "urn:t", 0, ItemType_string, nullptr, Rule::Preserve, NoFacets()),
              new CElementInfoAllClsOpt("Pair", "urn:t", 1, P, MakePair, 0),
@@ -137,7 +137,6 @@ public:
              new CElementInfoAllPrimOpt("A", "urn:t", 5, ItemType_string, nullptr, Rule::Preserve, NoFacets()),
              new CElementInfoAllClsOpt("Leaf", "urn:t", 6, E, MakeLeaf, 0),
              new CElementInfoAllPrimOpt("E", "urn:t", 7, ItemType_string, nullptr, Rule::Preserve, NoFacets())});
-        return tables;
     }
     void Init() override
     {
