@@ -10,43 +10,22 @@ using namespace OrvexTest;
 
 namespace {
 
-// Opens the protected operations of the base for the tests.
-class COpenInfo : public CElementInfoSeqPrimOpt
-{
-public:
-    using CElementInfo::GetAnyDefaultNamespace;
-    using CElementInfoSeqPrimOpt::CElementInfoSeqPrimOpt;
-    bool ElementFromXml(const CXmlSerializationContext&, CXmlGeneratedClass*, CXmlElement*, CXmlElement**, const char*,
-                        XmlElementType) override
-    {
-        return false;
-    }
-};
-
-// A descriptor of the second constructor's fields left unset.
-class CBareInfo : public CElementInfoSeqCol
-{
-public:
-    using CElementInfoSeqCol::CElementInfoSeqCol;
-    bool ElementFromXml(const CXmlSerializationContext&, CXmlGeneratedClass*, CXmlElement*, CXmlElement**, const char*,
-                        XmlElementType) override
-    {
-        return false;
-    }
-};
-
-// A cell that does not read yet, made constructible for its other operations.
+// A cell made constructible for its operations other than reading, which it
+// declines; the protected operations of the base opened for the tests.
 template <typename Cell>
 class CNoRead : public Cell
 {
 public:
     using Cell::Cell;
+    using CElementInfo::GetAnyDefaultNamespace;
     bool ElementFromXml(const CXmlSerializationContext&, CXmlGeneratedClass*, CXmlElement*, CXmlElement**, const char*,
                         XmlElementType) override
     {
         return false;
     }
 };
+using COpenInfo = CNoRead<CElementInfoSeqPrimOpt>;
+using CBareInfo = CNoRead<CElementInfoSeqCol>;  // the second constructor's fields left unset
 
 // Writes what one descriptor writes for owner, inside a wrapper element.
 std::string Written(const CElementInfo& info, const CXmlGeneratedClass* owner, bool* result)
