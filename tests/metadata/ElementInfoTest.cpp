@@ -27,15 +27,15 @@ public:
 using COpenInfo = CNoRead<CElementInfoSeqPrimOpt>;
 using CBareInfo = CNoRead<CElementInfoSeqCol>;  // the second constructor's fields left unset
 
-// Writes what one descriptor writes for owner, inside a wrapper element.
-std::string Written(const CElementInfo& info, const CXmlGeneratedClass* owner, bool* result)
+// What one descriptor writes for owner inside a wrapper element, and its result.
+std::string Written(const CElementInfo& info, const CXmlGeneratedClass* owner)
 {
     CXmlTextWriter writer;
     writer.SetFormatted(false);
     writer.WriteStartElement("w", "");
-    *result = info.ElementToXml(CXmlSerializationContext(), owner, &writer);
+    const bool result = info.ElementToXml(CXmlSerializationContext(), owner, &writer);
     writer.WriteEndElement();
-    return writer.GetString();
+    return writer.GetString() + (result ? " true" : " false");
 }
 
 }  // namespace
@@ -90,21 +90,15 @@ TEST(ElementInfo, SharedWritingOperations)
                                                OrvexExamples::OrderStatusFromString);
     CNoRead<CElementInfoChoiceClsCol> empty("Line", "urn:t", 2, ElementType_Element);
     CPick pick;
-    bool result = true;
-
     // Invalid values write nothing, mandatory or not.
-    EXPECT_EQ("<w/>", Written(*prim, &owner, &result));
-    EXPECT_FALSE(result);
-    EXPECT_EQ("<w/>", Written(enumerated, &owner, &result));
-    EXPECT_FALSE(result);
-    EXPECT_EQ("<w/>", Written(empty, &pick, &result));
-    EXPECT_FALSE(result);
-
+    EXPECT_EQ("<w/> false", Written(*prim, &owner));
+    EXPECT_EQ("<w/> false", Written(enumerated, &owner));
+    EXPECT_EQ("<w/> false", Written(empty, &pick));
     owner.p.SetI4(2);
-    EXPECT_EQ("<w><AA:P xmlns:AA=\"urn:t\">2</AA:P></w>", Written(*prim, &owner, &result));
-    EXPECT_TRUE(result);
-    EXPECT_EQ("<w><E>closed</E></w>", (owner.p.SetI4(1), Written(enumerated, &owner, &result)));
+    EXPECT_EQ("<w><AA:P xmlns:AA=\"urn:t\">2</AA:P></w> true", Written(*prim, &owner));
+    owner.p.SetI4(1);
+    EXPECT_EQ("<w><E>closed</E></w> true", Written(enumerated, &owner));
     owner.p.SetI4(9);
-    EXPECT_THROW_MSG(Written(*prim, &owner, &result), COrvexException, "Invalid Value for P [9]");
+    EXPECT_THROW_MSG(Written(*prim, &owner), COrvexException, "Invalid Value for P [9]");
     delete prim;
 }
