@@ -31,7 +31,7 @@ TEST(ElementInfoSeqClsMnd, PseudoAndRealChildrenUnderTheOptions)
     EXPECT_EQ(0, owner.stores);
 }
 
-TEST(ElementInfoSeqClsOpt, PseudoChildThatTakesNothingIsDropped)
+TEST(ElementInfoSeqClsOpt, PseudoChildThatTakesNothingIsDroppedAndAnAbstractOneNeedsASuitableClass)
 {
     CElementInfoSeqClsOpt pair("Pair", "urn:t", 0, P, MakePair, 7);
     CSlots owner;
@@ -47,18 +47,14 @@ TEST(ElementInfoSeqClsOpt, PseudoChildThatTakesNothingIsDropped)
     CElementInfoSeqClsOpt leaf("Leaf", "urn:t", 1, E, MakeLeaf, 3);
     EXPECT_EQ("true@Z", Step(leaf, owner, "<Leaf><V>9</V></Leaf><Z/>", E));
     EXPECT_EQ("Leaf", OrvexXmlLib5::Detail::CObjectAccess::ElementName(owner.props[1].GetXmlObject()));
-}
 
-TEST(ElementInfoSeqAbsCls, FactoryWithoutASuitableClass)
-{
-    CSlots owner;
-    CElementInfoSeqAbsClsOpt optional("Leaf", "urn:t", 0, E, LeafByKind);
+    CElementInfoSeqAbsClsOpt optional("Leaf", "urn:t", 2, E, LeafByKind);
     EXPECT_EQ("true@Leaf", Step(optional, owner, "<Leaf/>", E));
-    EXPECT_EQ(0, owner.stores);
+    EXPECT_EQ(2, owner.stores);
     EXPECT_EQ("true@-", Step(optional, owner, "<Leaf kind=\"leaf\"><V>2</V></Leaf>", E));
-    EXPECT_EQ(1, owner.stores);
+    EXPECT_EQ(3, owner.stores);
 
-    CElementInfoSeqAbsClsMnd mandatory("Leaf", "urn:t", 1, E, LeafByKind);
+    CElementInfoSeqAbsClsMnd mandatory("Leaf", "urn:t", 3, E, LeafByKind);
     const char* const text = "Failed to find a suitable substitution element for [Leaf]";
     ExpectRows(mandatory, owner, {{"<Leaf/>", E, kStrict, text},
                 {"<Z/><Leaf kind=\"leaf\"/>", E, kSkip, text}, {"<Leaf/>", P, kStrict, "false@Leaf"},
