@@ -165,10 +165,7 @@ public:
             Parent(ElementGroup_Sequence, "Tag", -1, false), {},
             {new CAttributeInfoPrimitive("code", "", 0, true, ItemType_i4, nullptr, Rule::Collapse, NoFacets())});
     }
-    void AccessProperty(int propertyIndex, bool read, OrvexVariant& value) override
-    {
-        if (propertyIndex == 0) Access(code, read, value);
-    }
+    void AccessProperty(int index, bool read, OrvexVariant& value) override { if (!index) Access(code, read, value); }
     void Init() override { code.SetInvalid(); }
 
     OrvexVariant code;
@@ -269,10 +266,7 @@ public:
             {new CAllPrimMndReader("P", "urn:t", 0, ItemType_i4, nullptr, Rule::Collapse, NoFacets()),
              new CAllPrimOptReader("Q", "urn:t", 1, ItemType_string, nullptr, Rule::Preserve, NoFacets())});
     }
-    void AccessProperty(int propertyIndex, bool read, OrvexVariant& value) override
-    {
-        Access(propertyIndex == 0 ? p : q, read, value);
-    }
+    void AccessProperty(int index, bool read, OrvexVariant& value) override { Access(index ? q : p, read, value); }
     void Init() override { p.SetInvalid(); q.SetInvalid(); }
 
     OrvexVariant p, q;
@@ -289,10 +283,7 @@ public:
                           {new CTryPrimReader("a", "urn:t", 0, ItemType_i4, nullptr, Rule::Collapse, NoFacets()),
                            new CTryPrimReader("b", "urn:t", 1, ItemType_i4, nullptr, Rule::Collapse, NoFacets())});
     }
-    void AccessProperty(int propertyIndex, bool read, OrvexVariant& value) override
-    {
-        Access(propertyIndex == 0 ? a : b, read, value);
-    }
+    void AccessProperty(int index, bool read, OrvexVariant& value) override { Access(index ? b : a, read, value); }
     void Init() override { a.SetInvalid(); b.SetInvalid(); }
 
     OrvexVariant a, b;

@@ -303,11 +303,7 @@ namespace {
 class CCountedTag : public CTag
 {
 public:
-    void Init() override
-    {
-        ++inits;
-        CTag::Init();
-    }
+    void Init() override { ++inits; CTag::Init(); }
     static CXmlElement* Read(CXmlObjectBase* object, CXmlElement* element, bool justMade)
     {
         const CXmlSerializationContext& context = CXmlSerializationContext::GetDefaultContext();

@@ -31,10 +31,7 @@ public:
         stores += read ? 0 : 1;
         Access(props.at(index), read, value);
     }
-    void Init() override
-    {
-        for (OrvexVariant& prop : props) prop.SetInvalid();
-    }
+    void Init() override { for (OrvexVariant& prop : props) prop.SetInvalid(); }
     std::string Text(int index) const { return props.at(index).GetString(); }
 
     std::vector<OrvexVariant> props;
@@ -95,9 +92,7 @@ class CTextCol : public CXmlTypeCollection
 public:
     CTextCol(const char* name, int minOccurs, int maxOccurs)
         : CXmlTypeCollection(ItemType_string, name, "urn:t", minOccurs, maxOccurs, "", -1, -1, "", "", "", "", -1,
-                             Rule::Preserve, nullptr)
-    {
-    }
+                             Rule::Preserve, nullptr) {}
     void AddFromString(std::string text) override { items.push_back(text); }
     int GetCount() const override { return static_cast<int>(items.size()); }
     void Clear() override { items.clear(); }
@@ -125,10 +120,7 @@ inline CSmartPtr<CXmlObjectBase> MakeLeaf(int, const char* name)
     ++FactoryCalls();
     return CSmartPtr<CXmlObjectBase>(new CLeaf(name));
 }
-inline CSmartPtr<CXmlObjectBase> MakePick(int, const char*)
-{
-    return CSmartPtr<CXmlObjectBase>(new CPick1());
-}
+inline CSmartPtr<CXmlObjectBase> MakePick(int, const char*) { return CSmartPtr<CXmlObjectBase>(new CPick1()); }
 // A leaf only for an element that says kind="leaf"; null otherwise.
 inline CSmartPtr<CXmlObjectBase> LeafByKind(CXmlElement* element)
 {
@@ -136,14 +128,8 @@ inline CSmartPtr<CXmlObjectBase> LeafByKind(CXmlElement* element)
     return CSmartPtr<CXmlObjectBase>(new CLeaf(element->GetLocalName().c_str()));
 }
 
-inline const char* NumberToString(int value)
-{
-    return value == 1 ? "one" : "other";
-}
-inline int NumberFromString(const char* text)
-{
-    return std::string(text) == "one" ? 1 : 0;
-}
+inline const char* NumberToString(int value) { return value == 1 ? "one" : "other"; }
+inline int NumberFromString(const char* text) { return std::string(text) == "one" ? 1 : 0; }
 
 // "true@X" or "false@X": the result of one ElementFromXml on the children of
 // <r xmlns="urn:t">content</r>, and the local name of the element reached ("-": none).
