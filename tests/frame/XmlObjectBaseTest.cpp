@@ -138,12 +138,10 @@ TEST(XmlObjectBase, NamespaceListsWithWildcardWords)
     for (const Case& c : cases) {
         EXPECT_EQ(contact.IsNamespaceValid(c.candidate, c.allowed, c.target), c.valid)
             << (c.candidate ? c.candidate : "(null)") << " in [" << c.allowed << "]";
-        if (c.valid) {
+        // Its exact text is checked through the attribute wildcard of the generated class test.
+        if (c.valid)
             EXPECT_NO_THROW(contact.TestNamespace(c.candidate, c.allowed, c.target));
-        }
+        else
+            EXPECT_THROW(contact.TestNamespace(c.candidate, c.allowed, c.target), COrvexInvalidNamespaceException);
     }
-    EXPECT_THROW_MSG(contact.TestNamespace("urn:x", "##local ##targetNamespace", "urn:t"),
-                     COrvexInvalidNamespaceException,
-                     "Invalid namespace [urn:x]. The namespace must be one of [##local ##targetNamespace] where the "
-                     "target namespace is [urn:t]");
 }

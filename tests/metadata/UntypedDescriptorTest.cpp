@@ -17,22 +17,21 @@ std::string Name(const OrvexVariant& value)
 }
 
 // step: result@position; stored: the name of the element in the property, "-" for none.
-struct COptionalCase { const char *what, *name, *content; XmlElementType parentType; const char *step, *stored; };
+struct COptionalCase { const char *what, *name, *content, *step, *stored; };
 
 TEST(UntypedDescriptors, OptionalMembersOfEachGroup)
 {
     const COptionalCase cases[] = {
-        {"wildcard takes any element", "AnyElement", "<x:Q xmlns:x=\"urn:x\"><c/></x:Q><Z/>", E,
-         "true@Z", "Q"},
-        {"a name takes only its local name", "Q", "<Z/><Q/>", E, "true@Z", "-"},
-        {"the name in any namespace", "Q", "<Q xmlns=\"urn:other\"/>", E, "true@-", "Q"},
-        {"the end of the children", "AnyElement", "", E, "true@-", "-"},
+        {"wildcard takes any element", "AnyElement", "<x:Q xmlns:x=\"urn:x\"><c/></x:Q><Z/>", "true@Z", "Q"},
+        {"a name takes only its local name", "Q", "<Z/><Q/>", "true@Z", "-"},
+        {"the name in any namespace", "Q", "<Q xmlns=\"urn:other\"/>", "true@-", "Q"},
+        {"the end of the children", "AnyElement", "", "true@-", "-"},
     };
     for (const COptionalCase& c : cases) {
         SCOPED_TRACE(c.what);
         CSlots owner;
         CElementInfoSeqUntpdOpt seq(c.name, "urn:t", 0, "##any", "urn:t");
-        EXPECT_EQ(c.step, Step(seq, owner, c.content, c.parentType));
+        EXPECT_EQ(c.step, Step(seq, owner, c.content, E));
         EXPECT_EQ(c.stored, Name(owner.props[0]));
 
         // Choice and all give false where nothing was taken.
@@ -41,7 +40,7 @@ TEST(UntypedDescriptors, OptionalMembersOfEachGroup)
         CSlots choiceOwner;
         choiceOwner.props[0].SetXmlObject(new CElement("old"));
         CElementInfoChoiceUntpdOpt choice(c.name, "urn:t", 0, "##any", "urn:t");
-        EXPECT_EQ(expected, Step(choice, choiceOwner, c.content, c.parentType));
+        EXPECT_EQ(expected, Step(choice, choiceOwner, c.content, E));
         // The choice clears an alternative it did not take (when it looked at all).
         if (*c.content) {
             EXPECT_EQ(c.stored, Name(choiceOwner.props[0]));
@@ -49,7 +48,7 @@ TEST(UntypedDescriptors, OptionalMembersOfEachGroup)
         CSlots allOwner;
         allOwner.props[0].SetXmlObject(new CElement("old"));
         CElementInfoAllUntpdOpt all(c.name, "urn:t", 0, "##any", "urn:t");
-        EXPECT_EQ(expected, Step(all, allOwner, c.content, c.parentType));
+        EXPECT_EQ(expected, Step(all, allOwner, c.content, E));
         // The all member leaves the property alone when it takes nothing.
         EXPECT_EQ(std::string(c.stored) == "-" ? "old" : c.stored, Name(allOwner.props[0]));
     }
