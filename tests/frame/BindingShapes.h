@@ -5,6 +5,8 @@
 // are seen on their own; the all-group cells have no reading of their own yet.
 #pragma once
 
+#include <algorithm>
+#include <initializer_list>
 #include <string>
 
 #include "examples/binding/Order.h"
@@ -17,7 +19,10 @@ using namespace OrvexXmlLib5;
 using namespace OrvexXmlLib5Data;
 using Rule = CWhitespaceUtils::WhitespaceRule;
 
-inline CPrimitiveRestrictions NoFacets() { return CPrimitiveRestrictions("", -1, -1, "", "", "", "", -1); }
+inline CPrimitiveRestrictions NoFacets()
+{
+    return CPrimitiveRestrictions("", -1, -1, "", "", "", "", -1);
+}
 
 struct CTables
 {
@@ -26,18 +31,45 @@ struct CTables
     CAttributeInfo** attributes;
 };
 
-// The table getters and identity every test class shares; Derived::Tables() builds
+// Null-terminated tables, as generated code declares them.
+inline CTables MakeTables(CParentElementInfo* info, std::initializer_list<CElementInfo*> elements,
+                          std::initializer_list<CAttributeInfo*> attributes = {})
+{
+    CTables tables{info, new CElementInfo*[elements.size() + 1], new CAttributeInfo*[attributes.size() + 1]};
+    *std::copy(elements.begin(), elements.end(), tables.elements) = nullptr;
+    *std::copy(attributes.begin(), attributes.end(), tables.attributes) = nullptr;
+    return tables;
+}
+
+inline CParentElementInfo* Parent(XmlElementGroupType group, const char* name, int anyIndex = -1,
+                                  bool failOnUnknown = true, bool inHierarchy = false)
+{
+    return new CParentElementInfo(group, ElementType_Element, name, "urn:t", anyIndex, failOnUnknown, inHierarchy);
+}
+
+inline void Access(OrvexVariant& property, bool read, OrvexVariant& value)
+{
+    if (read) value = property;
+    else property = value;
+}
+
+// The table getters and identity every test class shares; Derived::Build() makes
 // the tables on first use.
 template <typename Derived>
 class CShape : public CXmlGeneratedClass
 {
 public:
+    static const CTables& Tables()
+    {
+        static const CTables tables = Derived::Build();
+        return tables;
+    }
     CXmlObjectBase* GetBase() override { return this; }
     std::string GetTargetNamespace() const override { return "urn:t"; }
     std::string GetNamespace() const override { return "urn:t"; }
-    CParentElementInfo* GetClassInfo() const override { return Derived::Tables().info; }
-    CElementInfo** GetClassElementInfo() const override { return Derived::Tables().elements; }
-    CAttributeInfo** GetClassAttributeInfo() const override { return Derived::Tables().attributes; }
+    CParentElementInfo* GetClassInfo() const override { return Tables().info; }
+    CElementInfo** GetClassElementInfo() const override { return Tables().elements; }
+    CAttributeInfo** GetClassAttributeInfo() const override { return Tables().attributes; }
     using CXmlGeneratedClass::CleanMetaData;
     using CXmlGeneratedClass::IsElementInList;
 };
@@ -72,7 +104,17 @@ class CChoiceColReader : public CElementInfoChoiceCol
 public:
     using CElementInfoChoiceCol::CElementInfoChoiceCol;
     bool ElementFromXml(const CXmlSerializationContext& context, CXmlGeneratedClass* owner, CXmlElement* parent,
-                        CXmlElement** current, const char*, XmlElementType) override;
+                        CXmlElement** current, const char*, XmlElementType) override
+    {
+        OrvexVariant value;
+        AccessProperty(owner, true, value);
+        CSmartPtr<CXmlCollectionBase> collection = value.GetXmlCollection();
+        CXmlElement* next = FromXml_Int(collection->GetBase(), parent, *current, context, false);
+        if (next == *current) return false;
+        *current = next;
+        collection->ValidateCount(context);
+        return true;
+    }
 };
 
 // <Tag code="i4 <= 100" k:kind="enum, required" x:..., y:... >text</Tag>
@@ -80,9 +122,31 @@ class CTag : public CShape<CTag>
 {
 public:
     CTag() { SetElementName("Tag"); Init(); }
-    static const CTables& Tables();
-    void AccessProperty(int propertyIndex, bool read, OrvexVariant& value) override;
-    void Init() override;
+    static CTables Build()
+    {
+        return MakeTables(Parent(ElementGroup_Sequence, "Tag", 3), {},
+                          {new CAttributeInfoPrimitive("code", "", 0, true, ItemType_i4, nullptr, Rule::Collapse,
+                                                       CPrimitiveRestrictions("", -1, -1, "", "100", "", "", -1)),
+                           new CAttributeInfoEnum("kind", "urn:k", 1, false, OrvexExamples::OrderStatusToString,
+                                                  OrvexExamples::OrderStatusFromString),
+                           new CAttributeInfoAny("AnyAttribute", "", 2, true, "urn:x urn:y", "urn:t")});
+    }
+    void AccessProperty(int propertyIndex, bool read, OrvexVariant& value) override
+    {
+        if (propertyIndex == 0) Access(code, read, value);
+        if (propertyIndex == 1 && read) value.SetI4(kind);
+        if (propertyIndex == 1 && !read) kind = value.GetI4();
+        if (propertyIndex == 2 && read) value.SetXmlCollection(extras);
+        if (propertyIndex == 3 && read) value.SetString(text);
+        if (propertyIndex == 3 && !read) text = value.GetString();
+    }
+    void Init() override
+    {
+        code.SetInvalid();
+        kind = 0;
+        extras = new CAttributeCol("", "urn:x urn:y", "urn:t");
+        text.clear();
+    }
 
     OrvexVariant code;  // invalid: absent
     int kind;
@@ -95,8 +159,13 @@ class CLooseTag : public CShape<CLooseTag>
 {
 public:
     CLooseTag() { SetElementName("Tag"); Init(); }
-    static const CTables& Tables();
-    void AccessProperty(int propertyIndex, bool read, OrvexVariant& value) override;
+    static CTables Build()
+    {
+        return MakeTables(
+            Parent(ElementGroup_Sequence, "Tag", -1, false), {},
+            {new CAttributeInfoPrimitive("code", "", 0, true, ItemType_i4, nullptr, Rule::Collapse, NoFacets())});
+    }
+    void AccessProperty(int index, bool read, OrvexVariant& value) override { if (!index) Access(code, read, value); }
     void Init() override { code.SetInvalid(); }
 
     OrvexVariant code;
@@ -108,8 +177,20 @@ class CGroup : public CShape<CGroup>
 {
 public:
     CGroup() { Init(); }
-    static const CTables& Tables();
-    void AccessProperty(int propertyIndex, bool read, OrvexVariant& value) override;
+    static CTables Build()
+    {
+        return MakeTables(
+            new CParentElementInfo(ElementGroup_Sequence, ElementType_Pseudo, "GroupType", "urn:t", -1, false, false),
+            {new CElementInfoSeqPrimMnd("A", "urn:t", 0, ItemType_string, nullptr, Rule::Preserve, NoFacets()),
+             new CElementInfoSeqPrimOpt("C", "urn:t", 1, ItemType_i4, nullptr, Rule::Collapse, NoFacets())},
+            {new CAttributeInfoPrimitive("pa", "", 2, true, ItemType_string, nullptr, Rule::Preserve, NoFacets())});
+    }
+    void AccessProperty(int propertyIndex, bool read, OrvexVariant& value) override
+    {
+        if (propertyIndex == 0 && read) value.SetString(a);
+        if (propertyIndex == 0 && !read) a = value.GetString();
+        if (propertyIndex > 0) Access(propertyIndex == 1 ? c : pa, read, value);
+    }
     void Init() override { a.clear(); c.SetInvalid(); pa.SetInvalid(); }
 
     std::string a;
@@ -123,8 +204,20 @@ class CHost : public CShape<CHost>
 {
 public:
     CHost() : group(new CGroup()) { SetElementName("Host"); Init(); }
-    static const CTables& Tables();
-    void AccessProperty(int propertyIndex, bool read, OrvexVariant& value) override;
+    static CTables Build()
+    {
+        return MakeTables(
+            Parent(ElementGroup_Sequence, "HostType", -1, false, true),
+            {new CElementInfoSeqClsMnd("Group", "urn:t", 1, ElementType_Pseudo, nullptr, 0, true),
+             new CElementInfoSeqPrimOpt("B", "urn:t", 2, ItemType_string, nullptr, Rule::Preserve, NoFacets())},
+            {new CAttributeInfoPrimitive("ha", "", 0, true, ItemType_string, nullptr, Rule::Preserve, NoFacets())});
+    }
+    void AccessProperty(int propertyIndex, bool read, OrvexVariant& value) override
+    {
+        if (propertyIndex == 1 && read) value.SetXmlObject(group);
+        if (propertyIndex == 1 && !read) group = dynamic_cast<CGroup*>(value.GetXmlObject().Get());
+        if (propertyIndex != 1) Access(propertyIndex == 0 ? ha : b, read, value);
+    }
     void Init() override { ha.SetInvalid(); b.SetInvalid(); group->Init(); }
     void Rename(const char* name) { SetElementName(name); }
 
@@ -143,8 +236,18 @@ public:
         SetElementName("Pick");
         Init();
     }
-    static const CTables& Tables();
-    void AccessProperty(int propertyIndex, bool read, OrvexVariant& value) override;
+    static CTables Build()
+    {
+        return MakeTables(Parent(ElementGroup_Choice, "Pick"),
+                          {new CChoicePrimReader("X", "urn:t", 0, ItemType_i4, nullptr, Rule::Collapse, NoFacets()),
+                           new CChoicePrimReader("Y", "urn:t", 1, ItemType_string, nullptr, Rule::Preserve, NoFacets()),
+                           new CChoiceColReader("Line", "urn:t", 2)});
+    }
+    void AccessProperty(int propertyIndex, bool read, OrvexVariant& value) override
+    {
+        if (propertyIndex < 2) Access(propertyIndex == 0 ? x : y, read, value);
+        if (propertyIndex == 2 && read) value.SetXmlCollection(lines);
+    }
     void Init() override { x.SetInvalid(); y.SetInvalid(); lines->Clear(); }
 
     OrvexVariant x, y;
@@ -156,8 +259,14 @@ class CBag : public CShape<CBag>
 {
 public:
     CBag() { SetElementName("Bag"); Init(); }
-    static const CTables& Tables();
-    void AccessProperty(int propertyIndex, bool read, OrvexVariant& value) override;
+    static CTables Build()
+    {
+        return MakeTables(
+            Parent(ElementGroup_All, "Bag"),
+            {new CAllPrimMndReader("P", "urn:t", 0, ItemType_i4, nullptr, Rule::Collapse, NoFacets()),
+             new CAllPrimOptReader("Q", "urn:t", 1, ItemType_string, nullptr, Rule::Preserve, NoFacets())});
+    }
+    void AccessProperty(int index, bool read, OrvexVariant& value) override { Access(index ? q : p, read, value); }
     void Init() override { p.SetInvalid(); q.SetInvalid(); }
 
     OrvexVariant p, q;
@@ -168,8 +277,13 @@ class CRun : public CShape<CRun>
 {
 public:
     CRun() { SetElementName("Run"); Init(); }
-    static const CTables& Tables();
-    void AccessProperty(int propertyIndex, bool read, OrvexVariant& value) override;
+    static CTables Build()
+    {
+        return MakeTables(Parent(ElementGroup_Sequence, "Run"),
+                          {new CTryPrimReader("a", "urn:t", 0, ItemType_i4, nullptr, Rule::Collapse, NoFacets()),
+                           new CTryPrimReader("b", "urn:t", 1, ItemType_i4, nullptr, Rule::Collapse, NoFacets())});
+    }
+    void AccessProperty(int index, bool read, OrvexVariant& value) override { Access(index ? b : a, read, value); }
     void Init() override { a.SetInvalid(); b.SetInvalid(); }
 
     OrvexVariant a, b;
@@ -180,245 +294,9 @@ class CBroken : public CShape<CBroken>
 {
 public:
     CBroken() { SetElementName("Broken"); }
-    static const CTables& Tables();
+    static CTables Build() { return MakeTables(Parent(static_cast<XmlElementGroupType>(7), "Broken"), {}); }
     void AccessProperty(int, bool, OrvexVariant&) override {}
     void Init() override {}
 };
-
-// ---------------------------------------------------------------------------
-
-inline bool CChoiceColReader::ElementFromXml(const CXmlSerializationContext& context, CXmlGeneratedClass* owner,
-                                             CXmlElement* parent, CXmlElement** current, const char*, XmlElementType)
-{
-    OrvexVariant value;
-    AccessProperty(owner, true, value);
-    CSmartPtr<CXmlCollectionBase> collection = value.GetXmlCollection();
-    CXmlElement* next = FromXml_Int(collection->GetBase(), parent, *current, context, false);
-    if (next == *current) return false;
-    *current = next;
-    collection->ValidateCount(context);
-    return true;
-}
-
-inline const CTables& CTag::Tables()
-{
-    static const CTables tables = {
-        new CParentElementInfo(ElementGroup_Sequence, ElementType_Element, "Tag", "urn:t", 3, true, false),
-        new CElementInfo* [1] { nullptr },
-        new CAttributeInfo* [4] {
-            new CAttributeInfoPrimitive("code", "", 0, true, ItemType_i4, nullptr, Rule::Collapse,
-                                        CPrimitiveRestrictions("", -1, -1, "", "100", "", "", -1)),
-            new CAttributeInfoEnum("kind", "urn:k", 1, false, OrvexExamples::OrderStatusToString,
-                                   OrvexExamples::OrderStatusFromString),
-            new CAttributeInfoAny("AnyAttribute", "", 2, true, "urn:x urn:y", "urn:t"),
-            nullptr
-        }
-    };
-    return tables;
-}
-
-inline void CTag::AccessProperty(int propertyIndex, bool read, OrvexVariant& value)
-{
-    switch (propertyIndex) {
-        case 0:
-            if (read) value = code;
-            else code = value;
-            break;
-        case 1:
-            if (read) value.SetI4(kind);
-            else kind = value.GetI4();
-            break;
-        case 2:
-            if (read) value.SetXmlCollection(extras);
-            break;
-        case 3:
-            if (read) value.SetString(text);
-            else text = value.GetString();
-            break;
-    }
-}
-
-inline void CTag::Init()
-{
-    code.SetInvalid();
-    kind = 0;
-    extras = new CAttributeCol("", "urn:x urn:y", "urn:t");
-    text.clear();
-}
-
-inline const CTables& CLooseTag::Tables()
-{
-    static const CTables tables = {
-        new CParentElementInfo(ElementGroup_Sequence, ElementType_Element, "Tag", "urn:t", -1, false, false),
-        new CElementInfo* [1] { nullptr },
-        new CAttributeInfo* [2] {
-            new CAttributeInfoPrimitive("code", "", 0, true, ItemType_i4, nullptr, Rule::Collapse, NoFacets()),
-            nullptr
-        }
-    };
-    return tables;
-}
-
-inline void CLooseTag::AccessProperty(int propertyIndex, bool read, OrvexVariant& value)
-{
-    if (propertyIndex != 0) return;
-    if (read) value = code;
-    else code = value;
-}
-
-inline const CTables& CGroup::Tables()
-{
-    static const CTables tables = {
-        new CParentElementInfo(ElementGroup_Sequence, ElementType_Pseudo, "GroupType", "urn:t", -1, false, false),
-        new CElementInfo* [3] {
-            new CElementInfoSeqPrimMnd("A", "urn:t", 0, ItemType_string, nullptr, Rule::Preserve, NoFacets()),
-            new CElementInfoSeqPrimOpt("C", "urn:t", 1, ItemType_i4, nullptr, Rule::Collapse, NoFacets()),
-            nullptr
-        },
-        new CAttributeInfo* [2] {
-            new CAttributeInfoPrimitive("pa", "", 2, true, ItemType_string, nullptr, Rule::Preserve, NoFacets()),
-            nullptr
-        }
-    };
-    return tables;
-}
-
-inline void CGroup::AccessProperty(int propertyIndex, bool read, OrvexVariant& value)
-{
-    switch (propertyIndex) {
-        case 0:
-            if (read) value.SetString(a);
-            else a = value.GetString();
-            break;
-        case 1:
-            if (read) value = c;
-            else c = value;
-            break;
-        case 2:
-            if (read) value = pa;
-            else pa = value;
-            break;
-    }
-}
-
-inline const CTables& CHost::Tables()
-{
-    static const CTables tables = {
-        new CParentElementInfo(ElementGroup_Sequence, ElementType_Element, "HostType", "urn:t", -1, false, true),
-        new CElementInfo* [3] {
-            new CElementInfoSeqClsMnd("Group", "urn:t", 1, ElementType_Pseudo, nullptr, 0, true),
-            new CElementInfoSeqPrimOpt("B", "urn:t", 2, ItemType_string, nullptr, Rule::Preserve, NoFacets()),
-            nullptr
-        },
-        new CAttributeInfo* [2] {
-            new CAttributeInfoPrimitive("ha", "", 0, true, ItemType_string, nullptr, Rule::Preserve, NoFacets()),
-            nullptr
-        }
-    };
-    return tables;
-}
-
-inline void CHost::AccessProperty(int propertyIndex, bool read, OrvexVariant& value)
-{
-    switch (propertyIndex) {
-        case 0:
-            if (read) value = ha;
-            else ha = value;
-            break;
-        case 1:
-            if (read) value.SetXmlObject(group);
-            else group = dynamic_cast<CGroup*>(value.GetXmlObject().Get());
-            break;
-        case 2:
-            if (read) value = b;
-            else b = value;
-            break;
-    }
-}
-
-inline const CTables& CPick::Tables()
-{
-    static const CTables tables = {
-        new CParentElementInfo(ElementGroup_Choice, ElementType_Element, "Pick", "urn:t", -1, true, false),
-        new CElementInfo* [4] {
-            new CChoicePrimReader("X", "urn:t", 0, ItemType_i4, nullptr, Rule::Collapse, NoFacets()),
-            new CChoicePrimReader("Y", "urn:t", 1, ItemType_string, nullptr, Rule::Preserve, NoFacets()),
-            new CChoiceColReader("Line", "urn:t", 2),
-            nullptr
-        },
-        new CAttributeInfo* [1] { nullptr }
-    };
-    return tables;
-}
-
-inline void CPick::AccessProperty(int propertyIndex, bool read, OrvexVariant& value)
-{
-    switch (propertyIndex) {
-        case 0:
-            if (read) value = x;
-            else x = value;
-            break;
-        case 1:
-            if (read) value = y;
-            else y = value;
-            break;
-        case 2:
-            if (read) value.SetXmlCollection(lines);
-            break;
-    }
-}
-
-inline const CTables& CBag::Tables()
-{
-    static const CTables tables = {
-        new CParentElementInfo(ElementGroup_All, ElementType_Element, "Bag", "urn:t", -1, true, false),
-        new CElementInfo* [3] {
-            new CAllPrimMndReader("P", "urn:t", 0, ItemType_i4, nullptr, Rule::Collapse, NoFacets()),
-            new CAllPrimOptReader("Q", "urn:t", 1, ItemType_string, nullptr, Rule::Preserve, NoFacets()),
-            nullptr
-        },
-        new CAttributeInfo* [1] { nullptr }
-    };
-    return tables;
-}
-
-inline void CBag::AccessProperty(int propertyIndex, bool read, OrvexVariant& value)
-{
-    OrvexVariant& property = propertyIndex == 0 ? p : q;
-    if (read) value = property;
-    else property = value;
-}
-
-inline const CTables& CRun::Tables()
-{
-    static const CTables tables = {
-        new CParentElementInfo(ElementGroup_Sequence, ElementType_Element, "Run", "urn:t", -1, true, false),
-        new CElementInfo* [3] {
-            new CTryPrimReader("a", "urn:t", 0, ItemType_i4, nullptr, Rule::Collapse, NoFacets()),
-            new CTryPrimReader("b", "urn:t", 1, ItemType_i4, nullptr, Rule::Collapse, NoFacets()),
-            nullptr
-        },
-        new CAttributeInfo* [1] { nullptr }
-    };
-    return tables;
-}
-
-inline void CRun::AccessProperty(int propertyIndex, bool read, OrvexVariant& value)
-{
-    OrvexVariant& property = propertyIndex == 0 ? a : b;
-    if (read) value = property;
-    else property = value;
-}
-
-inline const CTables& CBroken::Tables()
-{
-    static const CTables tables = {
-        new CParentElementInfo(static_cast<XmlElementGroupType>(7), ElementType_Element, "Broken", "urn:t", -1, true,
-                               false),
-        new CElementInfo* [1] { nullptr },
-        new CAttributeInfo* [1] { nullptr }
-    };
-    return tables;
-}
 
 }  // namespace OrvexTest

@@ -30,14 +30,7 @@ TEST(PropertyChecks, SelectElementAndCollectionChanged)
     // selected before, property, count (above 0: an object is given), selected
     // after each of the two operations ("!" = fails). Only an empty collection
     // differs from a null object: it selects nothing.
-    struct Case
-    {
-        const char* before;
-        const char* property;
-        std::int32_t count;
-        const char* afterSelect;
-        const char* afterCount;
-    } cases[] = {
+    struct Case { const char *before, *property; std::int32_t count; const char *afterSelect, *afterCount; } cases[] = {
         {"", "A", 0, "A", ""}, {"", "A", 2, "A", "A"},  {"A", "A", 1, "A", "A"},
         {"A", "A", 0, "", ""}, {"A", "B", 0, "A", "A"}, {"A", "B", 1, "!", "!"},
     };
@@ -74,51 +67,36 @@ TEST(PropertyChecks, ReadCollectionOnceThenCount)
     CXmlDocument document;
     document.LoadXml("<r xmlns=\"urn:t\"><T>a</T><T>b</T><Z/><T>c</T></r>");
     CXmlElement* parent = document.GetDocumentElement();
-    CSmartPtr<CTextCol> texts(new CTextCol("T", 0, 2));
     CXmlSerializationContext context;
     std::int32_t itemsRead = 0;
-    CXmlElement* current = parent->GetFirstElement()->GetNextSiblingElement()->GetNextSiblingElement();
-    // Nothing to take at Z: nothing moves, nothing is counted.
-    CChecks::Choice_Read_Collection(texts, parent, current, itemsRead, context);
-    EXPECT_EQ("Z", current->GetLocalName());
+    CXmlElement* current = nullptr;
+    // Reads texts from the index-th child on; gives the name of the element reached.
+    const auto read = [&](CTextCol* texts, int index) {
+        for (current = parent->GetFirstElement(); index > 0; --index) current = current->GetNextSiblingElement();
+        CChecks::Choice_Read_Collection(texts, parent, current, itemsRead, context);
+        return current->GetLocalName();
+    };
+    CSmartPtr<CTextCol> texts(new CTextCol("T", 0, 2));
+    EXPECT_EQ("Z", read(texts, 2));  // nothing to take: nothing moves, nothing is counted
     EXPECT_EQ(0, itemsRead);
-    current = parent->GetFirstElement();
-    CChecks::Choice_Read_Collection(texts, parent, current, itemsRead, context);
-    EXPECT_EQ("Z", current->GetLocalName());
+    EXPECT_EQ("Z", read(texts, 0));
     EXPECT_EQ(1, itemsRead);
     EXPECT_EQ(2, texts->GetCount());
     // Once read, later runs are left alone.
-    current = current->GetNextSiblingElement();
-    CChecks::Choice_Read_Collection(texts, parent, current, itemsRead, context);
-    EXPECT_EQ("T", current->GetLocalName());
+    EXPECT_EQ("T", read(texts, 3));
     EXPECT_EQ(2, texts->GetCount());
 
-    CSmartPtr<CTextCol> one(new CTextCol("T", 0, 1));
+    CSmartPtr<CTextCol> one(new CTextCol("T", 0, 1)), three(new CTextCol("T", 3, -1));
     itemsRead = 0;
-    current = parent->GetFirstElement();
     EXPECT_TRUE(ThrowsExactly<COrvexValidationException>(
-        [&] { CChecks::Choice_Read_Collection(one, parent, current, itemsRead, context); },
-        "The Maximum number of [T] elements allowed in this collection is 1"));
-}
-
-TEST(PropertyChecks, ReadCollectionMovesBeforeTheCountFails)
-{
-    CXmlDocument document;
-    document.LoadXml("<r xmlns=\"urn:t\"><T>a</T><Z/></r>");
-    CXmlElement* parent = document.GetDocumentElement();
-    CSmartPtr<CTextCol> texts(new CTextCol("T", 2, -1));
-    CXmlSerializationContext context;
-    std::int32_t itemsRead = 0;
-    CXmlElement* current = parent->GetFirstElement();
+        [&] { read(one, 0); }, "The Maximum number of [T] elements allowed in this collection is 1"));
     EXPECT_TRUE(ThrowsExactly<COrvexValidationException>(
-        [&] { CChecks::Choice_Read_Collection(texts, parent, current, itemsRead, context); },
-        "The Minimum number of [T] elements allowed in this collection is 2"));
+        [&] { read(three, 0); }, "The Minimum number of [T] elements allowed in this collection is 3"));
     // The position has moved past the run before the count is tested.
     EXPECT_EQ("Z", current->GetLocalName());
     EXPECT_EQ(0, itemsRead);
     context.SetIgnoreInvalidCollectionCounts(true);
-    texts->Clear();
-    current = parent->GetFirstElement();
-    CChecks::Choice_Read_Collection(texts, parent, current, itemsRead, context);
+    three->Clear();
+    EXPECT_EQ("Z", read(three, 0));
     EXPECT_EQ(1, itemsRead);
 }

@@ -33,17 +33,13 @@ std::string ChainOf(Fn&& fn, const std::type_info** innermost = nullptr)
 
 }  // namespace
 
+// The round trips below compare the whole written text, so they check what was read too.
 TEST(GeneratedClassAttributes, AllThreeKindsReadAndWriteBack)
 {
     CSmartPtr<CTag> tag(new CTag());
     tag->FromXml((std::string(kTagHead) +
                   "code=' 7 ' k:kind='closed' x:a='1' y:b='2' xsi:type='t:Tag' xsi:schemaLocation='s'>hi</t:Tag>")
                      .c_str());
-    EXPECT_EQ(7, tag->code.GetI4());
-    EXPECT_EQ(OrvexExamples::OrderStatus_Closed, tag->kind);
-    ASSERT_EQ(2, tag->extras->GetCount());
-    EXPECT_EQ("urn:y", tag->extras->Item(1)->GetNamespace());
-    EXPECT_EQ("hi", tag->text);
     EXPECT_EQ(
         "<AA:Tag xmlns:AA=\"urn:t\" code=\"7\" xmlns:AB=\"urn:k\" AB:kind=\"closed\" xmlns:AC=\"urn:x\" "
         "AC:a=\"1\" xmlns:AD=\"urn:y\" AD:b=\"2\">hi</AA:Tag>",
@@ -52,17 +48,14 @@ TEST(GeneratedClassAttributes, AllThreeKindsReadAndWriteBack)
     // Reading again starts from Init: the optional attribute is gone, the wildcard
     // collection holds only the new attributes.
     tag->FromXml((std::string(kTagHead) + "k:kind='open'/>").c_str());
-    EXPECT_FALSE(tag->code.IsValid());
-    EXPECT_EQ(0, tag->extras->GetCount());
     EXPECT_EQ("<AA:Tag xmlns:AA=\"urn:t\" xmlns:AB=\"urn:k\" AB:kind=\"open\"/>", tag->ToXml(false, false));
 }
 
 TEST(GeneratedClassAttributes, BadAttributesFailWithTheirOwnTextUnderTheElementLine)
 {
     struct Case { const char* attributes; const char* chain; } withWildcard[] = {
-        {"code='1'", "Failed to process the element [Tag] / Failed to find the required Attribute [kind]"},
+        // Unqualified, kind is not the required k:kind.
         {"kind='open'", "Failed to process the element [Tag] / Failed to find the required Attribute [kind]"},
-        {"k:kind='open' code='x1'", "Failed to process the element [Tag] / The value [x1] can not be converted to a i4"},
         // An attribute in a namespace goes to the wildcard, which refuses it by its
         // constraint before the unknown-attribute rule is reached.
         {"k:kind='open' t:c='1'", "Failed to process the element [Tag] / Invalid namespace [urn:t]. The namespace "
@@ -71,7 +64,6 @@ TEST(GeneratedClassAttributes, BadAttributesFailWithTheirOwnTextUnderTheElementL
          "Failed to process the element [Tag] / Invalid namespace [http://www.w3.org/2001/XMLSchema-instance]. The "
          "namespace must be one of [urn:x urn:y] where the target namespace is [urn:t]"},
     }, withoutWildcard[] = {
-        {"bogus='1'", "Failed to process the element [Bag] / Unexpected Attribute [bogus] found."},
         {"xsi:nil='true'", "Failed to process the element [Bag] / Unexpected Attribute [nil] found."},
         {"xml:lang='en'", "Failed to process the element [Bag] / Unexpected Attribute [lang] found."},
         {"xsi:type='t:Bag' xsi:noNamespaceSchemaLocation='n' xmlns:q='urn:q'", "no failure"},
@@ -81,6 +73,7 @@ TEST(GeneratedClassAttributes, BadAttributesFailWithTheirOwnTextUnderTheElementL
         const std::string xml = std::string(kTagHead) + c.attributes + "/>";
         const std::type_info* innermost = nullptr;
         EXPECT_EQ(c.chain, ChainOf([&] { tag->FromXml(xml.c_str()); }, &innermost)) << c.attributes;
+        // The wrapped cause keeps its most derived class.
         if (std::string(c.attributes).find("t:c") != std::string::npos) {
             EXPECT_EQ(typeid(COrvexInvalidNamespaceException), *innermost);
         }
@@ -94,17 +87,9 @@ TEST(GeneratedClassAttributes, BadAttributesFailWithTheirOwnTextUnderTheElementL
     }
 }
 
-TEST(GeneratedClassAttributes, UnknownAttributesIgnoredByTheContextOrDroppedByTheClass)
+// The context's IgnoreUnknownAttributes is driven end to end by the purchase order test.
+TEST(GeneratedClassAttributes, UnknownAttributesDroppedByTheClass)
 {
-    CXmlSerializationContext lenient;
-    lenient.SetIgnoreUnknownAttributes(true);
-    CSmartPtr<CBag> bag(new CBag());
-    bag->FromXml(
-        "<Bag xmlns='urn:t' xmlns:xsi='http://www.w3.org/2001/XMLSchema-instance' bogus='1' xsi:nil='1'>"
-        "<P>5</P></Bag>",
-        lenient);
-    EXPECT_EQ(5, bag->p.GetI4());
-
     // A primitive attribute needs its namespace even when namespaces are ignored;
     // the class's own flag drops what nobody takes, whatever the context says.
     CXmlSerializationContext loose;
@@ -146,24 +131,16 @@ class CWild : public CShape<CWild>
 {
 public:
     CWild() : extras(new CAttributeCol("", "##any", "urn:t")), other(new CBag()) { SetElementName("Wild"); Init(); }
-    static const CTables& Tables()
+    static CTables Build()
     {
-        static const CTables tables = {
-            new CParentElementInfo(ElementGroup_Sequence, ElementType_Element, "Wild", "urn:t", -1, true, false),
-            new CElementInfo* [1] { nullptr },
-            new CAttributeInfo* [3] {
-                new CAttributeInfoAny("AnyAttribute", "", 1, false, "##any", "urn:t"),
-                new CAttributeInfoPrimitive("m", "", 0, false, ItemType_i4, nullptr, Rule::Collapse,
-                                            CPrimitiveRestrictions("", -1, -1, "", "5", "", "", -1)),
-                nullptr
-            }
-        };
-        return tables;
+        return MakeTables(Parent(ElementGroup_Sequence, "Wild"), {},
+                          {new CAttributeInfoAny("AnyAttribute", "", 1, false, "##any", "urn:t"),
+                           new CAttributeInfoPrimitive("m", "", 0, false, ItemType_i4, nullptr, Rule::Collapse,
+                                                       CPrimitiveRestrictions("", -1, -1, "", "5", "", "", -1))});
     }
     void AccessProperty(int propertyIndex, bool read, OrvexVariant& value) override
     {
-        if (propertyIndex == 0 && read) value = m;
-        else if (propertyIndex == 0) m = value;
+        if (propertyIndex == 0) Access(m, read, value);
         else if (read && holdsBag) value.SetXmlObject(other);
         else if (read) value.SetXmlCollection(extras);
     }
@@ -216,10 +193,6 @@ TEST(GeneratedClassPseudo, PseudoChildReadsInPlaceAndWritesIntoTheHostTag)
 {
     CSmartPtr<CHost> host(new CHost());
     host->FromXml("<Item xmlns='urn:t' pa='2' ha='1'><A>a</A><C>3</C><B>b</B></Item>");
-    EXPECT_EQ("a", host->group->a);
-    EXPECT_EQ(3, host->group->c.GetI4());
-    EXPECT_EQ("2", host->group->pa.GetString());
-    EXPECT_EQ("b", host->b.GetString());
     // Named otherwise than its type, the host tells its type; the pseudo child's
     // attribute follows the host's own ones.
     EXPECT_EQ(
@@ -248,14 +221,9 @@ TEST(GeneratedClassSequence, DecliningMemberStopsQuietlyOrSkipsUnknownElements)
     skipping.SetIgnoreUnknownElements(true);
     run->FromXml("<Run xmlns='urn:t'><a>1</a><x/><y/><b>2</b><z/></Run>", skipping);
     EXPECT_EQ(2, run->b.GetI4());
-
-    EXPECT_EQ(
-        "Failed to process the element [Run] / Failed read all the elements held within the element [Run]. "
-        "The unexpected element [z] remains un processed",
-        ChainOf([&] { run->FromXml("<Run xmlns='urn:t'><a>1</a><b>2</b><z/></Run>"); }));
 }
 
-TEST(GeneratedClassChoice, EmptyChoiceFailsBothWaysUnlessAllowed)
+TEST(GeneratedClassChoice, EmptyChoiceFailsBothWaysUnlessALineMayBeAbsent)
 {
     const std::string noChild =
         "Failed to process the element [Pick] / No child elements within the element [Pick] were populated. The "
@@ -267,11 +235,6 @@ TEST(GeneratedClassChoice, EmptyChoiceFailsBothWaysUnlessAllowed)
     CSmartPtr<CPick> pick(new CPick());
     EXPECT_EQ(noChild, ChainOf([&] { pick->FromXml("<Pick xmlns='urn:t'/>"); }));
     EXPECT_EQ(noneSet, ChainOf([&] { pick->ToXml(); }));
-
-    CXmlSerializationContext lenient;
-    lenient.SetIgnoreMissingChoice(true);
-    EXPECT_NO_THROW(pick->FromXml("<Pick xmlns='urn:t'/>", lenient));
-    EXPECT_EQ("<AA:Pick xmlns:AA=\"urn:t\"/>", pick->ToXml(false, false, EOL_LF, lenient));
 
     // An alternative that may repeat zero times makes the empty choice legal.
     CSmartPtr<CPick> open(new CPick(0));
@@ -299,27 +262,13 @@ TEST(GeneratedClassChoice, FirstAlternativeWinsAndLeftoversFail)
     EXPECT_FALSE(pick->y.IsValid());
 }
 
-TEST(GeneratedClassAll, AnyOrderAndMissingMandatoryFailsAtTheEnd)
+// The all-group walk's failures and options are driven end to end by the settings
+// tests and against plain passes by the all-walk test of the descriptors.
+TEST(GeneratedClassAll, AnyOrderReadWrittenInDeclaredOrder)
 {
     CSmartPtr<CBag> bag(new CBag());
     bag->FromXml("<Bag xmlns='urn:t'><Q>q</Q><P>4</P></Bag>");
-    EXPECT_EQ(4, bag->p.GetI4());
-    EXPECT_EQ("q", bag->q.GetString());
     EXPECT_EQ("<AA:Bag xmlns:AA=\"urn:t\"><AA:P>4</AA:P><AA:Q>q</AA:Q></AA:Bag>", bag->ToXml(false, false));
-
-    EXPECT_EQ("Failed to process the element [Bag] / Failed to find the mandatory element [P]",
-              ChainOf([&] { bag->FromXml("<Bag xmlns='urn:t'><Q>q</Q></Bag>"); }));
-    EXPECT_EQ(
-        "Failed to process the element [Bag] / Failed read all the elements held within the element [Bag]. "
-        "The unexpected element [Q] remains un processed",
-        ChainOf([&] { bag->FromXml("<Bag xmlns='urn:t'><P>1</P><Q>q</Q><Q>r</Q></Bag>"); }));
-
-    // An unknown element ends the walk: what stands behind it stays unread.
-    CXmlSerializationContext skipping;
-    skipping.SetIgnoreUnknownElements(true);
-    bag->FromXml("<Bag xmlns='urn:t'><P>1</P><u/><Q>q</Q></Bag>", skipping);
-    EXPECT_EQ(1, bag->p.GetI4());
-    EXPECT_FALSE(bag->q.IsValid());
 }
 
 TEST(GeneratedClassGroups, UnknownGroupTypeFailsEachWay)
@@ -331,17 +280,20 @@ TEST(GeneratedClassGroups, UnknownGroupTypeFailsEachWay)
               ChainOf([&] { broken->ToXml(); }));
 }
 
+// Each descriptor matches by local name, and by namespace unless namespaces are ignored.
 TEST(GeneratedClassTables, ElementListFollowsTheNamespaceOption)
 {
     CSmartPtr<CPick> pick(new CPick());
     CXmlDocument doc;
-    doc.LoadXml("<r><Y/><y/></r>");
-    CXmlElement* upper = doc.GetDocumentElement()->GetFirstElement();
-    CXmlSerializationContext loose;
+    doc.LoadXml("<r xmlns:q='urn:q'><Y xmlns='urn:t'/><q:Y/><y xmlns='urn:t'/></r>");
+    CXmlElement* exact = doc.GetDocumentElement()->GetFirstElement();
+    CXmlElement* foreign = exact->GetNextSiblingElement();
+    CXmlSerializationContext strict, loose;
     loose.SetIgnoreNamespaces(true);
-    EXPECT_FALSE(pick->IsElementInList(CXmlSerializationContext(), upper));
-    EXPECT_TRUE(pick->IsElementInList(loose, upper));
-    EXPECT_FALSE(pick->IsElementInList(loose, upper->GetNextSiblingElement()));
+    EXPECT_TRUE(pick->IsElementInList(strict, exact));
+    EXPECT_FALSE(pick->IsElementInList(strict, foreign));
+    EXPECT_TRUE(pick->IsElementInList(loose, foreign));
+    EXPECT_FALSE(pick->IsElementInList(loose, foreign->GetNextSiblingElement()));
     EXPECT_FALSE(pick->IsElementInList(loose, nullptr));
 }
 
@@ -351,11 +303,7 @@ namespace {
 class CCountedTag : public CTag
 {
 public:
-    void Init() override
-    {
-        ++inits;
-        CTag::Init();
-    }
+    void Init() override { ++inits; CTag::Init(); }
     static CXmlElement* Read(CXmlObjectBase* object, CXmlElement* element, bool justMade)
     {
         const CXmlSerializationContext& context = CXmlSerializationContext::GetDefaultContext();

@@ -3,81 +3,35 @@
 // child, a choice child, a text collection, and the factories for them.
 #pragma once
 
-#include <initializer_list>
 #include <string>
 #include <vector>
 
-#include "orvexxml/OrvexXmlLib5.h"
-#include "orvexxml/OrvexXmlLib5Data.h"
+#include <gtest/gtest.h>
+
+#include "../frame/BindingShapes.h"
 
 namespace OrvexTest {
 
-using namespace OrvexXmlLib5;
-using namespace OrvexXmlLib5Data;
-using Rule = CWhitespaceUtils::WhitespaceRule;
-
-inline CPrimitiveRestrictions Unrestricted()
+// The tables of one fixture class; attributes are never read here.
+inline CTables FixtureTables(XmlElementGroupType group, XmlElementType type, const char* name,
+                             std::initializer_list<CElementInfo*> members)
 {
-    return CPrimitiveRestrictions("", -1, -1, "", "", "", "", -1);
+    return MakeTables(new CParentElementInfo(group, type, name, "urn:t", -1, false, false), members);
 }
 
-// The tables of one fixture class, built once and released at exit.
-struct CFixtureTables : private CXmlGeneratedClass
-{
-    CFixtureTables(XmlElementGroupType group, XmlElementType type, const char* name,
-                   std::initializer_list<CElementInfo*> members)
-        : info(new CParentElementInfo(group, type, name, "urn:t", -1, false, false)),
-          elements(new CElementInfo*[members.size() + 1]),
-          attributes(new CAttributeInfo* [1] { nullptr })
-    {
-        std::size_t i = 0;
-        for (CElementInfo* member : members) elements[i++] = member;
-        elements[i] = nullptr;
-    }
-    ~CFixtureTables() override { CleanMetaData(info, elements, attributes); }
-
-    CParentElementInfo* info;
-    CElementInfo** elements;
-    CAttributeInfo** attributes;
-
-private:
-    CXmlObjectBase* GetBase() override { return this; }
-    std::string GetTargetNamespace() const override { return ""; }
-    std::string GetNamespace() const override { return ""; }
-    void AccessProperty(int, bool, OrvexVariant&) override {}
-    CParentElementInfo* GetClassInfo() const override { return info; }
-    CElementInfo** GetClassElementInfo() const override { return elements; }
-    CAttributeInfo** GetClassAttributeInfo() const override { return attributes; }
-    void Init() override {}
-};
-
-// Identity and table getters; Derived::Tables() holds the tables. Every property
-// is a variant of props; stores counts the writes, so a test sees whether a
-// descriptor stored at all.
+// Every property is a variant of props; stores counts the writes, so a test sees
+// whether a descriptor stored at all.
 template <typename Derived>
-class CFixture : public CXmlGeneratedClass
+class CFixture : public CShape<Derived>
 {
 public:
-    explicit CFixture(const char* name, std::size_t count = 2) : props(count) { SetElementName(name); }
-    CXmlObjectBase* GetBase() override { return this; }
-    std::string GetTargetNamespace() const override { return "urn:t"; }
-    std::string GetNamespace() const override { return "urn:t"; }
-    CParentElementInfo* GetClassInfo() const override { return Derived::Tables().info; }
-    CElementInfo** GetClassElementInfo() const override { return Derived::Tables().elements; }
-    CAttributeInfo** GetClassAttributeInfo() const override { return Derived::Tables().attributes; }
+    explicit CFixture(const char* name, std::size_t count = 2) : props(count) { this->SetElementName(name); }
     void AccessProperty(int index, bool read, OrvexVariant& value) override
     {
-        if (read) {
-            value = props.at(index);
-        } else {
-            props.at(index) = value;
-            ++stores;
-        }
+        stores += read ? 0 : 1;
+        Access(props.at(index), read, value);
     }
-    void Init() override
-    {
-        for (OrvexVariant& prop : props) prop.SetInvalid();
-    }
+    void Init() override { for (OrvexVariant& prop : props) prop.SetInvalid(); }
     std::string Text(int index) const { return props.at(index).GetString(); }
 
     std::vector<OrvexVariant> props;
@@ -89,11 +43,7 @@ class CSlots : public CFixture<CSlots>
 {
 public:
     CSlots() : CFixture("Slots", 4) {}
-    static const CFixtureTables& Tables()
-    {
-        static const CFixtureTables tables(ElementGroup_Sequence, ElementType_Element, "Slots", {});
-        return tables;
-    }
+    static CTables Build() { return FixtureTables(ElementGroup_Sequence, ElementType_Element, "Slots", {}); }
 };
 
 // A pseudo child: its members A and B stand among the owner's children.
@@ -101,13 +51,12 @@ class CPair : public CFixture<CPair>
 {
 public:
     CPair() : CFixture("Pair") {}
-    static const CFixtureTables& Tables()
+    static CTables Build()
     {
-        static const CFixtureTables tables(
+        return FixtureTables(
             ElementGroup_Sequence, ElementType_Pseudo, "Pair",
-            {new CElementInfoSeqPrimMnd("A", "urn:t", 0, ItemType_string, nullptr, Rule::Preserve, Unrestricted()),
-             new CElementInfoSeqPrimMnd("B", "urn:t", 1, ItemType_string, nullptr, Rule::Preserve, Unrestricted())});
-        return tables;
+            {new CElementInfoSeqPrimMnd("A", "urn:t", 0, ItemType_string, nullptr, Rule::Preserve, NoFacets()),
+             new CElementInfoSeqPrimMnd("B", "urn:t", 1, ItemType_string, nullptr, Rule::Preserve, NoFacets())});
     }
 };
 
@@ -116,12 +65,11 @@ class CLeaf : public CFixture<CLeaf>
 {
 public:
     explicit CLeaf(const char* name = "Leaf") : CFixture(name, 1) {}
-    static const CFixtureTables& Tables()
+    static CTables Build()
     {
-        static const CFixtureTables tables(
+        return FixtureTables(
             ElementGroup_Sequence, ElementType_Element, "Leaf",
-            {new CElementInfoSeqPrimOpt("V", "urn:t", 0, ItemType_i4, nullptr, Rule::Collapse, Unrestricted())});
-        return tables;
+            {new CElementInfoSeqPrimOpt("V", "urn:t", 0, ItemType_i4, nullptr, Rule::Collapse, NoFacets())});
     }
 };
 
@@ -130,12 +78,11 @@ class CPick1 : public CFixture<CPick1>
 {
 public:
     CPick1() : CFixture("Pick", 1) {}
-    static const CFixtureTables& Tables()
+    static CTables Build()
     {
-        static const CFixtureTables tables(
+        return FixtureTables(
             ElementGroup_Choice, ElementType_Element, "Pick",
-            {new CElementInfoChoicePrimOpt("X", "urn:t", 0, ItemType_i4, nullptr, Rule::Collapse, Unrestricted())});
-        return tables;
+            {new CElementInfoChoicePrimOpt("X", "urn:t", 0, ItemType_i4, nullptr, Rule::Collapse, NoFacets())});
     }
 };
 
@@ -145,9 +92,7 @@ class CTextCol : public CXmlTypeCollection
 public:
     CTextCol(const char* name, int minOccurs, int maxOccurs)
         : CXmlTypeCollection(ItemType_string, name, "urn:t", minOccurs, maxOccurs, "", -1, -1, "", "", "", "", -1,
-                             Rule::Preserve, nullptr)
-    {
-    }
+                             Rule::Preserve, nullptr) {}
     void AddFromString(std::string text) override { items.push_back(text); }
     int GetCount() const override { return static_cast<int>(items.size()); }
     void Clear() override { items.clear(); }
@@ -175,10 +120,7 @@ inline CSmartPtr<CXmlObjectBase> MakeLeaf(int, const char* name)
     ++FactoryCalls();
     return CSmartPtr<CXmlObjectBase>(new CLeaf(name));
 }
-inline CSmartPtr<CXmlObjectBase> MakePick(int, const char*)
-{
-    return CSmartPtr<CXmlObjectBase>(new CPick1());
-}
+inline CSmartPtr<CXmlObjectBase> MakePick(int, const char*) { return CSmartPtr<CXmlObjectBase>(new CPick1()); }
 // A leaf only for an element that says kind="leaf"; null otherwise.
 inline CSmartPtr<CXmlObjectBase> LeafByKind(CXmlElement* element)
 {
@@ -186,14 +128,8 @@ inline CSmartPtr<CXmlObjectBase> LeafByKind(CXmlElement* element)
     return CSmartPtr<CXmlObjectBase>(new CLeaf(element->GetLocalName().c_str()));
 }
 
-inline const char* NumberToString(int value)
-{
-    return value == 1 ? "one" : "other";
-}
-inline int NumberFromString(const char* text)
-{
-    return std::string(text) == "one" ? 1 : 0;
-}
+inline const char* NumberToString(int value) { return value == 1 ? "one" : "other"; }
+inline int NumberFromString(const char* text) { return std::string(text) == "one" ? 1 : 0; }
 
 // "true@X" or "false@X": the result of one ElementFromXml on the children of
 // <r xmlns="urn:t">content</r>, and the local name of the element reached ("-": none).
@@ -206,6 +142,48 @@ inline std::string Step(CElementInfo& descriptor, CSlots& owner, const std::stri
     CXmlElement* current = parent->GetFirstElement();
     const bool result = descriptor.ElementFromXml(context, &owner, parent, &current, "urn:t", parentType);
     return (result ? "true@" : "false@") + (current ? current->GetLocalName() : std::string("-"));
+}
+
+// Step's result, or the message of the outermost failure.
+inline std::string Outcome(CElementInfo& descriptor, CSlots& owner, const std::string& content,
+                           XmlElementType parentType,
+                           const CXmlSerializationContext& context = CXmlSerializationContext())
+{
+    try {
+        return Step(descriptor, owner, content, parentType, context);
+    } catch (const COrvexException& e) {
+        return e.GetMessage();
+    }
+}
+
+// The owner kinds and the context options, short for the rows of one-call tables.
+constexpr XmlElementType E = ElementType_Element, P = ElementType_Pseudo;
+enum { kStrict = 0, kSkip = 1, kNoNamespaces = 2, kForgive = 4, kAnyCount = 8 };
+
+inline CXmlSerializationContext Context(int options)
+{
+    CXmlSerializationContext context;
+    context.SetIgnoreUnknownElements(options & kSkip);
+    context.SetIgnoreNamespaces(options & kNoNamespaces);
+    context.SetIgnoreMissingMandatoryElements(options & kForgive);
+    context.SetIgnoreInvalidCollectionCounts(options & kAnyCount);
+    return context;
+}
+
+// One call: the owner's children, the owner's kind, the options, and the Outcome.
+struct CRow
+{
+    const char* content;
+    XmlElementType parentType;
+    int options;
+    const char* outcome;
+};
+
+inline void ExpectRows(CElementInfo& member, CSlots& owner, std::initializer_list<CRow> rows)
+{
+    for (const CRow& r : rows)
+        EXPECT_EQ(r.outcome, Outcome(member, owner, r.content, r.parentType, Context(r.options)))
+            << r.content << (r.parentType == P ? " (pseudo owner)" : "") << " options " << r.options;
 }
 
 // The message of the outermost failure of fn, or "no failure".
