@@ -218,10 +218,12 @@ TEST(XmlTextWriterSimpleElement, OneCallWritesWhatTheThreeCallsWrite)
         "<r|@x=1|*a=t|$s|>",
     };
     for (const char* script : scripts)
-        for (bool formatted : {false, true})
+        for (bool formatted : {false, true}) {
+            ASSERT_EQ(ExpandSimpleElements(script).find('*'), std::string::npos) << script;
             for (EOLType eol : {EOL_LF, EOL_CRLF})
                 EXPECT_EQ(WriteScript(ExpandSimpleElements(script), formatted, eol), WriteScript(script, formatted, eol))
                     << script << (formatted ? " formatted" : "") << (eol == EOL_CRLF ? " CRLF" : "");
+        }
 
     // Without an open element it is the root, with its declaration.
     CXmlTextWriter alone;
@@ -239,10 +241,7 @@ TEST(XmlTextWriterBytes, EncodingsGiveUtf8OrUtf16WithoutMark)
 {
     CXmlTextWriter writer;
     writer.SetFormatted(false);
-    writer.WriteStartDocument(Encoding_UTF16);
-    writer.WriteStartElement("caf\xC3\xA9", "");
-    writer.WriteText("\xF0\x9F\x98\x80");
-    writer.WriteEndElement();
+    OrvexTest::RunWriterScript(writer, "D2|<caf\xC3\xA9|#\xF0\x9F\x98\x80|>");
     const std::string text = "<?xml version=\"1.0\" encoding=\"UTF-16\"?>\n<caf\xC3\xA9>\xF0\x9F\x98\x80</caf\xC3\xA9>";
     std::string utf16;
     for (char16_t unit : std::u16string(u"<?xml version=\"1.0\" encoding=\"UTF-16\"?>\n<caf\u00E9>\U0001F600</caf\u00E9>"))
