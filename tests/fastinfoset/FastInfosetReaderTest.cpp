@@ -90,12 +90,11 @@ Bytes TableDocument(Table table, std::uint32_t entries, std::uint32_t reference)
     switch (table) {
     case Table::Prefix:
         return WithVocabulary(entries > 1 ? 0x02 : 0, 0, entries > 1 ? Strings(entries - 1, false) : Bytes()) +
-               Octets({0x38, 0xCF}) +
-               IdentifierIndex(reference) + Identifier("urn:p") + Octets({0xF0, 0x3C}) + Identifier("r") + end;
+               Octets({0x38, 0xCF}) + IdentifierIndex(reference) + Identifier("urn:p") + Octets({0xF0, 0x3C}) +
+               Identifier("r") + end;
     case Table::Namespace:
         return WithVocabulary(entries > 1 ? 0x01 : 0, 0, entries > 1 ? Strings(entries - 1, false) : Bytes()) +
-               Octets({0x3D}) + IdentifierIndex(reference) +
-               Identifier("r") + end;
+               Octets({0x3D}) + IdentifierIndex(reference) + Identifier("r") + end;
     case Table::LocalName:
         return WithVocabulary(0, 0x80, Strings(entries, false)) + Octets({0x3C}) + IdentifierIndex(reference) + end;
     case Table::ElementName:

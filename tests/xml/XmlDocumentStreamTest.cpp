@@ -7,6 +7,7 @@
 #include <cstring>
 #include <fstream>
 #include <string>
+#include <tuple>
 
 #include "TestUtil.h"
 #include "orvexxml/frame/OrvexException.h"
@@ -64,12 +65,7 @@ std::string LoadStream(const std::string& bytes, std::uint64_t limit = CXmlSeria
 TEST(XmlDocumentStream, EachFormTakesItsRouteWithNoOptionSet)
 {
     const std::string gzip = Gzip("<b/>");
-    const struct
-    {
-        const char* what;
-        std::string bytes;
-        std::string result;
-    } cases[] = {
+    const std::tuple<const char*, std::string, std::string> cases[] = {  // what, bytes, root's name or failure
         {"plain text", "<a>x</a>", "a"},
         {"gzip", gzip, "b"},
         {"zlib", Zlib("<c>text</c>"), "c"},
@@ -96,7 +92,7 @@ TEST(XmlDocumentStream, EachFormTakesItsRouteWithNoOptionSet)
          "XML declaration not well-formed at line 1"},
         {"identification alone", FiStart.substr(0, 4), "Invalid or empty XML document"},
     };
-    for (const auto& c : cases) EXPECT_EQ(c.result, LoadStream(c.bytes)) << c.what;
+    for (const auto& [what, bytes, result] : cases) EXPECT_EQ(result, LoadStream(bytes)) << what;
     // Text given as a string is never taken for Fast Infoset.
     CXmlDocument document;
     EXPECT_THROW_MSG(document.LoadXml("<?xml version='1.0' encoding='finf'?>\xE0\x01\x01\x01<a/>"), COrvexException,
@@ -127,10 +123,7 @@ TEST(XmlDocumentStream, InflatedSizeIsBoundedByTheLimit)
 TEST(XmlDocumentStream, FilesLoadWholeAndFailuresCarryTheErrorNumber)
 {
     const std::string path = OrvexTest::TempPath("document-stream.xml.gz");
-    {
-        std::ofstream out(path, std::ios::binary);
-        out << Gzip("<root><child/></root>");
-    }
+    std::ofstream(path, std::ios::binary) << Gzip("<root><child/></root>");
     CXmlDocument document;
     document.Load(path.c_str());
     EXPECT_EQ("child", document.GetDocumentElement()->GetFirstElement()->GetLocalName());
@@ -144,18 +137,14 @@ TEST(XmlDocumentStream, FilesLoadWholeAndFailuresCarryTheErrorNumber)
     const std::string empty = OrvexTest::TempPath("document-stream-empty.xml");
     std::ofstream(empty).close();
     const std::string missing = OrvexTest::TempPath("document-stream-missing.xml");
-    const struct
-    {
-        std::string file;
-        std::string message;
-    } failures[] = {
+    const std::pair<std::string, std::string> failures[] = {
         {missing, "Failed to open the file [" + missing + "] Error [0x00000002]"},
         {OrvexTest::TempPath("."), "Failed to read the contents of the file [" + OrvexTest::TempPath(".") +
                                        "] Error [0x00000015]"},
         {empty, "Invalid or empty XML document"},
     };
-    for (const auto& f : failures) {
-        EXPECT_THROW_MSG(document.Load(f.file.c_str()), COrvexException, f.message);
+    for (const auto& [file, message] : failures) {
+        EXPECT_THROW_MSG(document.Load(file.c_str()), COrvexException, message);
         EXPECT_EQ(nullptr, document.GetDocumentElement());
     }
     EXPECT_THROW_MSG(document.LoadXmlStream(nullptr, 5), COrvexException, "XML Stream is empty!");
