@@ -15,6 +15,7 @@ TEST(NamespaceAliasMap, OneAliasPerNamespaceAndSharedOrEmptyAliasesAreRefused)
     EXPECT_EQ(1, map.GetNamespaceCount());
     EXPECT_EQ("b", map.GetAliasFromNamespace("urn:1"));
     EXPECT_FALSE(map.DoesAliasExist("a"));
+    EXPECT_TRUE(map.DoesAliasExist("b"));
     map.Add("a", "urn:2");
     EXPECT_THROW_MSG(map.Add("a", "urn:1"), COrvexInvalidParamException,
                      "The namespace alias [a] is already used for [urn:2]");

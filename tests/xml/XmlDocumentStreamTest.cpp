@@ -118,6 +118,7 @@ TEST(XmlDocumentStream, InflatedSizeIsBoundedByTheLimit)
     EXPECT_EQ("The inflated input is larger than the limit of [1048576] bytes set in the serialization context.",
               LoadStream(bomb, 1 << 20));
     EXPECT_EQ(256u << 20, CXmlDocument().GetMaxInflatedSize());
+    EXPECT_EQ(256u << 20, CXmlSerializationContext().GetMaxInflatedSize());
 }
 
 TEST(XmlDocumentStream, FilesLoadWholeAndFailuresCarryTheErrorNumber)
