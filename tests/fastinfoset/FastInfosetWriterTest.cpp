@@ -198,23 +198,13 @@ TEST(FastInfosetWriter, ValuesPastTheVocabularyLimitStayLiterals)
         for (int i = 4; i >= 0; --i, n /= 26) text[i] = static_cast<char>('a' + n % 26);
         return text;
     };
+    std::string fill = "D0|<r";
+    for (std::uint32_t n = 0; n < limit; ++n) fill += "|<c|@v=" + value(n) + "|>";
     CFastInfosetWriter writer;
-    writer.WriteStartDocument(FInfoDecl_None);
-    writer.WriteStartElement("r", "");
-    for (std::uint32_t n = 0; n < limit; ++n) {
-        writer.WriteStartElement("c", "");
-        writer.WriteAttribute("v", "", value(n));
-        writer.WriteEndElement();
-    }
+    RunWriterScript(writer, fill);
     const std::size_t filled = writer.GetOutput().GetLength();
-    const std::string cases[] = {value(limit), value(limit), value(0), value(limit - 1)};
-    for (const std::string& v : cases) {
-        writer.WriteStartElement("c", "");
-        writer.WriteAttribute("v", "", v);
-        writer.WriteEndElement();
-    }
-    writer.WriteEndElement();
-    writer.WriteEndDocument();
+    for (std::uint32_t n : {limit, limit, 0u, limit - 1}) RunWriterScript(writer, "<c|@v=" + value(n) + "|>");
+    RunWriterScript(writer, ">|E");
     const std::string tail = writer.GetOutput().GetString().substr(filled);
     // Each element: its terminator owed from the one before, the surrogate 2 with
     // the attributes bit, the attribute surrogate 1, the value, the end of the attributes.
