@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <tuple>
 #include <filesystem>
 
 #include "fastinfoset/FastInfosetTestSupport.h"
@@ -143,12 +144,7 @@ TEST(FastInfosetReader, EveryIndexFormOfEveryTableReachesItsEntry)
     // on the second bit (one to three octets), the third (element names, one to four) or
     // the fourth (chunks, one to four). Entry 1 of the prefix and namespace tables is built in.
     const std::vector<std::uint32_t> second = {1, 64, 65, 8256, 8257};
-    const struct
-    {
-        Table table;
-        std::vector<std::uint32_t> indexes;
-        const char* first;
-    } cases[] = {
+    const std::tuple<Table, std::vector<std::uint32_t>, const char*> cases[] = {  // table, indexes, first
         {Table::Prefix, second, "xml"},
         {Table::Namespace, second, "http://www.w3.org/XML/1998/namespace"},
         {Table::LocalName, {1, 64, 65, 8256, 8257, 100000}, "last"},
@@ -157,41 +153,36 @@ TEST(FastInfosetReader, EveryIndexFormOfEveryTableReachesItsEntry)
         {Table::AttributeValue, second, "last"},
         {Table::Chunk, {1, 16, 17, 1040, 1041, 263184, 263185}, "last"},
     };
-    for (const auto& c : cases)
-        for (std::uint32_t index : c.indexes) {
-            SCOPED_TRACE(std::to_string(static_cast<int>(c.table)) + " index " + std::to_string(index));
+    for (const auto& [table, indexes, first] : cases)
+        for (std::uint32_t index : indexes) {
+            SCOPED_TRACE(std::to_string(static_cast<int>(table)) + " index " + std::to_string(index));
             CXmlDocument document;
-            Load(document, TableDocument(c.table, index, index));
-            EXPECT_EQ(Referred(c.table, document), index == 1 ? c.first : "last");
+            Load(document, TableDocument(table, index, index));
+            EXPECT_EQ(Referred(table, document), index == 1 ? first : "last");
             // One entry past the end is never read.
-            EXPECT_EQ(Failure(TableDocument(c.table, index, index + 1)),
+            EXPECT_EQ(Failure(TableDocument(table, index, index + 1)),
                       "Failed to parse FastInfoset. Index out of range of its table.");
         }
 }
 
 TEST(FastInfosetReader, EveryLengthFormReadsWholeStrings)
 {
-    struct Case
-    {
-        int position;  // 2: a literal name, 5: a literal attribute value, 7: a literal chunk
-        std::size_t length;
-    } cases[] = {{2, 1},   {2, 64},  {2, 65},  {2, 320}, {2, 321}, {2, 70000}, {5, 1},   {5, 8},
-                 {5, 9},   {5, 264}, {5, 265}, {5, 70000}, {7, 1},   {7, 2},     {7, 3},   {7, 258},
-                 {7, 259}, {7, 70000}};
-    for (const Case& c : cases) {
-        SCOPED_TRACE(std::to_string(c.position) + " " + std::to_string(c.length));
-        const std::string text(c.length, 'n');
-        Bytes bytes;
-        if (c.position == 2) bytes = kHeader + Octets({0x3C}) + Identifier(text) + Octets({0xFF});
-        if (c.position == 5)
-            bytes = RootA(Value(0, 0, text) + Octets({0xFF, 0xF0}));
-        if (c.position == 7) bytes = Root(Chunk(0, 0, text));
+    // The bit the length stands on (2: a literal name, 5: an attribute value, 7: a chunk), and the length.
+    const std::pair<int, std::size_t> cases[] = {
+        {2, 1}, {2, 64}, {2, 65}, {2, 320}, {2, 321}, {2, 70000}, {5, 1},   {5, 8},   {5, 9},
+        {5, 264}, {5, 265}, {5, 70000}, {7, 1}, {7, 2}, {7, 3}, {7, 258}, {7, 259}, {7, 70000}};
+    for (const auto& [position, length] : cases) {
+        SCOPED_TRACE(std::to_string(position) + " " + std::to_string(length));
+        const std::string text(length, 'n');
+        const Bytes bytes = position == 2   ? kHeader + Octets({0x3C}) + Identifier(text) + Octets({0xFF})
+                            : position == 5 ? RootA(Value(0, 0, text) + Octets({0xFF, 0xF0}))
+                                            : Root(Chunk(0, 0, text));
         CXmlDocument document;
         Load(document, bytes);
         const CXmlElement* root = document.GetDocumentElement();
-        const std::string& got = c.position == 2   ? root->GetLocalName()
-                                 : c.position == 5 ? root->GetAttributes().at(0)->GetValue()
-                                                   : root->GetText();
+        const std::string& got = position == 2   ? root->GetLocalName()
+                                 : position == 5 ? root->GetAttributes().at(0)->GetValue()
+                                                 : root->GetText();
         EXPECT_EQ(got, text);
         // The same document cut anywhere inside the string runs out of input.
         EXPECT_EQ(Failure(bytes.substr(0, bytes.size() - 3)), "Failed to parse FastInfoset. Unexpected End of File.");
@@ -206,11 +197,7 @@ TEST(FastInfosetReader, StringKindsAlphabetsAndAlgorithms)
     for (char c = 0x20; c < 0x7F; ++c) printable += c;
     const Bytes declared = Octets({0xE0, 0x00, 0x00, 0x01, 0x20, 0x08, 0x00}) + SequenceLength(2) + Identifier("abc") +
                            Identifier(printable) + Octets({0x3C}) + Identifier("r");
-    struct Case
-    {
-        Bytes bytes;
-        const char* text;
-    } cases[] = {
+    const std::tuple<Bytes, const char*> cases[] = {  // bytes, text
         {Root(Chunk(0, 0, "caf\xC3\xA9")), "caf\xC3\xA9"},
         {Root(Chunk(1, 0, Octets({0x00, 'h', 0x00, 0xE9, 0xD8, 0x3D, 0xDE, 0x00}))), "h\xC3\xA9\xF0\x9F\x98\x80"},
         {Root(Chunk(2, 0, Octets({0x12, 0x3F}))), "123"},          // the low half F ends an odd count
@@ -226,22 +213,18 @@ TEST(FastInfosetReader, StringKindsAlphabetsAndAlgorithms)
         {RootA(Value(2, 0, Octets({0x1F})) + Octets({0xFF, 0xF0})), "1"},
         {RootA(Value(1, 0, Octets({0x00, 'x'})) + Octets({0xFF, 0xF0})), "x"},
     };
-    for (const Case& c : cases) {
+    for (const auto& [bytes, text] : cases) {
         CXmlDocument document;
-        Load(document, c.bytes);
+        Load(document, bytes);
         const CXmlElement* root = document.GetDocumentElement();
-        EXPECT_EQ(root->GetAttributes().empty() ? root->GetText() : root->GetAttributes()[0]->GetValue(), c.text);
+        EXPECT_EQ(root->GetAttributes().empty() ? root->GetText() : root->GetAttributes()[0]->GetValue(), text);
     }
 }
 
 TEST(FastInfosetReader, DamagedDocumentsFailWithTheirOwnText)
 {
     const std::string p = "Failed to parse FastInfoset. ";
-    struct Case
-    {
-        Bytes bytes;
-        std::string message;
-    } cases[] = {
+    const std::tuple<Bytes, std::string> cases[] = {  // bytes, message
         {kHeader + Octets({0x38, 0xF0, 0x38}),
          p + "Invalid Encoding of integers 1 To 2^20 type  on the third bit of an octet."},
         {Root(Octets({0xBC})), p + "Invalid Encoding of integers 1 To 2^20 type  on the fourth bit of an octet."},
@@ -265,7 +248,7 @@ TEST(FastInfosetReader, DamagedDocumentsFailWithTheirOwnText)
         {kHeader + Octets({0xF0}), "Invalid or empty XML document"},
         {kHeader + Octets({0xE2, 0xFF, 0xF0}), "Invalid or empty XML document"},
     };
-    for (const Case& c : cases) EXPECT_EQ(Failure(c.bytes), c.message);
+    for (const auto& [bytes, message] : cases) EXPECT_EQ(Failure(bytes), message);
     // A value that is not a whole number of items (3 octets are no int) keeps its own reason inside.
     try {
         CXmlDocument document;
@@ -284,11 +267,7 @@ TEST(FastInfosetReader, DocumentStructure)
     const Bytes comment = Octets({0xE2}) + Value(0, 0, "c");
     const Bytes pi = Octets({0xE1}) + Identifier("t") + Value(0, 0, "d");
     const Bytes doctype = Octets({0xC7}) + Identifier("sys") + Identifier("pub") + pi + Octets({0xF0});
-    struct Case
-    {
-        Bytes bytes;
-        const char* xml;  // of the same tree
-    } cases[] = {
+    const std::tuple<Bytes, const char*> cases[] = {  // bytes, xml
         // Comments, processing instructions and a type declaration before and after the root.
         {kHeader + comment + pi + doctype + r + Octets({0xF0}) + comment + pi + Octets({0xF0}), "<r/>"},
         // The declarations that may stand in front; a declaration matches only exactly.
@@ -318,7 +297,7 @@ TEST(FastInfosetReader, DocumentStructure)
         {Root(Chunk(0, 0, "x", true) + Octets({0xA0})), "<r>xx</r>"},
     };
     // Texts that only look like binary documents are checked in XmlDocumentStreamTest.
-    for (const Case& c : cases) EXPECT_EQ(Tree(c.bytes), Tree(c.xml)) << c.xml;
+    for (const auto& [bytes, xml] : cases) EXPECT_EQ(Tree(bytes), Tree(xml)) << xml;
     // Added values come back by index; one without the add bit takes no place. The names
     // repeat by index too, which no text document can do.
     CXmlDocument document;

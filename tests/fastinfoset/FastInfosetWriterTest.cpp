@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <tuple>
 #include <vector>
 
 #include "FastInfosetTestSupport.h"
@@ -91,11 +92,7 @@ std::string LargeScript()
 TEST(FastInfosetWriter, WritesTheBytesOfTheJavaLibrary)
 {
     const std::string xsi = "http://www.w3.org/2001/XMLSchema-instance";
-    struct Case
-    {
-        const char* vector;
-        std::string script;
-    } cases[] = {
+    const std::tuple<const char*, std::string> cases[] = {  // vector, script
         {"attribute-text", "D0|<a|@x=1|#hi|>|E"},
         {"siblings", "D0|<r|<c|>|<c|>|>|E"},
         // The writer's map ascending by URI after the default namespace.
@@ -113,10 +110,10 @@ TEST(FastInfosetWriter, WritesTheBytesOfTheJavaLibrary)
                    "<c|#\xC3\xBC|>|#\xC3\xBC|>|E"},
         {"large", LargeScript()},
     };
-    for (const Case& c : cases) {
-        const std::string expected = ReadBinaryFile(VectorPath(std::string(c.vector) + ".finf"));
-        ASSERT_FALSE(expected.empty()) << c.vector;
-        EXPECT_EQ(Hex(WriteFastInfosetScript(c.script)), Hex(expected)) << c.vector;
+    for (const auto& [vector, script] : cases) {
+        const std::string expected = ReadBinaryFile(VectorPath(std::string(vector) + ".finf"));
+        ASSERT_FALSE(expected.empty()) << vector;
+        EXPECT_EQ(Hex(WriteFastInfosetScript(script)), Hex(expected)) << vector;
     }
 }
 
@@ -125,13 +122,7 @@ TEST(FastInfosetWriter, IntegersAndLengthsTakeTheirFormsAtEachBoundary)
     using Fn = void (*)(std::string&, unsigned char, std::uint32_t);
     const Fn i2 = Detail::WriteIntegerOnSecondBit, i3 = Detail::WriteIntegerOnThirdBit,
              i4 = Detail::WriteIntegerOnFourthBit;
-    struct Case
-    {
-        Fn fn;
-        unsigned char bits;
-        std::uint32_t value;
-        const char* octets;
-    } cases[] = {
+    const std::tuple<Fn, unsigned char, std::uint32_t, const char*> cases[] = {  // fn, bits, value, octets
         {i2, 0x80, 1, "80"},          {i2, 0x80, 64, "BF"},         {i2, 0x80, 65, "C0 00"},
         {i2, 0x80, 8256, "DF FF"},    {i2, 0x80, 8257, "E0 00 00"}, {i2, 0, 1u << 20, "6F DF BF"},
         {i3, 0x40, 1, "40"},          {i3, 0, 32, "1F"},            {i3, 0, 33, "20 00"},
@@ -141,34 +132,29 @@ TEST(FastInfosetWriter, IntegersAndLengthsTakeTheirFormsAtEachBoundary)
         {i4, 0xA0, 1041, "B4 00 00"}, {i4, 0xA0, 263184, "B7 FF FF"}, {i4, 0xA0, 263185, "B8 00 00 00"},
         {i4, 0xA0, 1u << 20, "B8 0B FB EF"},
     };
-    for (const Case& c : cases) {
+    for (const auto& [fn, bits, value, octets] : cases) {
         std::string out;
-        c.fn(out, c.bits, c.value);
-        EXPECT_EQ(Hex(out), c.octets) << c.value;
+        fn(out, bits, value);
+        EXPECT_EQ(Hex(out), octets) << value;
     }
 
     using StringFn = void (*)(std::string&, unsigned char, const std::string&);
     const StringFn s2 = Detail::WriteStringOnSecondBit, s5 = Detail::WriteStringOnFifthBit,
                    s7 = Detail::WriteStringOnSeventhBit;
-    struct StringCase
-    {
-        StringFn fn;
-        std::size_t length;
-        const char* head;
-    } strings[] = {
+    const std::tuple<StringFn, std::size_t, const char*> strings[] = {  // fn, length, expectedHead
         {s2, 1, "00"},    {s2, 64, "3F"},  {s2, 65, "40 00"},  {s2, 320, "40 FF"},  {s2, 321, "60 00 00 00 00"},
         {s2, 70000, "60 00 01 10 2F"},     {s5, 1, "00"},      {s5, 8, "07"},       {s5, 9, "08 00"},
         {s5, 264, "08 FF"},                {s5, 265, "0C 00 00 00 00"},             {s7, 1, "00"},
         {s7, 2, "01"},    {s7, 3, "02 00"}, {s7, 258, "02 FF"}, {s7, 259, "03 00 00 00 00"},
     };
-    for (const StringCase& c : strings) {
+    for (const auto& [fn, length, expectedHead] : strings) {
         std::string out;
-        const std::string text(c.length, 'z');
-        c.fn(out, 0, text);
-        const std::string head = std::string(c.head);
+        const std::string text(length, 'z');
+        fn(out, 0, text);
+        const std::string head = std::string(expectedHead);
         const std::size_t headOctets = (head.size() + 1) / 3;
-        ASSERT_EQ(out.size(), headOctets + c.length) << c.length;
-        EXPECT_EQ(Hex(out.substr(0, headOctets)), head) << c.length;
+        ASSERT_EQ(out.size(), headOctets + length) << length;
+        EXPECT_EQ(Hex(out.substr(0, headOctets)), head) << length;
         EXPECT_EQ(out.substr(headOctets), text);
     }
 }

@@ -1,6 +1,7 @@
 #include "orvexxml/xml/StringBuffer.h"
 
 #include <string>
+#include <tuple>
 
 #include "TestUtil.h"
 
@@ -52,13 +53,7 @@ TEST(StringBuffer, EscapingAnywhereAcrossChunks)
 {
     // Each text after fill bytes, so that multi-byte characters, entities and CR LF
     // fall across the chunk boundary.
-    const struct
-    {
-        std::size_t fill;
-        const char* text;
-        EOLType eol;
-        const char* expected;
-    } cases[] = {
+    const std::tuple<std::size_t, const char*, EOLType, const char*> cases[] = {  // fillSize, text, eol, expected
         {0, "a<b&\"c\">", EOL_LF, "a&lt;b&amp;&quot;c&quot;&gt;"}, {0, "it's\tx", EOL_LF, "it's\tx"},
         {0, "a\r\nb", EOL_LF, "a\nb"},          {0, "lone\rcr\r", EOL_CRLF, "lonecr"},
         {0, "", EOL_CRLF, ""},                  {65534, "\xC3\xA9", EOL_LF, "\xC3\xA9"},
@@ -67,13 +62,13 @@ TEST(StringBuffer, EscapingAnywhereAcrossChunks)
         {65532, "&amp;", EOL_LF, "&amp;amp;"},  {65535, "\"", EOL_LF, "&quot;"},
         {65534, "\r\n", EOL_CRLF, "\r\n"},
     };
-    for (const auto& c : cases) {
+    for (const auto& [fillSize, text, eol, expected] : cases) {
         for (unsigned long chunkSize : {0x10000ul, 3ul}) {
             CStringBuffer buffer(chunkSize);
-            const std::string fill(c.fill, '.');
+            const std::string fill(fillSize, '.');
             buffer.Append(fill);
-            buffer.AppendEscaped(c.text, c.eol);
-            EXPECT_EQ(fill + c.expected, buffer.GetString()) << c.fill << " " << c.text;
+            buffer.AppendEscaped(text, eol);
+            EXPECT_EQ(fill + expected, buffer.GetString()) << fillSize << " " << text;
         }
     }
     // An invalid line end fails before anything is appended.

@@ -144,8 +144,8 @@ TEST(XmlDocumentStream, FilesLoadWholeAndFailuresCarryTheErrorNumber)
                                        "] Error [0x00000015]"},
         {empty, "Invalid or empty XML document"},
     };
-    for (const auto& [file, message] : failures) {
-        EXPECT_THROW_MSG(document.Load(file.c_str()), COrvexException, message);
+    for (const auto& f : failures) {  // (bindings can't be captured by the check's lambda)
+        EXPECT_THROW_MSG(document.Load(f.first.c_str()), COrvexException, f.second);
         EXPECT_EQ(nullptr, document.GetDocumentElement());
     }
     EXPECT_THROW_MSG(document.LoadXmlStream(nullptr, 5), COrvexException, "XML Stream is empty!");

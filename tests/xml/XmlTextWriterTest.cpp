@@ -3,6 +3,7 @@
 #include <memory>
 #include <regex>
 #include <string>
+#include <tuple>
 #include <vector>
 
 #include "TestUtil.h"
@@ -20,13 +21,7 @@ namespace {
 
 TEST(XmlTextWriterLayout, FormattedUnformattedAndDeclaration)
 {
-    const struct
-    {
-        const char* script;
-        bool formatted;
-        EOLType eol;
-        const char* expected;
-    } cases[] = {
+    const std::tuple<const char*, bool, EOLType, const char*> cases[] = {  // script, formatted, eol, expected
         {"<root|<child|#text|>|>", true, EOL_LF, "<root>\n\t<child>text</child>\n</root>\n"},
         {"<root|<child|#text|>|>", true, EOL_CRLF, "<root>\r\n\t<child>text</child>\r\n</root>\r\n"},
         {"D0|<root|<child|#text|>|>", false, EOL_CRLF, "<?xml version=\"1.0\"?>\r\n<root><child>text</child></root>"},
@@ -41,7 +36,8 @@ TEST(XmlTextWriterLayout, FormattedUnformattedAndDeclaration)
          // Tab, carriage return and line feed of an attribute value as references, so a reader keeps them.
          "<a v=\"a&lt;b&amp;&quot;c&quot;&gt;'&#9;&#13;&#10;x\">a&lt;b&amp;&quot;c&quot;&gt;'1\r\n23\r\ncaf\xC3\xA9</a>"},
     };
-    for (const auto& c : cases) EXPECT_EQ(c.expected, WriteScript(c.script, c.formatted, c.eol)) << c.script;
+    for (const auto& [script, formatted, eol, expected] : cases)
+        EXPECT_EQ(expected, WriteScript(script, formatted, eol)) << script;
 }
 
 TEST(XmlTextWriterNamespaces, PrefixesAndDeclarations)
