@@ -14,12 +14,7 @@ inline std::string TreeSignature(const OrvexXmlLib5::CXmlDocument& document, boo
 {
     using namespace OrvexXmlLib5;
     std::string out;
-    auto field = [&out](const std::string& text) {
-        out += std::to_string(text.size());
-        out += ':';
-        out += text;
-        out += ' ';
-    };
+    auto field = [&out](const std::string& text) { out += std::to_string(text.size()) + ':' + text + ' '; };
     for (const auto& binding : document.GetPrefixTable()) {
         out += "prefix ";
         field(binding.first);
