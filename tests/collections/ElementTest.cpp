@@ -25,7 +25,7 @@ TEST(Element, ConstructorsCheckTheirArgumentsExactly)
     EXPECT_EQ("urn:x", CElement("a", "urn:x").GetChildElements()->Add("b")->GetNamespace());
 }
 
-TEST(Element, DefaultNamespaceOfTheChildCollection)
+TEST(Element, ChildCollectionNamespacesPositionsAndCopies)
 {
     // No namespace: the restriction word becomes the default, so Add(name) works.
     CElement plain("a");
@@ -34,16 +34,19 @@ TEST(Element, DefaultNamespaceOfTheChildCollection)
     EXPECT_THROW_MSG(none.Add("x"), COrvexInvalidStateException, "A Namespace has not been set for this Collection");
     // The collection admits every namespace whatever it was built with.
     EXPECT_EQ("urn:other", none.Add("x", "urn:other")->GetNamespace());
-}
+    CSmartPtr<CElement> first = none.Add("one", "urn:a");
+    none.Add(new CElement("three", "urn:z"));
+    none.AddAfter(first.Get(), new CElement("two"));
+    ASSERT_EQ(4, none.GetCount());
+    EXPECT_EQ("two", none.Item(2)->GetName());
+    EXPECT_THROW(none.Add(static_cast<CElement*>(nullptr)), COrvexInvalidParamException);
 
-TEST(Element, CopiesShareTheCollectionsButNotTheStrings)
-{
-    CElement a("a");
-    CElement b(a);
-    b.GetAttributes()->Add("k", "v");
-    b.SetText("only b");
-    EXPECT_EQ(1, a.GetAttributes()->GetCount());
-    EXPECT_EQ("", a.GetText());
+    // Copies share the collections but not the strings.
+    CElement copy(plain);
+    copy.GetAttributes()->Add("k", "v");
+    copy.SetText("only the copy");
+    EXPECT_EQ(1, plain.GetAttributes()->GetCount());
+    EXPECT_EQ("", plain.GetText());
 }
 
 TEST(Element, SetNamespaceRestrictionsTestsTheTreeAndStoresNothing)
@@ -83,27 +86,11 @@ TEST(Element, AnyDocumentReadsAndWritesBackTheSameTree)
     CSmartPtr<CElement> mixed(new CElement(""));
     mixed->FromXml("<a>one<b/>two</a>");
     EXPECT_EQ("<a><b/>onetwo</a>", mixed->ToXml(false, false, EOL_LF));
-}
-
-TEST(Element, ReadingOutsideTheRestrictionChangesNothing)
-{
+    // Reading a root outside the restriction changes nothing.
     CSmartPtr<CElement> element(new CElement("keep", "urn:a", "urn:a", ""));
     element->FromXml("<x xmlns=\"urn:b\"><y/></x>");
     EXPECT_EQ("keep", element->GetName());
     EXPECT_EQ(0, element->GetChildElements()->GetCount());
-}
-
-TEST(Element, CollectionEventsAndPositions)
-{
-    CElementCol col("urn:a", "##any", "", 0, -1);
-    CSmartPtr<CElement> first = col.Add("one");
-    CSmartPtr<CElement> last(new CElement("three", "urn:z"));
-    col.Add(last.Get());
-    col.AddAfter(first.Get(), new CElement("two"));
-    ASSERT_EQ(3, col.GetCount());
-    EXPECT_EQ("two", col.Item(1)->GetName());
-    EXPECT_THROW_MSG(col.Item(3), COrvexInvalidParamException, "Index 3 is out of range, use 0 - 2");
-    EXPECT_THROW(col.Add(static_cast<CElement*>(nullptr)), COrvexInvalidParamException);
 }
 
 TEST(Element, CopyOfAnObjectIsItsXml)

@@ -2,6 +2,8 @@
 // one event per change, failures of indexes and items, copies and iterators.
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 #include "CollectionTestTypes.h"
 #include "TestUtil.h"
 #include "orvexxml/data/OrvexVariant.h"
@@ -161,13 +163,9 @@ TEST(XmlCollection, AttributesOfItemsGoToTheOpenTag)
     EXPECT_EQ("<e p=\"1\" q=\"1\"/>", writer.GetString());
 }
 
-TEST(XmlCollectionBase, ValidateCountTestsMaximumFirst)
+TEST(XmlCollectionBase, ValidateCountTestsMaximumFirstAndTargetNamespaceIsRefused)
 {
-    struct Case
-    {
-        int min, max, count;
-        const char* message;  // null: passes
-    } cases[] = {
+    const std::tuple<int, int, int, const char*> cases[] = {  // min, max, count, message (null: passes)
         {0, -1, 50, nullptr},
         {0, 0, 0, nullptr},
         {0, 0, 1, "The Maximum number of [Item] elements allowed in this collection is 0"},
@@ -177,21 +175,16 @@ TEST(XmlCollectionBase, ValidateCountTestsMaximumFirst)
     };
     CXmlSerializationContext strict, lenient;
     lenient.SetIgnoreInvalidCollectionCounts(true);
-    for (const Case& c : cases) {
-        CSmartPtr<CItemCol> col(new CItemCol("Item", c.min, c.max));
-        for (int i = 0; i < c.count; ++i) col->AppendItem(new CItem("i"));
-        if (c.message)
-            EXPECT_THROW_MSG(col->ValidateCount(strict), COrvexValidationException, c.message);
+    for (const auto& [min, max, count, message] : cases) {
+        CSmartPtr<CItemCol> col(new CItemCol("Item", min, max));
+        for (int i = 0; i < count; ++i) col->AppendItem(new CItem("i"));
+        if (message)
+            EXPECT_THROW_MSG(col->ValidateCount(strict), COrvexValidationException, message);
         else
             EXPECT_NO_THROW(col->ValidateCount(strict));
         EXPECT_NO_THROW(col->ValidateCount(lenient));
     }
-}
-
-TEST(XmlCollectionBase, TargetNamespaceIsRefused)
-{
-    CSmartPtr<CItemCol> col(new CItemCol());
-    EXPECT_THROW_MSG(col->GetTargetNamespace(), COrvexException,
+    EXPECT_THROW_MSG(CItemCol().GetTargetNamespace(), COrvexException,
                      "CXmlCollectionBase::GetTargetNamespace Should not be used from within a Collection (program "
                      "logic error)");
 }

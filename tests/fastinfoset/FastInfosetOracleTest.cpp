@@ -101,23 +101,16 @@ TEST_F(FastInfosetOracle, GeneratedClassesWriteTheInfosetOfTheirXml)
 TEST_F(FastInfosetOracle, DocumentPastTheVocabularyLimitReadsBack)
 {
     const std::uint32_t count = Detail::CWriterVocabulary::MaxEntries + 5;
-    CFastInfosetWriter writer;
-    writer.WriteStartDocument(FInfoDecl_None);
-    writer.WriteStartElement("r", "");
-    std::string xml = "<r>";
+    std::string script = "D0|<r", xml = "<r>";
     for (std::uint32_t n = 0; n < count; ++n) {
         // The last values repeat the first and the last entered ones.
         const std::uint32_t k = n + 3 >= count ? (n + 3 == count ? 0 : count - 4) : n;
         std::string value(5, 'a');
         for (std::uint32_t i = 5, rest = k; i-- > 0; rest /= 26) value[i] = static_cast<char>('a' + rest % 26);
-        writer.WriteStartElement("c", "");
-        writer.WriteText(value);
-        writer.WriteEndElement();
+        script += "|<c|#" + value + "|>";
         xml += "<c>" + value + "</c>";
     }
-    writer.WriteEndElement();
-    writer.WriteEndDocument();
-    ExpectSameInfoset("vocabulary-limit", writer.GetOutput().GetString(), xml + "</r>");
+    ExpectSameInfoset("vocabulary-limit", WriteFastInfosetScript(script + "|>|E"), xml + "</r>");
 }
 
 }  // namespace

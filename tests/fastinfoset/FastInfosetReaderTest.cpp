@@ -3,12 +3,12 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <tuple>
 #include <filesystem>
-#include <fstream>
-#include <sstream>
 
-#include "TestUtil.h"
+#include "fastinfoset/FastInfosetTestSupport.h"
 #include "fastinfoset/FiBytes.h"
+#include "xml/TreeSignature.h"
 #include "orvexxml/xml/XmlDocument.h"
 
 using namespace OrvexXmlLib5;
@@ -17,14 +17,6 @@ using namespace FiBytes;
 namespace {
 
 const std::string kVectors = std::string(ORVEX_TEST_SOURCE_DIR) + "/fastinfoset/vectors";
-
-std::string ReadFile(const std::string& path)
-{
-    std::ifstream in(path, std::ios::binary);
-    std::ostringstream out;
-    out << in.rdbuf();
-    return out.str();
-}
 
 std::vector<std::string> VectorFiles()
 {
@@ -35,11 +27,12 @@ std::vector<std::string> VectorFiles()
     return files;
 }
 
-std::string DescribeBytes(const Bytes& bytes)
+// The tree of a binary or text document, without places.
+std::string Tree(const Bytes& bytes)
 {
     CXmlDocument document;
     Load(document, bytes);
-    return Describe(document);
+    return OrvexTest::TreeSignature(document, false);
 }
 
 // Loads bytes and gives the failure text, or "" when the load succeeded.
@@ -52,6 +45,12 @@ std::string Failure(const Bytes& bytes)
     } catch (const COrvexException& e) {
         return e.GetMessage();
     }
+}
+
+// A root r with attributes, its first attribute a literal name a, then rest.
+Bytes RootA(const Bytes& rest)
+{
+    return kHeader + Octets({0x7C}) + Identifier("r") + Octets({0x78}) + Identifier("a") + rest;
 }
 
 bool IsReaderFailure(const std::string& message) { return message.rfind("Failed to parse FastInfoset.", 0) == 0; }
@@ -92,12 +91,11 @@ Bytes TableDocument(Table table, std::uint32_t entries, std::uint32_t reference)
     switch (table) {
     case Table::Prefix:
         return WithVocabulary(entries > 1 ? 0x02 : 0, 0, entries > 1 ? Strings(entries - 1, false) : Bytes()) +
-               Octets({0x38, 0xCF}) +
-               IdentifierIndex(reference) + Identifier("urn:p") + Octets({0xF0, 0x3C}) + Identifier("r") + end;
+               Octets({0x38, 0xCF}) + IdentifierIndex(reference) + Identifier("urn:p") + Octets({0xF0, 0x3C}) +
+               Identifier("r") + end;
     case Table::Namespace:
         return WithVocabulary(entries > 1 ? 0x01 : 0, 0, entries > 1 ? Strings(entries - 1, false) : Bytes()) +
-               Octets({0x3D}) + IdentifierIndex(reference) +
-               Identifier("r") + end;
+               Octets({0x3D}) + IdentifierIndex(reference) + Identifier("r") + end;
     case Table::LocalName:
         return WithVocabulary(0, 0x80, Strings(entries, false)) + Octets({0x3C}) + IdentifierIndex(reference) + end;
     case Table::ElementName:
@@ -146,12 +144,7 @@ TEST(FastInfosetReader, EveryIndexFormOfEveryTableReachesItsEntry)
     // on the second bit (one to three octets), the third (element names, one to four) or
     // the fourth (chunks, one to four). Entry 1 of the prefix and namespace tables is built in.
     const std::vector<std::uint32_t> second = {1, 64, 65, 8256, 8257};
-    const struct
-    {
-        Table table;
-        std::vector<std::uint32_t> indexes;
-        const char* first;
-    } cases[] = {
+    const std::tuple<Table, std::vector<std::uint32_t>, const char*> cases[] = {  // table, indexes, first
         {Table::Prefix, second, "xml"},
         {Table::Namespace, second, "http://www.w3.org/XML/1998/namespace"},
         {Table::LocalName, {1, 64, 65, 8256, 8257, 100000}, "last"},
@@ -160,42 +153,36 @@ TEST(FastInfosetReader, EveryIndexFormOfEveryTableReachesItsEntry)
         {Table::AttributeValue, second, "last"},
         {Table::Chunk, {1, 16, 17, 1040, 1041, 263184, 263185}, "last"},
     };
-    for (const auto& c : cases)
-        for (std::uint32_t index : c.indexes) {
-            SCOPED_TRACE(std::to_string(static_cast<int>(c.table)) + " index " + std::to_string(index));
+    for (const auto& [table, indexes, first] : cases)
+        for (std::uint32_t index : indexes) {
+            SCOPED_TRACE(std::to_string(static_cast<int>(table)) + " index " + std::to_string(index));
             CXmlDocument document;
-            Load(document, TableDocument(c.table, index, index));
-            EXPECT_EQ(Referred(c.table, document), index == 1 ? c.first : "last");
+            Load(document, TableDocument(table, index, index));
+            EXPECT_EQ(Referred(table, document), index == 1 ? first : "last");
             // One entry past the end is never read.
-            EXPECT_EQ(Failure(TableDocument(c.table, index, index + 1)),
+            EXPECT_EQ(Failure(TableDocument(table, index, index + 1)),
                       "Failed to parse FastInfoset. Index out of range of its table.");
         }
 }
 
 TEST(FastInfosetReader, EveryLengthFormReadsWholeStrings)
 {
-    struct Case
-    {
-        int position;  // 2: a literal name, 5: a literal attribute value, 7: a literal chunk
-        std::size_t length;
-    } cases[] = {{2, 1},   {2, 64},  {2, 65},  {2, 320}, {2, 321}, {2, 70000}, {5, 1},   {5, 8},
-                 {5, 9},   {5, 264}, {5, 265}, {5, 70000}, {7, 1},   {7, 2},     {7, 3},   {7, 258},
-                 {7, 259}, {7, 70000}};
-    for (const Case& c : cases) {
-        SCOPED_TRACE(std::to_string(c.position) + " " + std::to_string(c.length));
-        const std::string text(c.length, 'n');
-        Bytes bytes;
-        if (c.position == 2) bytes = kHeader + Octets({0x3C}) + Identifier(text) + Octets({0xFF});
-        if (c.position == 5)
-            bytes = kHeader + Octets({0x7C}) + Identifier("r") + Octets({0x78}) + Identifier("a") + Value(0, 0, text) +
-                    Octets({0xFF, 0xF0});
-        if (c.position == 7) bytes = Root(Chunk(0, 0, text));
+    // The bit the length stands on (2: a literal name, 5: an attribute value, 7: a chunk), and the length.
+    const std::pair<int, std::size_t> cases[] = {
+        {2, 1}, {2, 64}, {2, 65}, {2, 320}, {2, 321}, {2, 70000}, {5, 1},   {5, 8},   {5, 9},
+        {5, 264}, {5, 265}, {5, 70000}, {7, 1}, {7, 2}, {7, 3}, {7, 258}, {7, 259}, {7, 70000}};
+    for (const auto& [position, length] : cases) {
+        SCOPED_TRACE(std::to_string(position) + " " + std::to_string(length));
+        const std::string text(length, 'n');
+        const Bytes bytes = position == 2   ? kHeader + Octets({0x3C}) + Identifier(text) + Octets({0xFF})
+                            : position == 5 ? RootA(Value(0, 0, text) + Octets({0xFF, 0xF0}))
+                                            : Root(Chunk(0, 0, text));
         CXmlDocument document;
         Load(document, bytes);
         const CXmlElement* root = document.GetDocumentElement();
-        const std::string& got = c.position == 2   ? root->GetLocalName()
-                                 : c.position == 5 ? root->GetAttributes().at(0)->GetValue()
-                                                   : root->GetText();
+        const std::string& got = position == 2   ? root->GetLocalName()
+                                 : position == 5 ? root->GetAttributes().at(0)->GetValue()
+                                                 : root->GetText();
         EXPECT_EQ(got, text);
         // The same document cut anywhere inside the string runs out of input.
         EXPECT_EQ(Failure(bytes.substr(0, bytes.size() - 3)), "Failed to parse FastInfoset. Unexpected End of File.");
@@ -210,11 +197,7 @@ TEST(FastInfosetReader, StringKindsAlphabetsAndAlgorithms)
     for (char c = 0x20; c < 0x7F; ++c) printable += c;
     const Bytes declared = Octets({0xE0, 0x00, 0x00, 0x01, 0x20, 0x08, 0x00}) + SequenceLength(2) + Identifier("abc") +
                            Identifier(printable) + Octets({0x3C}) + Identifier("r");
-    struct Case
-    {
-        Bytes bytes;
-        const char* text;
-    } cases[] = {
+    const std::tuple<Bytes, const char*> cases[] = {  // bytes, text
         {Root(Chunk(0, 0, "caf\xC3\xA9")), "caf\xC3\xA9"},
         {Root(Chunk(1, 0, Octets({0x00, 'h', 0x00, 0xE9, 0xD8, 0x3D, 0xDE, 0x00}))), "h\xC3\xA9\xF0\x9F\x98\x80"},
         {Root(Chunk(2, 0, Octets({0x12, 0x3F}))), "123"},          // the low half F ends an odd count
@@ -227,36 +210,28 @@ TEST(FastInfosetReader, StringKindsAlphabetsAndAlgorithms)
         {Root(Chunk(3, 9, "<b>")), "<b>"},                         // cdata
         {declared + Chunk(2, 15, Octets({0x87})) + Octets({0xFF}), "cab"},  // 10 00 01, then ones
         {declared + Chunk(2, 16, Octets({(40 << 1) | (73 >> 6), ((73 & 0x3F) << 2) | 3})) + Octets({0xFF}), "Hi"},
-        {kHeader + Octets({0x7C}) + Identifier("r") + Octets({0x78}) + Identifier("a") +
-             Value(2, 0, Octets({0x1F})) + Octets({0xFF, 0xF0}),
-         "1"},
-        {kHeader + Octets({0x7C}) + Identifier("r") + Octets({0x78}) + Identifier("a") +
-             Value(1, 0, Octets({0x00, 'x'})) + Octets({0xFF, 0xF0}),
-         "x"},
+        {RootA(Value(2, 0, Octets({0x1F})) + Octets({0xFF, 0xF0})), "1"},
+        {RootA(Value(1, 0, Octets({0x00, 'x'})) + Octets({0xFF, 0xF0})), "x"},
     };
-    for (const Case& c : cases) {
+    for (const auto& [bytes, text] : cases) {
         CXmlDocument document;
-        Load(document, c.bytes);
+        Load(document, bytes);
         const CXmlElement* root = document.GetDocumentElement();
-        EXPECT_EQ(root->GetAttributes().empty() ? root->GetText() : root->GetAttributes()[0]->GetValue(), c.text);
+        EXPECT_EQ(root->GetAttributes().empty() ? root->GetText() : root->GetAttributes()[0]->GetValue(), text);
     }
 }
 
 TEST(FastInfosetReader, DamagedDocumentsFailWithTheirOwnText)
 {
     const std::string p = "Failed to parse FastInfoset. ";
-    struct Case
-    {
-        Bytes bytes;
-        std::string message;
-    } cases[] = {
+    const std::tuple<Bytes, std::string> cases[] = {  // bytes, message
         {kHeader + Octets({0x38, 0xF0, 0x38}),
          p + "Invalid Encoding of integers 1 To 2^20 type  on the third bit of an octet."},
         {Root(Octets({0xBC})), p + "Invalid Encoding of integers 1 To 2^20 type  on the fourth bit of an octet."},
-        {kHeader + Octets({0x7C}) + Identifier("r") + Octets({0x78}) + Identifier("a") + Octets({0xE0, 0x00}),
+        {RootA(Octets({0xE0, 0x00})),
          p + "Invalid Encoding of integers 0 To 2^20 type  on the second bit of an octet."},
         {kHeader + Octets({0x3C, 0x41}), p + "Invalid NonEmptyOctetString type  on the second bit of an octet."},
-        {kHeader + Octets({0x7C}) + Identifier("r") + Octets({0x78}) + Identifier("a") + Octets({0x09}),
+        {RootA(Octets({0x09})),
          p + "Invalid NonEmptyOctetString type  on the fifth bit of an octet."},
         {kHeader + Octets({0x3E}), p + "Invalid QName type Prefix without Namespace."},
         {Root(Octets({0xC0})), p + "Invalid Encoding of Element type."},
@@ -267,20 +242,20 @@ TEST(FastInfosetReader, DamagedDocumentsFailWithTheirOwnText)
         {Root(Chunk(2, 2, "x")),  // reserved for built-in alphabets that do not exist
          p + "Invalid Encoding of Restricted Alphabet. Alphabet must contain between 2 and 2^20 characters."},
         {Root(Chunk(2, 0, Octets({0xF1}))), p + "Invalid Encoding of Restricted Alphabet. Character out of the alphabet."},
-        {Root(Chunk(3, 3, "abc")), p + "Invalid NonEmptyOctetEncryptedString."},  // 3 octets are no int
         {Root(Octets({0xA0})), p + "Index out of range of its table."},
         {kHeader + Octets({0x3C, 0x00}), p + "Unexpected End of File."},
         {kHeader + Octets({0x3C}) + Identifier("r"), p + "Unexpected End of File."},  // no terminator
         {kHeader + Octets({0xF0}), "Invalid or empty XML document"},
         {kHeader + Octets({0xE2, 0xFF, 0xF0}), "Invalid or empty XML document"},
     };
-    for (const Case& c : cases) EXPECT_EQ(Failure(c.bytes), c.message);
-    // A value that is not a whole number of items keeps its own reason inside.
+    for (const auto& [bytes, message] : cases) EXPECT_EQ(Failure(bytes), message);
+    // A value that is not a whole number of items (3 octets are no int) keeps its own reason inside.
     try {
         CXmlDocument document;
         Load(document, Root(Chunk(3, 3, "abc")));
         ADD_FAILURE();
     } catch (const COrvexException& e) {
+        EXPECT_EQ(e.GetMessage(), p + "Invalid NonEmptyOctetEncryptedString.");
         ASSERT_NE(e.GetInnerException(), nullptr);
         EXPECT_FALSE(e.GetInnerException()->GetMessage().empty());
     }
@@ -292,55 +267,46 @@ TEST(FastInfosetReader, DocumentStructure)
     const Bytes comment = Octets({0xE2}) + Value(0, 0, "c");
     const Bytes pi = Octets({0xE1}) + Identifier("t") + Value(0, 0, "d");
     const Bytes doctype = Octets({0xC7}) + Identifier("sys") + Identifier("pub") + pi + Octets({0xF0});
-    struct Case
-    {
-        Bytes bytes;
-        const char* tree;
-    } cases[] = {
+    const std::tuple<Bytes, const char*> cases[] = {  // bytes, xml
         // Comments, processing instructions and a type declaration before and after the root.
-        {kHeader + comment + pi + doctype + r + Octets({0xF0}) + comment + pi + Octets({0xF0}), "{}r\n"},
+        {kHeader + comment + pi + doctype + r + Octets({0xF0}) + comment + pi + Octets({0xF0}), "<r/>"},
         // The declarations that may stand in front; a declaration matches only exactly.
-        {Bytes("<?xml version='1.0' encoding='finf'?>") + kHeader + r + Octets({0xFF}), "{}r\n"},
-        {Bytes("<?xml encoding='finf' standalone='no'?>") + kHeader + r + Octets({0xFF}), "{}r\n"},
+        {Bytes("<?xml version='1.0' encoding='finf'?>") + kHeader + r + Octets({0xFF}), "<r/>"},
+        {Bytes("<?xml encoding='finf' standalone='no'?>") + kHeader + r + Octets({0xFF}), "<r/>"},
         // Every optional header component, then the root.
         {Octets({0xE0, 0x00, 0x00, 0x01, 0x5F}) + SequenceLength(1) + Identifier("id") + Identifier("data") +
              Octets({0xC3}) + Identifier("n") + Identifier("s") + Identifier("p") + Octets({0xF0}) + Octets({0xD1}) +
              Identifier("e") + Identifier("s") + Identifier("p") + Identifier("n") + Octets({0xF0}) +
              Identifier("UTF-8") + Octets({0x01}) + Value(0, 0, "1.0") + r + Octets({0xFF}),
-         "{}r\n"},
+         "<r/>"},
         // Attributes then 0xFF close only the element; 0xFF after a child closes two.
-        {kHeader + Octets({0x7C}) + Identifier("r") + Octets({0x78}) + Identifier("a") + Octets({0xFF, 0xFF, 0xF0}),
-         "{}r\n  @{}a=\n"},
+        {RootA(Octets({0xFF, 0xFF, 0xF0})), "<r a=''/>"},
         {kHeader + r + Octets({0x3C}) + Identifier("c") + r + Octets({0xFF, 0x3C}) + Identifier("d") +
              Octets({0xFF, 0xF0}),
-         "{}r\n  {}c\n    {}r\n  {}d\n"},
+         "<r><c><r/></c><d/></r>"},
         // Text joins across comments, PIs, entity references and children; carriage returns go.
         {Root(Chunk(0, 0, "a\r") + comment + Chunk(0, 0, "b") + pi + Octets({0xCB}) + Identifier("e") +
               Identifier("s") + Identifier("p") + Octets({0x3C}) + Identifier("c") + Octets({0xF0}) +
               Chunk(0, 0, "c")),
-         "{}r\n  T abc\n  {}c\n"},
+         "<r>abc<c/></r>"},
         // Prefix and namespace 1 are built in; a declaration of the default namespace has no prefix.
         {kHeader + Octets({0x78, 0xCD}) + Identifier("urn:d") + Octets({0xF0, 0x3D}) + IdentifierIndex(2) +
              Identifier("r") + Octets({0x7B}) + IdentifierIndex(1) + IdentifierIndex(1) + Identifier("lang") +
              Value(0, 0, "en") + Octets({0xFF, 0xF0}),
-         "N =urn:d\n{urn:d}r\n  @{http://www.w3.org/XML/1998/namespace}lang=en\n"},
-        // Added values come back by index; one without the add bit takes no place.
-        {kHeader + Octets({0x7C}) + Identifier("r") + Octets({0x78}) + Identifier("a") + Value(0, 0, "one", true) +
-             Octets({0x78}) + Identifier("b") + Value(0, 0, "two") + Octets({0x00, 0x80, 0x01, 0xFF, 0xFF, 0xF0}),
-         "{}r\n  @{}a=one\n  @{}b=two\n  @{}a=one\n  @{}b=\n"},
-        {Root(Chunk(0, 0, "x", true) + Octets({0xA0})), "{}r\n  T xx\n"},
+         "<r xmlns='urn:d' xml:lang='en'/>"},
+        {Root(Chunk(0, 0, "x", true) + Octets({0xA0})), "<r>xx</r>"},
     };
-    for (const Case& c : cases) EXPECT_EQ(DescribeBytes(c.bytes), c.tree);
-
-    // Not binary documents: the text parser gets them and fails on them.
-    for (const Bytes& text : {Octets({0xE0, 0x00, 0x00, 0x01}),
-                              Bytes("<?xml version=\"1.0\" encoding=\"finf\"?>") + kHeader + r + Octets({0xFF}),
-                              Bytes("<?xml encoding='finf'?>") + Octets({0xE0, 0x00, 0x00})})
-        EXPECT_FALSE(IsReaderFailure(Failure(text)));
-    // Text given as a string never takes the binary route.
+    // Texts that only look like binary documents are checked in XmlDocumentStreamTest.
+    for (const auto& [bytes, xml] : cases) EXPECT_EQ(Tree(bytes), Tree(xml)) << xml;
+    // Added values come back by index; one without the add bit takes no place. The names
+    // repeat by index too, which no text document can do.
     CXmlDocument document;
-    EXPECT_THROW(document.LoadXml((kHeader + r + Octets({0xFF})).c_str()), COrvexException);
-    EXPECT_THROW_MSG(document.LoadXmlStream(nullptr, 0), COrvexException, "XML Stream is empty!");
+    Load(document, RootA(Value(0, 0, "one", true) + Octets({0x78}) + Identifier("b") + Value(0, 0, "two") +
+                         Octets({0x00, 0x80, 0x01, 0xFF, 0xFF, 0xF0})));
+    std::string attributes;
+    for (const CXmlAttribute* a : document.GetDocumentElement()->GetAttributes())
+        attributes += a->GetLocalName() + "=" + a->GetValue() + " ";
+    EXPECT_EQ(attributes, "a=one b=two a=one b= ");
 }
 
 TEST(FastInfosetReader, TreesCopiedFromTablesHaveABudget)
@@ -351,23 +317,15 @@ TEST(FastInfosetReader, TreesCopiedFromTablesHaveABudget)
     EXPECT_EQ(Failure(Root(body)), "Failed to parse FastInfoset. The document expands far beyond its own size.");
 }
 
-TEST(FastInfosetReader, VectorsReadIntoTheTreeOfTheirXml)
+TEST(FastInfosetReader, VectorsReadIntoTheTreeOfTheirXmlAndEveryDamageFailsCleanly)
 {
     const std::vector<std::string> files = VectorFiles();
     ASSERT_GE(files.size(), 25u);
     for (const std::string& file : files) {
         SCOPED_TRACE(file);
-        const std::string xml = ReadFile(kVectors + "/" + file.substr(0, file.find('.')) + ".xml");
-        const std::string expected = DescribeBytes(xml);
-        EXPECT_EQ(DescribeBytes(ReadFile(kVectors + "/" + file)), expected);
-    }
-}
-
-TEST(FastInfosetReader, EveryTruncationAndOctetCorruptionFailsCleanly)
-{
-    for (const std::string& file : VectorFiles()) {
-        SCOPED_TRACE(file);
-        const Bytes bytes = ReadFile(kVectors + "/" + file);
+        const Bytes bytes = OrvexTest::ReadBinaryFile(kVectors + "/" + file);
+        EXPECT_EQ(Tree(bytes),
+                  Tree(OrvexTest::ReadBinaryFile(kVectors + "/" + file.substr(0, file.find('.')) + ".xml")));
         // Vectors under 4 KB are cut at every length, larger ones at a stride; the fuzz
         // target covers the rest.
         const std::size_t cutStride = bytes.size() < 4096 ? 1 : bytes.size() / 200;

@@ -27,12 +27,8 @@ inline std::string Hex(const std::string& bytes)
 {
     static const char digits[] = "0123456789ABCDEF";
     std::string text;
-    for (unsigned char c : bytes) {
-        if (!text.empty()) text += ' ';
-        text += digits[c >> 4];
-        text += digits[c & 15];
-    }
-    return text;
+    for (unsigned char c : bytes) text += {' ', digits[c >> 4], digits[c & 15]};
+    return text.empty() ? text : text.substr(1);
 }
 
 inline std::string ReadBinaryFile(const std::string& path)

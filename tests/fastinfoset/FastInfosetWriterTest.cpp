@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <tuple>
 #include <vector>
 
 #include "FastInfosetTestSupport.h"
@@ -18,11 +19,7 @@ const std::string XmlNs = "http://www.w3.org/XML/1998/namespace";
 
 TEST(FastInfosetWriter, SmallDocumentsGiveTheseOctets)
 {
-    struct Case
-    {
-        const char* script;
-        const char* octets;
-    } cases[] = {
+    const std::pair<const char*, const char*> cases[] = {
         // The smallest document: one octet ends both the root and the document.
         {"D0|<a|>|E", "E0 00 00 01 00 3C 00 61 FF"},
         // Empty text writes no chunk but closes the start tag, attributes and all.
@@ -53,26 +50,23 @@ TEST(FastInfosetWriter, SmallDocumentsGiveTheseOctets)
         // Two documents from one writer: the tables start afresh.
         {"D0|<a|>|E|D0|<a|>|E", "E0 00 00 01 00 3C 00 61 FF"},
     };
-    for (const Case& c : cases) EXPECT_EQ(Hex(WriteFastInfosetScript(c.script)), c.octets) << c.script;
+    for (const auto& c : cases) EXPECT_EQ(Hex(WriteFastInfosetScript(c.first)), c.second) << c.first;
 }
 
 TEST(FastInfosetWriter, DeclarationsHaveTheirTexts)
 {
-    const char* texts[] = {nullptr,
-                           "<?xml encoding='finf'?>",
-                           "<?xml encoding='finf' standalone='yes'?>",
-                           "<?xml encoding='finf' standalone='no'?>",
-                           "<?xml version='1.0' encoding='finf'?>",
-                           "<?xml version='1.0' encoding='finf' standalone='yes'?>",
-                           "<?xml version='1.0' encoding='finf' standalone='no'?>",
-                           "<?xml version='1.1' encoding='finf'?>",
-                           "<?xml version='1.1' encoding='finf' standalone='yes'?>",
-                           "<?xml version='1.1' encoding='finf' standalone='no'?>"};
+    // 1 to 9: versions none, 1.0 and 1.1, each with standalone absent, yes and no.
     for (int n = 0; n < 10; ++n) {
-        const char* text = GetFInfoDeclText(static_cast<FInfoDecl>(n));
-        EXPECT_EQ(text ? std::string(text) : "(null)", texts[n] ? std::string(texts[n]) : "(null)");
-        const std::string written = WriteFastInfosetScript("D" + std::to_string(n) + "|<a|>|E");
-        EXPECT_EQ(written, std::string(texts[n] ? texts[n] : "") + std::string("\xE0\0\0\x01\0\x3C\0\x61\xFF", 9));
+        std::string text;
+        if (n) {
+            const char* versions[] = {"", "version='1.0' ", "version='1.1' "};
+            const char* standalones[] = {"", " standalone='yes'", " standalone='no'"};
+            text = std::string("<?xml ") + versions[(n - 1) / 3] + "encoding='finf'" + standalones[(n - 1) % 3] + "?>";
+        }
+        const char* declared = GetFInfoDeclText(static_cast<FInfoDecl>(n));
+        EXPECT_EQ(declared ? std::string(declared) : "(null)", n ? text : "(null)");
+        EXPECT_EQ(WriteFastInfosetScript("D" + std::to_string(n) + "|<a|>|E"),
+                  text + std::string("\xE0\0\0\x01\0\x3C\0\x61\xFF", 9));
     }
     EXPECT_EQ(GetFInfoDeclText(static_cast<FInfoDecl>(10)), nullptr);
     EXPECT_EQ(GetFInfoDeclText(static_cast<FInfoDecl>(-1)), nullptr);
@@ -98,11 +92,7 @@ std::string LargeScript()
 TEST(FastInfosetWriter, WritesTheBytesOfTheJavaLibrary)
 {
     const std::string xsi = "http://www.w3.org/2001/XMLSchema-instance";
-    struct Case
-    {
-        const char* vector;
-        std::string script;
-    } cases[] = {
+    const std::tuple<const char*, std::string> cases[] = {  // vector, script
         {"attribute-text", "D0|<a|@x=1|#hi|>|E"},
         {"siblings", "D0|<r|<c|>|<c|>|>|E"},
         // The writer's map ascending by URI after the default namespace.
@@ -120,84 +110,51 @@ TEST(FastInfosetWriter, WritesTheBytesOfTheJavaLibrary)
                    "<c|#\xC3\xBC|>|#\xC3\xBC|>|E"},
         {"large", LargeScript()},
     };
-    for (const Case& c : cases) {
-        const std::string expected = ReadBinaryFile(VectorPath(std::string(c.vector) + ".finf"));
-        ASSERT_FALSE(expected.empty()) << c.vector;
-        EXPECT_EQ(Hex(WriteFastInfosetScript(c.script)), Hex(expected)) << c.vector;
+    for (const auto& [vector, script] : cases) {
+        const std::string expected = ReadBinaryFile(VectorPath(std::string(vector) + ".finf"));
+        ASSERT_FALSE(expected.empty()) << vector;
+        EXPECT_EQ(Hex(WriteFastInfosetScript(script)), Hex(expected)) << vector;
     }
 }
 
 TEST(FastInfosetWriter, IntegersAndLengthsTakeTheirFormsAtEachBoundary)
 {
     using Fn = void (*)(std::string&, unsigned char, std::uint32_t);
-    struct Case
-    {
-        Fn fn;
-        unsigned char bits;
-        std::uint32_t value;
-        const char* octets;
-    } cases[] = {
-        {Detail::WriteIntegerOnSecondBit, 0x80, 1, "80"},
-        {Detail::WriteIntegerOnSecondBit, 0x80, 64, "BF"},
-        {Detail::WriteIntegerOnSecondBit, 0x80, 65, "C0 00"},
-        {Detail::WriteIntegerOnSecondBit, 0x80, 8256, "DF FF"},
-        {Detail::WriteIntegerOnSecondBit, 0x80, 8257, "E0 00 00"},
-        {Detail::WriteIntegerOnSecondBit, 0x00, 1u << 20, "6F DF BF"},
-        {Detail::WriteIntegerOnThirdBit, 0x40, 1, "40"},
-        {Detail::WriteIntegerOnThirdBit, 0x00, 32, "1F"},
-        {Detail::WriteIntegerOnThirdBit, 0x00, 33, "20 00"},
-        {Detail::WriteIntegerOnThirdBit, 0x00, 2080, "27 FF"},
-        {Detail::WriteIntegerOnThirdBit, 0x00, 2081, "28 00 00"},
-        {Detail::WriteIntegerOnThirdBit, 0x40, 526368, "6F FF FF"},
-        {Detail::WriteIntegerOnThirdBit, 0x00, 526369, "30 00 00 00"},
-        {Detail::WriteIntegerOnThirdBit, 0x00, 1u << 20, "30 07 F7 DF"},
-        {Detail::WriteIntegerOnFourthBit, 0xA0, 1, "A0"},
-        {Detail::WriteIntegerOnFourthBit, 0xA0, 16, "AF"},
-        {Detail::WriteIntegerOnFourthBit, 0xA0, 17, "B0 00"},
-        {Detail::WriteIntegerOnFourthBit, 0xA0, 1040, "B3 FF"},
-        {Detail::WriteIntegerOnFourthBit, 0xA0, 1041, "B4 00 00"},
-        {Detail::WriteIntegerOnFourthBit, 0xA0, 263184, "B7 FF FF"},
-        {Detail::WriteIntegerOnFourthBit, 0xA0, 263185, "B8 00 00 00"},
-        {Detail::WriteIntegerOnFourthBit, 0xA0, 1u << 20, "B8 0B FB EF"},
+    const Fn i2 = Detail::WriteIntegerOnSecondBit, i3 = Detail::WriteIntegerOnThirdBit,
+             i4 = Detail::WriteIntegerOnFourthBit;
+    const std::tuple<Fn, unsigned char, std::uint32_t, const char*> cases[] = {  // fn, bits, value, octets
+        {i2, 0x80, 1, "80"},          {i2, 0x80, 64, "BF"},         {i2, 0x80, 65, "C0 00"},
+        {i2, 0x80, 8256, "DF FF"},    {i2, 0x80, 8257, "E0 00 00"}, {i2, 0, 1u << 20, "6F DF BF"},
+        {i3, 0x40, 1, "40"},          {i3, 0, 32, "1F"},            {i3, 0, 33, "20 00"},
+        {i3, 0, 2080, "27 FF"},       {i3, 0, 2081, "28 00 00"},    {i3, 0x40, 526368, "6F FF FF"},
+        {i3, 0, 526369, "30 00 00 00"}, {i3, 0, 1u << 20, "30 07 F7 DF"}, {i4, 0xA0, 1, "A0"},
+        {i4, 0xA0, 16, "AF"},         {i4, 0xA0, 17, "B0 00"},      {i4, 0xA0, 1040, "B3 FF"},
+        {i4, 0xA0, 1041, "B4 00 00"}, {i4, 0xA0, 263184, "B7 FF FF"}, {i4, 0xA0, 263185, "B8 00 00 00"},
+        {i4, 0xA0, 1u << 20, "B8 0B FB EF"},
     };
-    for (const Case& c : cases) {
+    for (const auto& [fn, bits, value, octets] : cases) {
         std::string out;
-        c.fn(out, c.bits, c.value);
-        EXPECT_EQ(Hex(out), c.octets) << c.value;
+        fn(out, bits, value);
+        EXPECT_EQ(Hex(out), octets) << value;
     }
 
     using StringFn = void (*)(std::string&, unsigned char, const std::string&);
-    struct StringCase
-    {
-        StringFn fn;
-        std::size_t length;
-        const char* head;
-    } strings[] = {
-        {Detail::WriteStringOnSecondBit, 1, "00"},
-        {Detail::WriteStringOnSecondBit, 64, "3F"},
-        {Detail::WriteStringOnSecondBit, 65, "40 00"},
-        {Detail::WriteStringOnSecondBit, 320, "40 FF"},
-        {Detail::WriteStringOnSecondBit, 321, "60 00 00 00 00"},
-        {Detail::WriteStringOnSecondBit, 70000, "60 00 01 10 2F"},
-        {Detail::WriteStringOnFifthBit, 1, "00"},
-        {Detail::WriteStringOnFifthBit, 8, "07"},
-        {Detail::WriteStringOnFifthBit, 9, "08 00"},
-        {Detail::WriteStringOnFifthBit, 264, "08 FF"},
-        {Detail::WriteStringOnFifthBit, 265, "0C 00 00 00 00"},
-        {Detail::WriteStringOnSeventhBit, 1, "00"},
-        {Detail::WriteStringOnSeventhBit, 2, "01"},
-        {Detail::WriteStringOnSeventhBit, 3, "02 00"},
-        {Detail::WriteStringOnSeventhBit, 258, "02 FF"},
-        {Detail::WriteStringOnSeventhBit, 259, "03 00 00 00 00"},
+    const StringFn s2 = Detail::WriteStringOnSecondBit, s5 = Detail::WriteStringOnFifthBit,
+                   s7 = Detail::WriteStringOnSeventhBit;
+    const std::tuple<StringFn, std::size_t, const char*> strings[] = {  // fn, length, expectedHead
+        {s2, 1, "00"},    {s2, 64, "3F"},  {s2, 65, "40 00"},  {s2, 320, "40 FF"},  {s2, 321, "60 00 00 00 00"},
+        {s2, 70000, "60 00 01 10 2F"},     {s5, 1, "00"},      {s5, 8, "07"},       {s5, 9, "08 00"},
+        {s5, 264, "08 FF"},                {s5, 265, "0C 00 00 00 00"},             {s7, 1, "00"},
+        {s7, 2, "01"},    {s7, 3, "02 00"}, {s7, 258, "02 FF"}, {s7, 259, "03 00 00 00 00"},
     };
-    for (const StringCase& c : strings) {
+    for (const auto& [fn, length, expectedHead] : strings) {
         std::string out;
-        const std::string text(c.length, 'z');
-        c.fn(out, 0, text);
-        const std::string head = std::string(c.head);
+        const std::string text(length, 'z');
+        fn(out, 0, text);
+        const std::string head = std::string(expectedHead);
         const std::size_t headOctets = (head.size() + 1) / 3;
-        ASSERT_EQ(out.size(), headOctets + c.length) << c.length;
-        EXPECT_EQ(Hex(out.substr(0, headOctets)), head) << c.length;
+        ASSERT_EQ(out.size(), headOctets + length) << length;
+        EXPECT_EQ(Hex(out.substr(0, headOctets)), head) << length;
         EXPECT_EQ(out.substr(headOctets), text);
     }
 }
@@ -227,37 +184,24 @@ TEST(FastInfosetWriter, ValuesPastTheVocabularyLimitStayLiterals)
         for (int i = 4; i >= 0; --i, n /= 26) text[i] = static_cast<char>('a' + n % 26);
         return text;
     };
+    std::string fill = "D0|<r";
+    for (std::uint32_t n = 0; n < limit; ++n) fill += "|<c|@v=" + value(n) + "|>";
     CFastInfosetWriter writer;
-    writer.WriteStartDocument(FInfoDecl_None);
-    writer.WriteStartElement("r", "");
-    for (std::uint32_t n = 0; n < limit; ++n) {
-        writer.WriteStartElement("c", "");
-        writer.WriteAttribute("v", "", value(n));
-        writer.WriteEndElement();
-    }
+    RunWriterScript(writer, fill);
     const std::size_t filled = writer.GetOutput().GetLength();
-    const std::string cases[] = {value(limit), value(limit), value(0), value(limit - 1)};
-    for (const std::string& v : cases) {
-        writer.WriteStartElement("c", "");
-        writer.WriteAttribute("v", "", v);
-        writer.WriteEndElement();
-    }
-    writer.WriteEndElement();
-    writer.WriteEndDocument();
+    for (std::uint32_t n : {limit, limit, 0u, limit - 1}) RunWriterScript(writer, "<c|@v=" + value(n) + "|>");
+    RunWriterScript(writer, ">|E");
     const std::string tail = writer.GetOutput().GetString().substr(filled);
     // Each element: its terminator owed from the one before, the surrogate 2 with
     // the attributes bit, the attribute surrogate 1, the value, the end of the attributes.
     const std::string literal = "04 " + Hex(value(limit));
-    EXPECT_EQ(Hex(tail), "F0 41 00 " + literal + " F0 F0 41 00 " + literal + " F0 F0 41 00 80 F0 F0 41 00 EF DF BF F0 FF F0");
+    EXPECT_EQ(Hex(tail),
+              "F0 41 00 " + literal + " F0 F0 41 00 " + literal + " F0 F0 41 00 80 F0 F0 41 00 EF DF BF F0 FF F0");
 }
 
 TEST(FastInfosetWriter, MisusesFailWithTheirMessages)
 {
-    struct Case
-    {
-        const char* script;
-        const char* message;
-    } cases[] = {
+    const std::pair<const char*, const char*> cases[] = {
         {"D0|<a|#t|@x=1", "Attributes must be added before elements"},
         {"D0|<a|#|@x=1", "Attributes must be added before elements"},
         {"D0|<a|<b|>|@x=1", "Attributes must be added before elements"},
@@ -267,8 +211,7 @@ TEST(FastInfosetWriter, MisusesFailWithTheirMessages)
         {"D0|<a|E", "An Element has not been closed."},
         {"D0|>", "There is no open Element to end."},
     };
-    for (const Case& c : cases)
-        EXPECT_THROW_MSG(WriteFastInfosetScript(c.script), COrvexException, c.message) << c.script;
+    for (const auto& c : cases) EXPECT_THROW_MSG(WriteFastInfosetScript(c.first), COrvexException, c.second) << c.first;
     // A second end of the document adds nothing.
     EXPECT_EQ(Hex(WriteFastInfosetScript("D0|<a|>|E|E")), "E0 00 00 01 00 3C 00 61 FF");
 }

@@ -1,10 +1,9 @@
 // Hand-built binary documents for the reader's tests: the integer and length forms at
-// each bit position, and a dump of a loaded tree for comparisons.
+// each bit position.
 #pragma once
 
 #include <cstdint>
 #include <string>
-#include <vector>
 
 #include "orvexxml/xml/XmlDocument.h"
 
@@ -119,36 +118,6 @@ inline const Bytes kHeader = Octets({0xE0, 0x00, 0x00, 0x01, 0x00});
 // A document holding only <r> with body as its content: header, body, end of <r> and
 // of the document.
 inline Bytes Root(const Bytes& body) { return kHeader + Octets({0x3C}) + Identifier("r") + body + Octets({0xFF}); }
-
-// One line per namespace binding, element, attribute and text, in document order.
-inline std::string Describe(const OrvexXmlLib5::CXmlDocument& document)
-{
-    using OrvexXmlLib5::CXmlElement;
-    std::string out;
-    for (const auto& binding : document.GetPrefixTable()) out += "N " + binding.first + "=" + binding.second + "\n";
-    struct Item
-    {
-        const CXmlElement* element;
-        std::size_t depth;
-    };
-    std::vector<Item> pending;
-    if (document.GetDocumentElement()) pending.push_back({document.GetDocumentElement(), 0});
-    while (!pending.empty()) {
-        const Item item = pending.back();
-        pending.pop_back();
-        const std::string indent(item.depth * 2, ' ');
-        out += indent + "{" + item.element->GetNamespaceURI() + "}" + item.element->GetLocalName() + "\n";
-        for (const auto* attribute : item.element->GetAttributes())
-            out += indent + "  @{" + attribute->GetNamespaceURI() + "}" + attribute->GetLocalName() + "=" +
-                   attribute->GetValue() + "\n";
-        if (!item.element->GetText().empty()) out += indent + "  T " + item.element->GetText() + "\n";
-        std::vector<const CXmlElement*> children;
-        for (const CXmlElement* c = item.element->GetFirstElement(); c; c = c->GetNextSiblingElement())
-            children.push_back(c);
-        for (auto c = children.rbegin(); c != children.rend(); ++c) pending.push_back({*c, item.depth + 1});
-    }
-    return out;
-}
 
 inline void Load(OrvexXmlLib5::CXmlDocument& document, const Bytes& bytes)
 {

@@ -6,6 +6,7 @@
 #include <cstdlib>
 #include <new>
 #include <string>
+#include <tuple>
 
 #include "TestUtil.h"
 #include "orvexxml/platform/CodePage.h"
@@ -82,26 +83,23 @@ const char kSample[] = "<\xC3\xA9 xmlns:\xC3\xA4='urn:\xC3\xA4' \xC3\xA4:n='\xC3
 
 TEST_F(ExpatReader, LocalEncodingsConvertNamesValuesTextAndPrefixes)
 {
-    struct Case
-    {
-        unsigned int codePage;
-        std::string name, prefix, uri, value, text;
-    } cases[] = {
+    // Code page, then the root's name, the prefix, its URI, the attribute's value and the text.
+    const std::tuple<unsigned int, std::string, std::string, std::string, std::string, std::string> cases[] = {
         {65001, "\xC3\xA9", "\xC3\xA4", "urn:\xC3\xA4", "\xC3\xBC", "\xE2\x82\xAC \xE4\xB8\xAD"},
         {3, "\xC3\xA9", "\xC3\xA4", "urn:\xC3\xA4", "\xC3\xBC", "\xE2\x82\xAC \xE4\xB8\xAD"},
         {1252, "\xE9", "\xE4", "urn:\xE4", "\xFC", "\x80 ?"},
         {28591, "\xE9", "\xE4", "urn:\xE4", "\xFC", "? ?"},
     };
-    for (const Case& c : cases) {
-        SetLocalCharEncoding(c.codePage);
+    for (const auto& [codePage, name, prefix, uri, value, text] : cases) {
+        SetLocalCharEncoding(codePage);
         CXmlDocument document;
         document.LoadXml(kSample);
         const CXmlElement* root = document.GetDocumentElement();
-        EXPECT_EQ(root->GetLocalName(), c.name) << c.codePage;
-        EXPECT_EQ(root->GetText(), c.text) << c.codePage;
-        EXPECT_EQ(root->GetAttribute("n", c.uri), c.value) << c.codePage;
-        EXPECT_EQ(root->GetFirstElement()->GetNamespaceURI(), c.uri) << c.codePage;
-        EXPECT_EQ(document.LookupNamespaceFromAlias(c.prefix.c_str()), c.uri) << c.codePage;
+        EXPECT_EQ(root->GetLocalName(), name) << codePage;
+        EXPECT_EQ(root->GetText(), text) << codePage;
+        EXPECT_EQ(root->GetAttribute("n", uri), value) << codePage;
+        EXPECT_EQ(root->GetFirstElement()->GetNamespaceURI(), uri) << codePage;
+        EXPECT_EQ(document.LookupNamespaceFromAlias(prefix.c_str()), uri) << codePage;
     }
 }
 

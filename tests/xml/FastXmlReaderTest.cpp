@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <string>
 
 #include "orvexxml/xml/XmlDocument.h"
@@ -115,40 +116,34 @@ TEST(FastXmlReader, LeavesToExpatWhatItIsNotCertainOf)
 }
 
 // Beyond its limit of attributes an element goes to Expat, which finds doubled names
-// without comparing every pair; up to the limit the fast reader takes it.
-TEST(FastXmlReader, LeavesElementsWithManyAttributesToExpat)
+// without comparing every pair. Prefixes are looked up by walking the declarations in
+// scope, so a document that keeps more of them than the limit goes to Expat and its
+// hash tables. Up to each limit the fast reader takes the document.
+TEST(FastXmlReader, LeavesManyAttributesOrDeclarationsInScopeToExpat)
 {
-    for (std::size_t count : {CFastXmlReader::MaxAttributes, CFastXmlReader::MaxAttributes + 1}) {
+    const auto attributes = [](std::size_t count) {
         std::string text = "<a";
         for (std::size_t i = 0; i < count; ++i) text += " n" + std::to_string(i) + "='" + std::to_string(i) + "'";
-        text += "/>";
-        const std::string fast = FastTree(text, SchemaType_Namespaced);
-        if (count > CFastXmlReader::MaxAttributes)
-            EXPECT_EQ(fast, "left");
-        else
-            EXPECT_EQ(fast, ExpatTree(text, SchemaType_Namespaced));
-    }
-}
-
-// Prefixes are looked up by walking the declarations in scope, so a document that
-// keeps more of them in scope than the limit goes to Expat and its hash tables.
-TEST(FastXmlReader, LeavesDocumentsWithManyDeclarationsInScopeToExpat)
-{
-    for (std::size_t count : {CFastXmlReader::MaxBindings, CFastXmlReader::MaxBindings + 1}) {
+        return text + "/>";
+    };
+    const auto declarations = [](std::size_t count) {
         std::string text, close;
-        for (std::size_t i = 0; i < count; i += 4) {
+        for (std::size_t i = 0; i < count; i += 4, close += "</e>") {
             text += "<e";
             for (std::size_t j = i; j < i + 4 && j < count; ++j) text += " xmlns:p" + std::to_string(j) + "='u'";
             text += ">";
-            close = "</e>" + close;
         }
-        text += close;
-        const std::string fast = FastTree(text, SchemaType_Namespaced);
-        if (count > CFastXmlReader::MaxBindings)
-            EXPECT_EQ(fast, "left");
-        else
-            EXPECT_EQ(fast, ExpatTree(text, SchemaType_Namespaced));
-    }
+        return text + close;
+    };
+    const std::pair<std::function<std::string(std::size_t)>, std::size_t> cases[] = {
+        {attributes, CFastXmlReader::MaxAttributes}, {declarations, CFastXmlReader::MaxBindings}};
+    for (const auto& c : cases)
+        for (std::size_t count : {c.second, c.second + 1}) {
+            const std::string text = c.first(count);
+            EXPECT_EQ(FastTree(text, SchemaType_Namespaced),
+                      count > c.second ? "left" : ExpatTree(text, SchemaType_Namespaced))
+                << count;
+        }
 }
 
 // A tree the fast reader gave up on halfway is emptied before Expat reads: a failed

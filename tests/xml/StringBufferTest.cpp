@@ -1,6 +1,7 @@
 #include "orvexxml/xml/StringBuffer.h"
 
 #include <string>
+#include <tuple>
 
 #include "TestUtil.h"
 
@@ -8,9 +9,13 @@ using namespace OrvexXmlLib5;
 
 namespace {
 
-TEST(StringBuffer, ChunkBoundaryAndJoin)
+TEST(StringBuffer, ChunkBoundaryJoinAndEmptyText)
 {
     CStringBuffer buffer(0x10000);
+    buffer.Append(std::string());
+    buffer.Append("", 0);
+    buffer.Append(static_cast<const char*>(nullptr));
+    EXPECT_EQ(0u, buffer.GetChunkCount());  // empty text makes no chunk, even the first
     EXPECT_EQ("", buffer.GetString());
     const std::string full(65535, 'x');
     buffer.Append(full);
@@ -23,8 +28,9 @@ TEST(StringBuffer, ChunkBoundaryAndJoin)
     buffer.Append("z");
     EXPECT_EQ(full + "yz", buffer.GetString());
     buffer.Reset();
-    buffer.Append(static_cast<const char*>(nullptr));
-    EXPECT_EQ(0u, buffer.GetChunkCount());
+    buffer.Append(std::string());
+    buffer.Append("c", 1);
+    EXPECT_EQ("c", buffer.GetString());
 }
 
 TEST(StringBuffer, CopyStringGivesTheTextAndKeepsTheChunks)
@@ -41,74 +47,31 @@ TEST(StringBuffer, CopyStringGivesTheTextAndKeepsTheChunks)
         EXPECT_EQ(chunks, buffer.GetChunkCount());
     }
     EXPECT_EQ(expected, buffer.GetString());
-    EXPECT_EQ(expected, buffer.CopyString());
 }
 
-TEST(StringBuffer, EmptyTextAppendsNothingEvenBeforeTheFirstChunk)
+TEST(StringBuffer, EscapingAnywhereAcrossChunks)
 {
-    CStringBuffer buffer(16);
-    buffer.Append(std::string());
-    buffer.Append("", 0);
-    EXPECT_EQ(0u, buffer.GetChunkCount());
-    EXPECT_EQ("", buffer.GetString());
-    buffer.Append("ab");
-    buffer.Reset();
-    buffer.Append(std::string());
-    buffer.Append("c", 1);
-    EXPECT_EQ("c", buffer.GetString());
-}
-
-TEST(StringBuffer, TextSplitsAnywhereAcrossChunks)
-{
-    // Multi-byte characters, entities and CR LF fall across the boundary at every offset.
-    const struct
-    {
-        std::size_t fill;
-        const char* text;
-        EOLType eol;
-        const char* expected;
-    } cases[] = {
-        {65534, "\xC3\xA9", EOL_LF, "\xC3\xA9"},          {65533, "\xE2\x82\xAC", EOL_LF, "\xE2\x82\xAC"},
-        {65534, "\xF0\x9F\x98\x80", EOL_LF, "\xF0\x9F\x98\x80"}, {65534, "a\nb", EOL_CRLF, "a\r\nb"},
-        {65533, "a\nb", EOL_CRLF, "a\r\nb"},              {65534, "\r\n", EOL_CRLF, "\r\n"},
-        {65532, "&amp;", EOL_LF, "&amp;amp;"},            {65535, "\"", EOL_LF, "&quot;"},
+    // Each text after fill bytes, so that multi-byte characters, entities and CR LF
+    // fall across the chunk boundary.
+    const std::tuple<std::size_t, const char*, EOLType, const char*> cases[] = {  // fillSize, text, eol, expected
+        {0, "a<b&\"c\">", EOL_LF, "a&lt;b&amp;&quot;c&quot;&gt;"}, {0, "it's\tx", EOL_LF, "it's\tx"},
+        {0, "a\r\nb", EOL_LF, "a\nb"},          {0, "lone\rcr\r", EOL_CRLF, "lonecr"},
+        {0, "", EOL_CRLF, ""},                  {65534, "\xC3\xA9", EOL_LF, "\xC3\xA9"},
+        {65533, "\xE2\x82\xAC", EOL_LF, "\xE2\x82\xAC"}, {65534, "\xF0\x9F\x98\x80", EOL_LF, "\xF0\x9F\x98\x80"},
+        {65534, "a\nb", EOL_CRLF, "a\r\nb"},    {65533, "a\r\nb\n", EOL_CRLF, "a\r\nb\r\n"},
+        {65532, "&amp;", EOL_LF, "&amp;amp;"},  {65535, "\"", EOL_LF, "&quot;"},
+        {65534, "\r\n", EOL_CRLF, "\r\n"},
     };
-    for (const auto& c : cases) {
+    for (const auto& [fillSize, text, eol, expected] : cases) {
         for (unsigned long chunkSize : {0x10000ul, 3ul}) {
             CStringBuffer buffer(chunkSize);
-            const std::string fill(c.fill, '.');
+            const std::string fill(fillSize, '.');
             buffer.Append(fill);
-            buffer.AppendEscaped(c.text, c.eol);
-            EXPECT_EQ(fill + c.expected, buffer.GetString()) << c.fill << " " << c.text;
+            buffer.AppendEscaped(text, eol);
+            EXPECT_EQ(fill + expected, buffer.GetString()) << fillSize << " " << text;
         }
     }
-}
-
-TEST(StringBuffer, EscapingTable)
-{
-    const struct
-    {
-        const char* text;
-        EOLType eol;
-        const char* expected;
-    } cases[] = {
-        {"a<b&\"c\">", EOL_LF, "a&lt;b&amp;&quot;c&quot;&gt;"},
-        {"it's\tx", EOL_LF, "it's\tx"},
-        {"a\r\nb", EOL_LF, "a\nb"},
-        {"a\r\nb\n", EOL_CRLF, "a\r\nb\r\n"},
-        {"lone\rcr\r", EOL_CRLF, "lonecr"},
-        {"caf\xC3\xA9 \xE2\x82\xAC", EOL_LF, "caf\xC3\xA9 \xE2\x82\xAC"},
-        {"", EOL_CRLF, ""},
-    };
-    for (const auto& c : cases) {
-        CStringBuffer buffer(0x10000);
-        buffer.AppendEscaped(c.text, c.eol);
-        EXPECT_EQ(c.expected, buffer.GetString()) << c.text;
-    }
-}
-
-TEST(StringBuffer, InvalidEolFailsBeforeAppending)
-{
+    // An invalid line end fails before anything is appended.
     CStringBuffer buffer(0x10000);
     buffer.Append("kept");
     EXPECT_THROW_MSG(buffer.AppendEscaped("a\nb", static_cast<EOLType>(2)), COrvexException, "Invalid EOL type.");

@@ -16,14 +16,9 @@
 
 namespace OrvexTest {
 
-// The enumeration that a writer's WriteStartDocument takes.
-template <typename T>
-struct StartDocumentArgument;
+// The enumeration that a writer's WriteStartDocument takes (declared only, for decltype).
 template <typename C, typename A>
-struct StartDocumentArgument<void (C::*)(A)>
-{
-    typedef A type;
-};
+A StartDocumentArgument(void (C::*)(A));
 
 template <typename Writer>
 void RunWriterScript(Writer& w, const std::string& script)
@@ -50,8 +45,8 @@ void RunWriterScript(Writer& w, const std::string& script)
             case '+': w.AddNamespace(first, second); break;
             case '=': w.SetDefaultNamespace(rest); break;
             case 'D':
-                w.WriteStartDocument(static_cast<typename StartDocumentArgument<decltype(&Writer::WriteStartDocument)>::type>(
-                    std::atoi(rest.c_str())));
+                w.WriteStartDocument(
+                    static_cast<decltype(StartDocumentArgument(&Writer::WriteStartDocument))>(std::atoi(rest.c_str())));
                 break;
             case 'E': w.WriteEndDocument(); break;
             case '@':

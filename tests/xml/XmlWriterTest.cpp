@@ -58,8 +58,6 @@ TEST(XmlWriterContext, ChildSharesScopeUntilItChanges)
 TEST(XmlWriterScopes, DeclarationsLiveAndDieWithTheirElement)
 {
     const std::pair<const char*, const char*> cases[] = {
-        // Siblings each declare a namespace that neither root nor parent declared.
-        {"<root|<a urn:n|>|<b urn:n|>|>", "<root><AA:a xmlns:AA=\"urn:n\"/><AA:b xmlns:AA=\"urn:n\"/></root>"},
         // Descendants use an ancestor's prefix and declare nothing.
         {"<root|<a urn:n|<b urn:n|@at urn:n=1|<c urn:m|>|>|<d urn:m|>|>|>",
          "<root><AA:a xmlns:AA=\"urn:n\"><AA:b AA:at=\"1\"><AB:c xmlns:AB=\"urn:m\"/></AA:b>"
