@@ -213,18 +213,19 @@ bool CFastXmlReader::SkipSpace()
         const unsigned char c = *m_p;
         if (c == ' ' || c == '\t') {
             ++m_p;
-        } else if (c == '\n') {
-            ++m_p;
-            NewLine(m_p);
-        } else if (c == '\r') {
-            ++m_p;
-            if (m_p < m_end && *m_p == '\n') ++m_p;
-            NewLine(m_p);
+        } else if (c == '\n' || c == '\r') {
+            LineEnd();
         } else {
             break;
         }
     }
     return m_p != start;
+}
+
+void CFastXmlReader::LineEnd()
+{
+    if (*m_p++ == '\r' && m_p < m_end && *m_p == '\n') ++m_p;
+    NewLine(m_p);
 }
 
 void CFastXmlReader::NewLine(const unsigned char* next)
@@ -285,13 +286,8 @@ void CFastXmlReader::OtherChar()
         MultiByte();
     } else if (c == '\t') {
         ++m_p;
-    } else if (c == '\n') {
-        ++m_p;
-        NewLine(m_p);
-    } else if (c == '\r') {
-        ++m_p;
-        if (m_p < m_end && *m_p == '\n') ++m_p;
-        NewLine(m_p);
+    } else if (c == '\n' || c == '\r') {
+        LineEnd();
     } else {
         GiveUp();
     }
@@ -363,8 +359,7 @@ void CFastXmlReader::Content()
         const unsigned char c = *m_p;
         // Line ends, tabs, ']' and UTF-8 sequences stay in the run as they are.
         if (c == '\n') {
-            ++m_p;
-            NewLine(m_p);
+            LineEnd();
             continue;
         }
         if (c >= 0x80) {
@@ -383,9 +378,7 @@ void CFastXmlReader::Content()
         AppendText(segment, m_p);
         if (c == '\r') {
             // A line end is one line feed, however it is written.
-            ++m_p;
-            if (m_p < m_end && *m_p == '\n') ++m_p;
-            NewLine(m_p);
+            LineEnd();
             AppendText("\n");
         } else if (c == '&') {
             m_scratch.clear();

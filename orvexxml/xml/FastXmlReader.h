@@ -117,6 +117,9 @@ private:
     void Reference(std::string& out, bool keepCR);
     std::string_view AttributeValue();
     void NewLine(const unsigned char* next);
+    // At a line feed or a carriage return: moves past the line end ("\r\n" is one)
+    // and starts the next line.
+    void LineEnd();
     std::uint64_t Column(const unsigned char* at) const;
     // Text of the open element, as the tree keeps it.
     void AppendText(const unsigned char* from, const unsigned char* to);
