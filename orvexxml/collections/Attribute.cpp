@@ -124,7 +124,7 @@ CXmlElement* CAttributeCol::FromXml_Int(CXmlElement* element, CXmlElement* first
                                         const CXmlSerializationContext&, bool)
 {
     if (!element) return firstChild;
-    for (const CXmlAttribute* attribute : element->GetAttributes()) {
+    for (const CXmlAttribute* attribute : element->GetAttributeSpan()) {
         if (!IsNamespaceValid(attribute->GetNamespaceURI().c_str(), m_namespaceRestriction.c_str(),
                               m_targetNamespace.c_str()))
             throw COrvexInvalidNamespaceException(

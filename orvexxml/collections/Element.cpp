@@ -130,10 +130,10 @@ void CElement::CopyXmlElement(CXmlElement* element)
     const Detail::CNestingGuard guard;
     m_name = element->GetLocalName();
     m_namespace = element->GetNamespaceURI();
-    m_text = element->GetText();
+    m_text = element->GetTextView();
     m_attributes->Clear();
     m_children->Clear();
-    for (const CXmlAttribute* attribute : element->GetAttributes())
+    for (const CXmlAttribute* attribute : element->GetAttributeSpan())
         m_attributes->Add(attribute->GetLocalName().c_str(), attribute->GetValue().c_str(),
                           attribute->GetNamespaceURI().c_str());
     for (CXmlElement* child = element->GetFirstElement(); child; child = child->GetNextSiblingElement()) {
@@ -190,7 +190,7 @@ CXmlElement* CElement::FromXml_Int(CXmlElement*, CXmlElement* firstChild, const 
     if (left)
         throw COrvexValidationException(FormatString("Invalid Element [%s] found in element [%s]",
                                                      firstChild->GetLocalName().c_str(), m_name.c_str()));
-    m_text = firstChild->GetText();
+    m_text = firstChild->GetTextView();
     m_name = firstChild->GetLocalName();
     m_namespace = firstChild->GetNamespaceURI();
     return firstChild->GetNextSiblingElement();

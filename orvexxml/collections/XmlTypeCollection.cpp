@@ -29,7 +29,7 @@ CXmlElement* CXmlTypeCollection::FromXml_Int(CXmlElement*, CXmlElement* firstChi
     const std::string namespaceUri = GetNamespace();
     CXmlElement* current = firstChild;
     while (current && DoesElementNameMatch(context, current, name.c_str(), namespaceUri.c_str())) {
-        AddFromString(current->GetText());
+        AddFromString(std::string(current->GetTextView()));
         current = current->GetNextSiblingElement();
     }
     return current;

@@ -16,6 +16,7 @@
 #include "orvexxml/metadata/ParentElementInfo.h"
 #include "orvexxml/xml/XmlDocument.h"
 #include "orvexxml/xml/XmlWriter.h"
+#include "orvexxml/xml/detail/TextLease.h"
 
 namespace OrvexXmlLib5 {
 
@@ -270,8 +271,9 @@ CXmlElement* CXmlGeneratedClass::FromXmlBody(CXmlElement* element, CXmlElement* 
 
     const int textIndex = info->GetElementTextPropertyIndex();
     if (textIndex != -1) {
+        Detail::CTextLease text;
         OrvexVariant value;
-        value.SetString(element->GetText());
+        value.SetString(text.Hold(element->GetTextView()));
         AccessProperty(textIndex, false, value);
     }
     return next;
@@ -284,7 +286,7 @@ void CXmlGeneratedClass::ProcessAttributesFromXml(const CXmlSerializationContext
     const int count = GetClassAttributeInfoCount();
     CMarks seen(count);
 
-    for (CXmlAttribute* attribute : element->GetAttributes()) {
+    for (CXmlAttribute* attribute : element->GetAttributeSpan()) {
         if (attribute->IsNamespaceAttribute()) continue;
         bool taken = false;
         for (int i = 0; i < count && !taken; ++i) {

@@ -9,6 +9,7 @@
 #include "orvexxml/frame/detail/ObjectAccess.h"
 #include "orvexxml/xml/XmlDocument.h"
 #include "orvexxml/xml/XmlWriter.h"
+#include "orvexxml/xml/detail/TextLease.h"
 #include "orvexxml/xml/detail/WriterAccess.h"
 
 namespace OrvexXmlLib5Data {
@@ -102,6 +103,25 @@ bool CElementInfo::ElementToXmlCol(const CXmlSerializationContext& context, cons
     if (collection.IsNull() || collection->GetCount() <= 0) return false;
     Detail::CObjectAccess::ToXml(collection->GetBase(), writer, false, m_elementNamespace.c_str(), context, false);
     return true;
+}
+
+void CElementInfo::ElementFromXmlPrim(CXmlGeneratedClass* owner, const CXmlElement* element) const
+{
+    // The variant borrows the leased text, which outlives it.
+    OrvexXmlLib5::Detail::CTextLease text;
+    OrvexVariant value;
+    OrvexXmlLib5::Detail::CVariantAccess::FromTextLent(value, text.Hold(element->GetTextView()), GetItemType(),
+                                                       GetWhitespaceRule());
+    AccessProperty(owner, false, value);
+}
+
+void CElementInfo::ElementFromXmlEnum(CXmlGeneratedClass* owner, const CXmlElement* element,
+                                      EnumFromStringFn fromString) const
+{
+    OrvexVariant value;
+    // The tree's text is followed by a NUL.
+    value.SetI4(fromString ? fromString(element->GetTextView().data()) : 0);
+    AccessProperty(owner, false, value);
 }
 
 bool CElementInfo::ElementToXmlPrim(const CXmlSerializationContext&, const CXmlGeneratedClass* owner,

@@ -129,6 +129,12 @@ protected:
     bool ElementToXmlEnumOpt(const CXmlSerializationContext& context, const CXmlGeneratedClass* owner,
                              CXmlWriter* writer, EnumToStringFn toString) const;
 
+    // Stores the text of element, parsed as the item type under the whitespace
+    // rule, through the owner's AccessProperty.
+    void ElementFromXmlPrim(CXmlGeneratedClass* owner, const CXmlElement* element) const;
+    // Stores what fromString makes of the text of element (0 without fromString).
+    void ElementFromXmlEnum(CXmlGeneratedClass* owner, const CXmlElement* element, EnumFromStringFn fromString) const;
+
     // The two forms of PseudoChildAttributeToXml of the class kinds: only a child
     // type of exactly 1 carries attributes up.
     void PseudoChildObjectAttributesToXml(const CXmlSerializationContext& context, const CXmlGeneratedClass* owner,

@@ -2,7 +2,6 @@
 
 #include "orvexxml/collections/XmlCollectionBase.h"
 #include "orvexxml/frame/FormatString.h"
-#include "orvexxml/data/detail/VariantAccess.h"
 #include "orvexxml/frame/OrvexException.h"
 #include "orvexxml/metadata/detail/ElementReading.h"
 #include "orvexxml/metadata/detail/UntypedReading.h"
@@ -80,9 +79,7 @@ bool CElementInfoChoiceEnumOpt::ElementFromXml(const CXmlSerializationContext& c
                                                CXmlElement*, CXmlElement** current, const char*, XmlElementType)
 {
     if (!IsThisElement(context, *current)) return false;
-    OrvexVariant value;
-    value.SetI4(m_fromString ? m_fromString((*current)->GetText().c_str()) : 0);
-    AccessProperty(owner, false, value);
+    ElementFromXmlEnum(owner, *current, m_fromString);
     *current = (*current)->GetNextSiblingElement();
     return true;
 }
@@ -91,11 +88,7 @@ bool CElementInfoChoicePrimOpt::ElementFromXml(const CXmlSerializationContext& c
                                                CXmlElement*, CXmlElement** current, const char*, XmlElementType)
 {
     if (!IsThisElement(context, *current)) return false;
-    // The variant may borrow the text, which outlives it.
-    const std::string& text = (*current)->GetText();
-    OrvexVariant value;
-    OrvexXmlLib5::Detail::CVariantAccess::FromTextLent(value, text, GetItemType(), GetWhitespaceRule());
-    AccessProperty(owner, false, value);
+    ElementFromXmlPrim(owner, *current);
     *current = (*current)->GetNextSiblingElement();
     return true;
 }

@@ -2,7 +2,6 @@
 
 #include "orvexxml/collections/XmlCollectionBase.h"
 #include "orvexxml/frame/FormatString.h"
-#include "orvexxml/data/detail/VariantAccess.h"
 #include "orvexxml/frame/OrvexException.h"
 #include "orvexxml/metadata/detail/ElementReading.h"
 #include "orvexxml/metadata/detail/UntypedReading.h"
@@ -141,9 +140,7 @@ bool CElementInfoSeqEnumMnd::ElementFromXml(const CXmlSerializationContext& cont
         if (parentType != ElementType_Element) return false;
         if (!RecoverMandatory(context, current)) return true;
     }
-    OrvexVariant value;
-    value.SetI4(m_fromString ? m_fromString((*current)->GetText().c_str()) : 0);
-    AccessProperty(owner, false, value);
+    ElementFromXmlEnum(owner, *current, m_fromString);
     *current = (*current)->GetNextSiblingElement();
     return true;
 }
@@ -152,9 +149,7 @@ bool CElementInfoSeqEnumOpt::ElementFromXml(const CXmlSerializationContext& cont
                                             CXmlElement*, CXmlElement** current, const char*, XmlElementType)
 {
     if (!IsThisElement(context, *current)) return true;
-    OrvexVariant value;
-    value.SetI4(m_fromString ? m_fromString((*current)->GetText().c_str()) : 0);
-    AccessProperty(owner, false, value);
+    ElementFromXmlEnum(owner, *current, m_fromString);
     *current = (*current)->GetNextSiblingElement();
     return true;
 }
@@ -176,11 +171,7 @@ bool CElementInfoSeqPrimMnd::ElementFromXml(const CXmlSerializationContext& cont
             if (!found) return false;
         }
     }
-    // The variant may borrow the text, which outlives it.
-    const std::string& text = (*current)->GetText();
-    OrvexVariant value;
-    OrvexXmlLib5::Detail::CVariantAccess::FromTextLent(value, text, GetItemType(), GetWhitespaceRule());
-    AccessProperty(owner, false, value);
+    ElementFromXmlPrim(owner, *current);
     *current = (*current)->GetNextSiblingElement();
     return true;
 }
@@ -189,11 +180,7 @@ bool CElementInfoSeqPrimOpt::ElementFromXml(const CXmlSerializationContext& cont
                                             CXmlElement*, CXmlElement** current, const char*, XmlElementType)
 {
     if (!IsThisElement(context, *current)) return true;
-    // The variant may borrow the text, which outlives it.
-    const std::string& text = (*current)->GetText();
-    OrvexVariant value;
-    OrvexXmlLib5::Detail::CVariantAccess::FromTextLent(value, text, GetItemType(), GetWhitespaceRule());
-    AccessProperty(owner, false, value);
+    ElementFromXmlPrim(owner, *current);
     *current = (*current)->GetNextSiblingElement();
     return true;
 }

@@ -342,12 +342,12 @@ void CFastXmlReader::Reference(std::string& out, bool keepCR)
 
 void CFastXmlReader::AppendText(const unsigned char* from, const unsigned char* to)
 {
-    if (to > from) m_open->AppendBytes(reinterpret_cast<const char*>(from), static_cast<std::size_t>(to - from));
+    if (to > from) m_document->AppendOpenText(reinterpret_cast<const char*>(from), static_cast<std::size_t>(to - from));
 }
 
 void CFastXmlReader::AppendText(std::string_view text)
 {
-    if (!text.empty()) m_open->AppendBytes(text.data(), text.size());
+    if (!text.empty()) m_document->AppendOpenText(text.data(), text.size());
 }
 
 void CFastXmlReader::Content()
@@ -654,7 +654,7 @@ void CFastXmlReader::OpenNamespaced(std::string_view name, std::uint64_t line, s
     m_stack.push_back(OpenElement{name, mark});
     if (plain == 0) return;
 
-    m_open->m_attributes.reserve(plain);
+    m_open->ReserveAttributes(plain);
     m_resolved.clear();
     for (const Attribute& attribute : m_attributes) {
         if (attribute.declaration) continue;
@@ -678,7 +678,7 @@ void CFastXmlReader::OpenPlain(std::string_view name, std::uint64_t line, std::u
     CXmlDocument::SetElementTextLocation(m_open, line, column);
     m_stack.push_back(OpenElement{name, 0});
     if (m_attributes.empty()) return;
-    m_open->m_attributes.reserve(m_attributes.size());
+    m_open->ReserveAttributes(m_attributes.size());
     for (const Attribute& attribute : m_attributes)
         m_open->AddAttributeView(attribute.name, attribute.value, std::string_view());
 }

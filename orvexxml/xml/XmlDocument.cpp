@@ -78,9 +78,10 @@ CXmlElement::CXmlElement(CXmlDocument* document)
       m_document(document),
       m_nextSibling(nullptr),
       m_firstChild(nullptr),
-      m_lastChild(nullptr),
       m_localName(&SharedEmptyString()),
-      m_namespaceUri(m_localName)
+      m_namespaceUri(m_localName),
+      m_text(nullptr),
+      m_attributes(nullptr)
 {
 }
 
@@ -94,13 +95,24 @@ void CXmlElement::SetNamespace(const std::string& namespaceUri)
     m_namespaceUri = m_document->Intern(namespaceUri);
 }
 
-// Children and attributes belong to the document's node storage, which destroys
-// every node by itself; an element releases only its own strings and vector.
+// Children, attributes, text and attribute list all belong to the document's
+// storage, which frees them by itself: an element owns nothing.
 CXmlElement::~CXmlElement() = default;
+
+const std::string& CXmlElement::GetText() const
+{
+    return m_text ? m_document->TextCopy(this) : SharedEmptyString();
+}
+
+const std::vector<CXmlAttribute*>& CXmlElement::GetAttributes() const
+{
+    static const std::vector<CXmlAttribute*> none;
+    return m_attributes ? m_document->AttributesCopy(this) : none;
+}
 
 const std::string& CXmlElement::GetAttribute(const std::string& localName, const std::string& namespaceUri) const
 {
-    for (const CXmlAttribute* attribute : m_attributes)
+    for (const CXmlAttribute* attribute : GetAttributeSpan())
         if (*attribute->m_localName == localName && *attribute->m_namespaceUri == namespaceUri)
             return attribute->m_value;
     return SharedEmptyString();
@@ -118,24 +130,44 @@ void CXmlElement::AppendText(const char* text, int length)
 
 void CXmlElement::AppendBytes(const char* text, std::size_t length)
 {
-    // A parser hands long text over in many chunks: grow by doubling so that the
-    // text is not reallocated for each chunk.
-    if (!m_text.empty()) {
-        const std::size_t needed = m_text.size() + length;
-        if (needed > m_text.capacity()) m_text.reserve(std::max(needed, 2 * m_text.capacity()));
-    }
-    m_text.append(text, length);
+    m_document->AppendElementText(this, std::string_view(text, length));
 }
 
 CXmlElement* CXmlElement::CreateNewChildElement()
 {
     CXmlElement* child = m_document->NewElement();
-    if (m_lastChild)
-        m_lastChild->m_nextSibling = child;
+    // An open element knows its last child; any other is walked to its end.
+    CXmlElement* last = nullptr;
+    bool open = false;
+    for (std::size_t i = m_document->m_openDepth; i-- > 0 && !open;) {
+        CXmlDocument::OpenElement& entry = m_document->m_openElements[i];
+        if (entry.element == this) {
+            open = true;
+            last = entry.lastChild;
+            entry.lastChild = child;
+        }
+    }
+    if (!open)
+        for (last = m_firstChild; last && last->m_nextSibling;) last = last->m_nextSibling;
+    if (last)
+        last->m_nextSibling = child;
     else
         m_firstChild = child;
-    m_lastChild = child;
     return child;
+}
+
+void CXmlElement::ReserveAttributes(std::size_t capacity)
+{
+    const std::size_t count = m_attributes ? AttributeCount() : 0;
+    if (capacity <= AttributeCapacity()) return;
+    if (capacity > (SIZE_MAX - 2 * sizeof(std::size_t)) / sizeof(CXmlAttribute*)) throw std::bad_alloc();
+    auto* block = static_cast<std::size_t*>(m_document->m_arena.Allocate(
+        2 * sizeof(std::size_t) + capacity * sizeof(CXmlAttribute*), alignof(std::size_t)));
+    block[0] = count;
+    block[1] = capacity;
+    auto** list = reinterpret_cast<CXmlAttribute**>(block + 2);
+    if (count) std::memcpy(list, m_attributes, count * sizeof(CXmlAttribute*));
+    m_attributes = list;
 }
 
 CXmlAttribute* CXmlElement::AddAttribute(const std::string& localName, const std::string& value,
@@ -147,8 +179,17 @@ CXmlAttribute* CXmlElement::AddAttribute(const std::string& localName, const std
 CXmlAttribute* CXmlElement::AddAttributeView(std::string_view localName, std::string_view value,
                                              std::string_view namespaceUri)
 {
+    // The list grows by doubling; a reader that knows the count reserves it first.
+    const std::size_t count = m_attributes ? AttributeCount() : 0;
+    if (count == AttributeCapacity()) ReserveAttributes(count ? 2 * count : 4);
     CXmlAttribute* attribute = m_document->NewAttribute(localName, value, namespaceUri);
-    m_attributes.push_back(attribute);
+    m_attributes[count] = attribute;
+    reinterpret_cast<std::size_t*>(m_attributes)[-2] = count + 1;
+    // A list given out already follows, as the element's own list would.
+    if (!m_document->m_attributeCopies.empty()) {
+        auto copy = m_document->m_attributeCopies.find(this);
+        if (copy != m_document->m_attributeCopies.end()) copy->second.push_back(attribute);
+    }
     return attribute;
 }
 
@@ -186,10 +227,14 @@ void CXmlDocument::Cleanup()
 void CXmlDocument::ClearTree()
 {
     m_documentElement = nullptr;
+    m_openDepth = 0;
     m_openElements.clear();
     m_prefixTable.clear();
+    m_textCopies.clear();
+    m_attributeCopies.clear();
     m_elements.Clear();
     m_attributes.Clear();
+    m_arena.Clear();
     m_nameIndex.clear();
     m_nameCount = 0;
     std::fill(std::begin(m_recentNames), std::end(m_recentNames), nullptr);
@@ -296,23 +341,30 @@ void CXmlDocument::Parse(bool isText)
         ~InputRelease() { document->FreeInput(); }
     } release{this};
 
-    // Text given as a string is always XML text; bytes from a stream or a file may
-    // be compressed, and may be Fast Infoset.
-    bool read = false;
-    if (!isText) {
-        InflateInput();
-        CFastInfosetReader binaryReader(this);
-        read = binaryReader.Parse();
+    // However the readers end, the text of elements left open is kept.
+    try {
+        // Text given as a string is always XML text; bytes from a stream or a file
+        // may be compressed, and may be Fast Infoset.
+        bool read = false;
+        if (!isText) {
+            InflateInput();
+            CFastInfosetReader binaryReader(this);
+            read = binaryReader.Parse();
+        }
+        // Most text is read by the fast reader; what it is not certain of, Expat reads.
+        if (!read) {
+            CFastXmlReader fastReader(this);
+            read = fastReader.Parse();
+        }
+        if (!read) {
+            CExpatReader reader(this);
+            reader.Parse();
+        }
+    } catch (...) {
+        StoreOpenText();
+        throw;
     }
-    // Most text is read by the fast reader; what it is not certain of, Expat reads.
-    if (!read) {
-        CFastXmlReader fastReader(this);
-        read = fastReader.Parse();
-    }
-    if (!read) {
-        CExpatReader reader(this);
-        reader.Parse();
-    }
+    StoreOpenText();
     if (!m_documentElement) {
         Cleanup();
         throw COrvexException("Invalid or empty XML document");
@@ -331,8 +383,17 @@ CXmlElement* CXmlDocument::AddDocElement(const char* namespaceUri, const char* l
     m_documentElement = element;
     element->m_namespaceUri = Intern(namespaceUri ? namespaceUri : "");
     element->m_localName = Intern(localName ? localName : "");
-    m_openElements.push_back(element);
+    PushOpen(element);
     return element;
+}
+
+void CXmlDocument::PushOpen(CXmlElement* element)
+{
+    if (m_openDepth == m_openElements.size()) m_openElements.emplace_back();
+    OpenElement& entry = m_openElements[m_openDepth];
+    entry.element = element;
+    entry.lastChild = nullptr;
+    ++m_openDepth;
 }
 
 CXmlElement* CXmlDocument::AddChildElement(const char* namespaceUri, const char* localName)
@@ -358,12 +419,18 @@ CXmlElement* CXmlDocument::AddInternedElement(const std::string* namespaceUri, c
         m_documentElement = element;
     } else {
         // Only a reader that delivers a second root gets here with nothing open.
-        if (m_openElements.empty()) throw COrvexException("Invalid or empty XML document");
-        element = m_openElements.back()->CreateNewChildElement();
+        if (m_openDepth == 0) throw COrvexException("Invalid or empty XML document");
+        OpenElement& parent = m_openElements[m_openDepth - 1];
+        element = NewElement();
+        if (parent.lastChild)
+            parent.lastChild->m_nextSibling = element;
+        else
+            parent.element->m_firstChild = element;
+        parent.lastChild = element;
     }
     element->m_namespaceUri = namespaceUri;
     element->m_localName = localName;
-    m_openElements.push_back(element);
+    PushOpen(element);
     return element;
 }
 
@@ -381,7 +448,7 @@ void CXmlDocument::AddElementAttributeView(CXmlElement* element, std::string_vie
 
 void CXmlDocument::ReserveAttributes(CXmlElement* element, std::size_t count)
 {
-    element->m_attributes.reserve(count);
+    element->ReserveAttributes(count);
 }
 
 void CXmlDocument::AppendTextExcludingCR(CXmlElement* element, const char* text, unsigned long length)
@@ -416,7 +483,61 @@ void CXmlDocument::AppendTextExcludingCR(CXmlElement* element, const char* text)
 
 void CXmlDocument::EndElement()
 {
-    if (!m_openElements.empty()) m_openElements.pop_back();
+    if (m_openDepth == 0) return;
+    OpenElement& entry = m_openElements[--m_openDepth];
+    if (!entry.text.empty()) {
+        entry.element->m_text = m_arena.StoreText(entry.element->GetTextView(), entry.text);
+        entry.text.clear();
+        // A buffer that took a long text does not keep its size for the next element.
+        if (entry.text.capacity() > 64 * 1024) std::string().swap(entry.text);
+    }
+}
+
+void CXmlDocument::StoreOpenText()
+{
+    for (std::size_t i = 0; i < m_openDepth; ++i) {
+        OpenElement& entry = m_openElements[i];
+        if (entry.text.empty()) continue;
+        const std::string_view stored = entry.element->GetTextView();
+        entry.element->m_text = m_arena.StoreText(stored, entry.text);
+        entry.text.clear();
+    }
+}
+
+void CXmlDocument::AppendElementText(CXmlElement* element, std::string_view text)
+{
+    if (text.empty()) return;
+    for (std::size_t i = m_openDepth; i-- > 0;) {
+        if (m_openElements[i].element == element) {
+            m_openElements[i].text.append(text.data(), text.size());
+            return;
+        }
+    }
+    element->m_text = m_arena.StoreText(element->GetTextView(), text);
+    // A copy given out already follows, as the element's own string would.
+    if (!m_textCopies.empty()) {
+        auto copy = m_textCopies.find(element);
+        if (copy != m_textCopies.end()) copy->second.append(text.data(), text.size());
+    }
+}
+
+const std::string& CXmlDocument::TextCopy(const CXmlElement* element) const
+{
+    std::lock_guard<std::mutex> lock(m_copiesMutex);
+    auto found = m_textCopies.find(element);
+    if (found == m_textCopies.end()) found = m_textCopies.emplace(element, std::string(element->GetTextView())).first;
+    return found->second;
+}
+
+const std::vector<CXmlAttribute*>& CXmlDocument::AttributesCopy(const CXmlElement* element) const
+{
+    std::lock_guard<std::mutex> lock(m_copiesMutex);
+    auto found = m_attributeCopies.find(element);
+    if (found == m_attributeCopies.end()) {
+        const CXmlElement::AttributeSpan span = element->GetAttributeSpan();
+        found = m_attributeCopies.emplace(element, std::vector<CXmlAttribute*>(span.begin(), span.end())).first;
+    }
+    return found->second;
 }
 
 void CXmlDocument::SetNamespaceAlias(std::string_view prefix, std::string_view namespaceUri)
@@ -539,13 +660,21 @@ bool Detail::LoadTextWith(CXmlDocument& document, std::string_view text, TextRea
         CXmlDocument& document;
         ~InputRelease() { document.FreeInput(); }
     } release{document};
-    if (reader == TextReader::Fast) {
-        CFastXmlReader fastReader(&document);
-        return fastReader.Parse();
+    bool read = true;
+    try {
+        if (reader == TextReader::Fast) {
+            CFastXmlReader fastReader(&document);
+            read = fastReader.Parse();
+        } else {
+            CExpatReader expatReader(&document);
+            expatReader.Parse();
+        }
+    } catch (...) {
+        document.StoreOpenText();
+        throw;
     }
-    CExpatReader expatReader(&document);
-    expatReader.Parse();
-    return true;
+    document.StoreOpenText();
+    return read;
 }
 
 }  // namespace OrvexXmlLib5

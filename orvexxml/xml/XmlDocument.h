@@ -9,8 +9,10 @@
 #include <cstdint>
 #include <map>
 #include <memory>
+#include <mutex>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <vector>
 
 #include "orvexxml/frame/InstanceMonitor.h"
@@ -18,6 +20,7 @@
 #include "orvexxml/frame/XmlSerializationContext.h"
 #include "orvexxml/xml/detail/NodePool.h"
 #include "orvexxml/xml/detail/TextReaderChoice.h"
+#include "orvexxml/xml/detail/TreeArena.h"
 
 namespace OrvexXmlLib5 {
 
@@ -61,9 +64,30 @@ private:
 // An element: names, attributes in document order, and its direct character data
 // joined in document order (child elements contribute nothing, carriage returns are
 // dropped). Elements live exactly as long as their document.
+//
+// The tree keeps text and attribute lists in its own compact storage: GetTextView
+// and GetAttributeSpan read them as they are, while GetText and GetAttributes make
+// a std::string or std::vector of them at their first call on an element, which
+// then lives as long as the document.
 class ORVEXXML_API CXmlElement : public CInstanceMonitor
 {
 public:
+    // The attributes of an element in document order, as a range of pointers.
+    class AttributeSpan
+    {
+    public:
+        AttributeSpan(CXmlAttribute* const* first, std::size_t count) : m_first(first), m_count(count) {}
+        CXmlAttribute* const* begin() const { return m_first; }
+        CXmlAttribute* const* end() const { return m_first + m_count; }
+        std::size_t size() const { return m_count; }
+        bool empty() const { return m_count == 0; }
+        CXmlAttribute* operator[](std::size_t index) const { return m_first[index]; }
+
+    private:
+        CXmlAttribute* const* m_first;
+        std::size_t m_count;
+    };
+
     CXmlElement(const CXmlElement&) = delete;
     CXmlElement& operator=(const CXmlElement&) = delete;
 
@@ -78,10 +102,20 @@ public:
     // The name without a prefix (with it, when read without namespace processing).
     const std::string& GetLocalName() const { return *m_localName; }
     // The element's own character data; empty when it has none.
-    const std::string& GetText() const { return m_text; }
+    const std::string& GetText() const;
+    // The same text without a copy; a NUL follows its last byte.
+    std::string_view GetTextView() const
+    {
+        return m_text ? std::string_view(m_text, Detail::CTreeArena::TextLength(m_text)) : std::string_view("", 0);
+    }
     // Every attribute in document order; the xmlns declarations are among them only
     // when the document is read without namespace processing.
-    const std::vector<CXmlAttribute*>& GetAttributes() const { return m_attributes; }
+    const std::vector<CXmlAttribute*>& GetAttributes() const;
+    // The same attributes without a copy of the list.
+    AttributeSpan GetAttributeSpan() const
+    {
+        return m_attributes ? AttributeSpan(m_attributes, AttributeCount()) : AttributeSpan(nullptr, 0);
+    }
     // Value of the first attribute with this local name and namespace URI; an empty
     // string when there is none, which can't be told apart from an empty value.
     const std::string& GetAttribute(const std::string& localName, const std::string& namespaceUri) const;
@@ -110,21 +144,31 @@ protected:
 private:
     friend class CXmlDocument;
     friend class CFastXmlReader;
-    friend class Detail::CNodePool<CXmlElement>;
+    friend class Detail::CNodePool<CXmlElement, false>;
 
     void AppendBytes(const char* text, std::size_t length);
     CXmlAttribute* AddAttributeView(std::string_view localName, std::string_view value,
                                     std::string_view namespaceUri);
+    // The attribute list lives in the document's arena: its count and capacity in
+    // the two words in front of the first pointer.
+    std::size_t AttributeCount() const { return reinterpret_cast<const std::size_t*>(m_attributes)[-2]; }
+    std::size_t AttributeCapacity() const
+    {
+        return m_attributes ? reinterpret_cast<const std::size_t*>(m_attributes)[-1] : 0;
+    }
+    // Makes room for capacity attributes in all, keeping those there are.
+    void ReserveAttributes(std::size_t capacity);
 
     CXmlDocument* m_document;
     CXmlElement* m_nextSibling;
     CXmlElement* m_firstChild;
-    CXmlElement* m_lastChild;
-    std::vector<CXmlAttribute*> m_attributes;
-    std::string m_text;
     // The document's shared copies: a name costs one pointer per element.
     const std::string* m_localName;
     const std::string* m_namespaceUri;
+    // The text in the document's arena; null when there is none.
+    const char* m_text;
+    // The attribute list in the document's arena; null when there is none.
+    CXmlAttribute** m_attributes;
     // The start tag's place, kept small: line (or octet offset) and column.
     std::uint64_t m_sourceLine = 0;
     std::uint32_t m_sourceColumn = 0;
@@ -238,9 +282,14 @@ private:
     static void AppendTextExcludingCR(CXmlElement* element, const char* text, unsigned long length);
     static void AppendTextExcludingCR(CXmlElement* element, const char* text);
     // The element that receives text now; null when none is open.
-    CXmlElement* GetOpenElement() const { return m_openElements.empty() ? nullptr : m_openElements.back(); }
-    // Closes the open element; nothing happens when none is open.
+    CXmlElement* GetOpenElement() const { return m_openDepth ? m_openElements[m_openDepth - 1].element : nullptr; }
+    // Appends length bytes to the text of the element that receives text now; one must be open.
+    void AppendOpenText(const char* text, std::size_t length) { m_openElements[m_openDepth - 1].text.append(text, length); }
+    // Closes the open element, storing its text; nothing happens when none is open.
     void EndElement();
+    // Stores the text gathered so far for every element still open: run when a
+    // reader has finished, also by failing, so that the tree holds all it delivered.
+    void StoreOpenText();
     // Binds prefix to namespaceUri for the whole document, replacing an earlier binding.
     void SetNamespaceAlias(std::string_view prefix, std::string_view namespaceUri);
 
@@ -255,12 +304,32 @@ private:
     std::size_t GetInputLength() const { return m_inputLength; }
 
     CXmlElement* NewElement();
+    // Opens element as the receiver of text and children.
+    void PushOpen(CXmlElement* element);
+    // Appends text to element: to the text being gathered when it is open, else to
+    // its stored text.
+    void AppendElementText(CXmlElement* element, std::string_view text);
+    // A copy of the text or the attribute list of element, made at the first request.
+    const std::string& TextCopy(const CXmlElement* element) const;
+    const std::vector<CXmlAttribute*>& AttributesCopy(const CXmlElement* element) const;
     // The document's one copy of a name or namespace URI, made at its first use.
     const std::string* Intern(std::string_view text);
     CXmlAttribute* NewAttribute(std::string_view localName, std::string_view value, std::string_view namespaceUri);
 
+    // An element between its start and its end: its last child so far, and its text
+    // gathered so far, stored in the arena when the element ends.
+    struct OpenElement
+    {
+        CXmlElement* element;
+        CXmlElement* lastChild;
+        std::string text;
+    };
+
     CXmlElement* m_documentElement;
-    std::vector<CXmlElement*> m_openElements;
+    // The open elements, the innermost last. The entries beyond the depth are kept
+    // for the next elements at that depth, which reuse their text buffers.
+    std::vector<OpenElement> m_openElements;
+    std::size_t m_openDepth = 0;
     std::map<std::string, std::string> m_prefixTable;
     std::unique_ptr<unsigned char[]> m_input;
     const unsigned char* m_inputData = nullptr;  // m_input or borrowed bytes
@@ -271,8 +340,15 @@ private:
     bool m_allowManyEntityDeclarations;
     // Storage of every node of the tree. Links between nodes never own, so the tree
     // is torn down without any walk.
-    Detail::CNodePool<CXmlElement> m_elements;
+    // Elements own nothing (their text and attribute lists are in the arena), so
+    // they are freed without running their destructors.
+    Detail::CNodePool<CXmlElement, false> m_elements;
     Detail::CNodePool<CXmlAttribute> m_attributes;
+    Detail::CTreeArena m_arena;
+    // What GetText and GetAttributes gave out, by element, for the document's life.
+    mutable std::mutex m_copiesMutex;
+    mutable std::unordered_map<const CXmlElement*, std::string> m_textCopies;
+    mutable std::unordered_map<const CXmlElement*, std::vector<CXmlAttribute*>> m_attributeCopies;
     // The names of the tree, each once: the first few in a list, all of them in the
     // index once there are more (its keys view the stored strings). The index is
     // ordered rather than hashed: a document's names are the sender's to choose, and

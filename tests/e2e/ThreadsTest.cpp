@@ -1,7 +1,7 @@
 // Threads that share metadata and an unchanged context (the default one included)
 // read and write their own objects at the same time. Under the ThreadSanitizer
 // build any write to shared state shows as a race; in every build the texts must
-// come out as they do on one thread.
+// come out as they do on one thread. One loaded document is read by many threads too.
 #include <gtest/gtest.h>
 
 #include <atomic>
@@ -13,6 +13,7 @@
 #include "orvexxml/collections/Attribute.h"
 #include "orvexxml/frame/OrvexException.h"
 #include "orvexxml/metadata/PrimitiveRestrictions.h"
+#include "orvexxml/xml/XmlDocument.h"
 
 using namespace OrvexXmlLib5;
 using namespace OrvexExamples;
@@ -100,4 +101,29 @@ TEST(Threads, RestrictionsCopiedWhileAnotherThreadChecksThem)
         copier.join();
     }
     EXPECT_EQ(0, wrong.load());
+}
+
+TEST(Threads, OneLoadedDocumentReadFromManyThreads)
+{
+    // The tree's accessors make their copies of text and attribute lists at the first
+    // call; threads that read one document at once must get the same copies.
+    std::string xml = "<r>";
+    for (int i = 0; i < 200; ++i)
+        xml += "<e n='" + std::to_string(i) + "'>text of element number " + std::to_string(i) + "</e>";
+    CXmlDocument document;
+    document.LoadXml((xml + "</r>").c_str());
+    std::vector<std::vector<const void*>> seen(4);
+    std::vector<std::thread> threads;
+    for (std::vector<const void*>& mine : seen)
+        threads.emplace_back([&document, &mine] {
+            for (const CXmlElement* e = document.GetDocumentElement()->GetFirstElement(); e;
+                 e = e->GetNextSiblingElement()) {
+                mine.push_back(&e->GetText());
+                mine.push_back(&e->GetAttributes());
+                if (e->GetText() != "text of element number " + e->GetAttributes()[0]->GetValue()) mine.clear();
+            }
+        });
+    for (std::thread& thread : threads) thread.join();
+    ASSERT_EQ(seen[0].size(), 400u);
+    for (const std::vector<const void*>& other : seen) EXPECT_EQ(other, seen[0]);
 }

@@ -144,7 +144,7 @@ TEST_F(ExpatReader, EbcdicConvertsAsciiNamesAndTextToo)
 TEST_F(ExpatReader, AllocationFailureInsideCallbacksLeavesThroughTheLoad)
 {
     std::string xml = "<r xmlns='urn:a-long-enough-namespace-uri' xmlns:p='urn:p'>";
-    for (int i = 0; i < 40; ++i)
+    for (int i = 0; i < 100; ++i)
         xml += "<p:item n='" + std::to_string(i) + "' text='a value beyond the small string size'>"
                "some text that is long enough to live on the heap &amp; more</p:item>\n";
     xml += "</r>";

@@ -343,3 +343,82 @@ TEST(XmlDocument, OneTokenOverManyParserPiecesReadsInLinearTime)
     const double one = seconds(xml);
     EXPECT_LT(one, 3 * many + 0.5) << one << " s for one token, " << many << " s for many";
 }
+
+namespace {
+
+// The text of every element and the values of its attributes, in document order,
+// read through the accessors that copy and through those that don't, which must agree.
+std::string Contents(const CXmlElement* element)
+{
+    std::string out;
+    for (; element; element = element->GetNextSiblingElement()) {
+        EXPECT_EQ(element->GetText(), element->GetTextView());
+        EXPECT_EQ(element->GetTextView().data()[element->GetTextView().size()], '\0');
+        const CXmlElement::AttributeSpan span = element->GetAttributeSpan();
+        EXPECT_EQ(element->GetAttributes(), std::vector<CXmlAttribute*>(span.begin(), span.end()));
+        out += "<" + element->GetLocalName();
+        for (const CXmlAttribute* attribute : span) out += " " + attribute->GetValue();
+        out += ">" + element->GetText() + Contents(element->GetFirstElement());
+    }
+    return out;
+}
+
+}  // namespace
+
+TEST(XmlDocument, TextAndAttributesOfAnySizeComeBackAsRead)
+{
+    // Texts around the sizes where the tree's storage changes blocks, split around
+    // children, and attribute lists longer than the room first made for them; read by
+    // the fast reader and, behind a document type declaration, by Expat.
+    std::string expected, xml = "<r>";
+    for (std::size_t size : {0, 1, 15, 16, 511, 512, 513, 16383, 16384, 65537, 300000}) {
+        const std::string text(size, static_cast<char>('a' + size % 26));
+        xml += "<t>" + text + "<c/>" + text + "</t>";
+        expected += "<t>" + text + text + "<c>";
+    }
+    for (int count : {1, 4, 5, 9, 40}) {
+        xml += "<a";
+        expected += "<a";
+        for (int i = 0; i < count; ++i) {
+            xml += " n" + std::to_string(i) + "='" + std::to_string(i) + "'";
+            expected += " " + std::to_string(i);
+        }
+        xml += ">tail</a>";
+        expected += ">tail";
+    }
+    xml += "</r>";
+    for (const std::string& prefix : {std::string(), std::string("<!DOCTYPE r>")}) {
+        CXmlDocument document;
+        document.LoadXml((prefix + xml).c_str());
+        EXPECT_EQ(Contents(document.GetDocumentElement()), "<r>" + expected) << prefix;
+    }
+}
+
+TEST(XmlDocument, CopiedTextAndAttributeListsStayWhileTheDocumentLives)
+{
+    CXmlDocument document;
+    document.LoadXml("<r a='1' b='2'>some text longer than a short string<e/>, and more</r>");
+    const CXmlElement* root = document.GetDocumentElement();
+    const std::string& text = root->GetText();
+    const std::vector<CXmlAttribute*>& attributes = root->GetAttributes();
+    EXPECT_EQ(&root->GetText(), &text);
+    EXPECT_EQ(&root->GetAttributes(), &attributes);
+    EXPECT_EQ(text, "some text longer than a short string, and more");
+    ASSERT_EQ(attributes.size(), 2u);
+    EXPECT_EQ(attributes[1]->GetValue(), "2");
+    // An element without text or attributes gives them empty.
+    const CXmlElement* e = root->GetFirstElement();
+    EXPECT_TRUE(e->GetText().empty());
+    EXPECT_TRUE(e->GetAttributes().empty());
+    EXPECT_TRUE(e->GetAttributeSpan().empty());
+
+    // Cut short, or failing, a load keeps the text of the elements it left open.
+    document.SetAllowTruncatedDocuments(true);
+    for (const char* xml : {"<a>one<b x='1'>two<c>three", "<a>one<b x='1'>two<c>three</d>"}) {
+        try {
+            document.LoadXml(xml);
+        } catch (const COrvexException&) {
+        }
+        EXPECT_EQ(Contents(document.GetDocumentElement()), "<a>one<b 1>two<c>three") << xml;
+    }
+}

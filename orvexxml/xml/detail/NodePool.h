@@ -1,6 +1,8 @@
 // Chunked storage for the nodes of one document: nodes are constructed in place
 // and all destroyed together, so neither building nor tearing down a tree costs
 // one heap block per node, and teardown never recurses, however deep the tree.
+// With Destroy false the nodes' destructors are not run: for nodes that own
+// nothing, so that teardown need not touch them at all.
 #pragma once
 
 #include <cstddef>
@@ -11,7 +13,7 @@
 namespace OrvexXmlLib5 {
 namespace Detail {
 
-template <typename T>
+template <typename T, bool Destroy = true>
 class CNodePool
 {
 public:
@@ -36,7 +38,9 @@ public:
     {
         while (!m_chunks.empty()) {
             Chunk& chunk = m_chunks.back();
-            for (std::size_t i = 0; i < m_usedInLast; ++i) reinterpret_cast<T*>(chunk.storage + i * sizeof(T))->~T();
+            if (Destroy)
+                for (std::size_t i = 0; i < m_usedInLast; ++i)
+                    reinterpret_cast<T*>(chunk.storage + i * sizeof(T))->~T();
             ::operator delete(chunk.storage, std::align_val_t(alignof(T)));
             m_chunks.pop_back();
             m_usedInLast = m_chunks.empty() ? 0 : m_chunks.back().capacity;
