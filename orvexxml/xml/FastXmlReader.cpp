@@ -647,9 +647,9 @@ void CFastXmlReader::OpenNamespaced(std::string_view name, std::uint64_t line, s
         if (element.prefix == "xmlns") GiveUp();
         const std::string* uri = Lookup(element.prefix);
         if (!uri) GiveUp();
-        cached = ResolvedName{name, m_scopeGeneration, uri, m_document->Intern(element.local)};
+        cached = ResolvedName{name, m_scopeGeneration, m_document->InternName(uri, m_document->Intern(element.local))};
     }
-    m_open = m_document->AddInternedElement(cached.uri, cached.local);
+    m_open = m_document->AddNamedElement(cached.name);
     CXmlDocument::SetElementTextLocation(m_open, line, column);
     m_stack.push_back(OpenElement{name, mark});
     if (plain == 0) return;

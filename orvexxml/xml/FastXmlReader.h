@@ -16,6 +16,9 @@ namespace OrvexXmlLib5 {
 
 class CXmlDocument;
 class CXmlElement;
+namespace Detail {
+struct CQualifiedName;
+}
 
 // Reads well-formed UTF-8 text into a CXmlDocument when it is certain of the result:
 // no document type declaration, no entity beyond the five predefined ones, no name
@@ -66,14 +69,13 @@ private:
         const std::string* uri;
         std::string_view local;
     };
-    // An element name as written, and the namespace URI and local name it resolved
-    // to in the scope of the given generation.
+    // An element name as written, and the pair of namespace URI and local name it
+    // resolved to in the scope of the given generation.
     struct ResolvedName
     {
         std::string_view raw;
         std::uint64_t generation = 0;
-        const std::string* uri = nullptr;
-        const std::string* local = nullptr;
+        const Detail::CQualifiedName* name = nullptr;
     };
     static constexpr std::size_t NameCacheSize = 64;
     struct OpenElement

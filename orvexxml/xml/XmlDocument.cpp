@@ -51,6 +51,22 @@ const std::string& SharedEmptyString()
     return empty;
 }
 
+// The names of an element not named yet.
+const Detail::CQualifiedName* NoName()
+{
+    static const Detail::CQualifiedName none{&SharedEmptyString(), &SharedEmptyString()};
+    return &none;
+}
+
+// An element's start-tag place in one word: the kind in the top two bits, below
+// them the octet offset, or the line in 31 bits over the column in 31 bits. A text
+// place that does not fit is kept by the document; the word holds its index.
+constexpr std::uint64_t kLocationText = std::uint64_t(1) << 62;
+constexpr std::uint64_t kLocationBinary = std::uint64_t(2) << 62;
+constexpr std::uint64_t kLocationFar = std::uint64_t(3) << 62;
+constexpr std::uint64_t kLocationKind = std::uint64_t(3) << 62;
+constexpr std::uint64_t kLocationField = (std::uint64_t(1) << 31) - 1;
+
 }  // namespace
 
 // ---- CXmlAttribute ----
@@ -78,8 +94,7 @@ CXmlElement::CXmlElement(CXmlDocument* document)
       m_document(document),
       m_nextSibling(nullptr),
       m_firstChild(nullptr),
-      m_localName(&SharedEmptyString()),
-      m_namespaceUri(m_localName),
+      m_name(NoName()),
       m_text(nullptr),
       m_attributes(nullptr)
 {
@@ -87,12 +102,12 @@ CXmlElement::CXmlElement(CXmlDocument* document)
 
 void CXmlElement::SetElementName(const std::string& localName)
 {
-    m_localName = m_document->Intern(localName);
+    m_name = m_document->InternName(m_name->namespaceUri, m_document->Intern(localName));
 }
 
 void CXmlElement::SetNamespace(const std::string& namespaceUri)
 {
-    m_namespaceUri = m_document->Intern(namespaceUri);
+    m_name = m_document->InternName(m_document->Intern(namespaceUri), m_name->localName);
 }
 
 // Children, attributes, text and attribute list all belong to the document's
@@ -238,6 +253,10 @@ void CXmlDocument::ClearTree()
     m_nameIndex.clear();
     m_nameCount = 0;
     std::fill(std::begin(m_recentNames), std::end(m_recentNames), nullptr);
+    m_qualifiedIndex.clear();
+    std::fill(std::begin(m_recentQualified), std::end(m_recentQualified), nullptr);
+    m_qualifiedNames.Clear();
+    m_farLocations.clear();
     m_names.Clear();
 }
 
@@ -381,8 +400,7 @@ CXmlElement* CXmlDocument::AddDocElement(const char* namespaceUri, const char* l
 {
     CXmlElement* element = NewElement();
     m_documentElement = element;
-    element->m_namespaceUri = Intern(namespaceUri ? namespaceUri : "");
-    element->m_localName = Intern(localName ? localName : "");
+    element->m_name = InternName(Intern(namespaceUri ? namespaceUri : ""), Intern(localName ? localName : ""));
     PushOpen(element);
     return element;
 }
@@ -413,6 +431,11 @@ CXmlElement* CXmlDocument::AddElement(const std::string* namespaceUri, std::stri
 
 CXmlElement* CXmlDocument::AddInternedElement(const std::string* namespaceUri, const std::string* localName)
 {
+    return AddNamedElement(InternName(namespaceUri, localName));
+}
+
+CXmlElement* CXmlDocument::AddNamedElement(const Detail::CQualifiedName* name)
+{
     CXmlElement* element;
     if (!m_documentElement) {
         element = NewElement();
@@ -428,8 +451,7 @@ CXmlElement* CXmlDocument::AddInternedElement(const std::string* namespaceUri, c
             parent.element->m_firstChild = element;
         parent.lastChild = element;
     }
-    element->m_namespaceUri = namespaceUri;
-    element->m_localName = localName;
+    element->m_name = name;
     PushOpen(element);
     return element;
 }
@@ -581,27 +603,34 @@ void CXmlDocument::FreeInput()
 
 CSourceLocation CXmlElement::GetLocation() const
 {
-    switch (m_sourceKind) {
-        case CSourceLocation::Kind_Text:
-            return CSourceLocation::InText(m_sourceLine, m_sourceColumn);
-        case CSourceLocation::Kind_Binary:
-            return CSourceLocation::InBinary(m_sourceLine);
+    const std::uint64_t value = m_location & ~kLocationKind;
+    switch (m_location & kLocationKind) {
+        case kLocationText:
+            return CSourceLocation::InText(value >> 31, value & kLocationField);
+        case kLocationFar: {
+            const auto& wide = m_document->m_farLocations[static_cast<std::size_t>(value)];
+            return CSourceLocation::InText(wide.first, wide.second);
+        }
+        case kLocationBinary:
+            return CSourceLocation::InBinary(value);
         default:
             return CSourceLocation();
     }
 }
 
-void CXmlDocument::SetElementTextLocation(CXmlElement* element, std::uint64_t line, std::uint64_t column)
+void CXmlDocument::SetElementFarLocation(CXmlElement* element, std::uint64_t line, std::uint64_t column)
 {
-    element->m_sourceKind = CSourceLocation::Kind_Text;
-    element->m_sourceLine = line;
-    element->m_sourceColumn = column > UINT32_MAX ? UINT32_MAX : static_cast<std::uint32_t>(column);
+    // A column is kept up to 2^32 - 1; beyond, it stays there.
+    if (column > UINT32_MAX) column = UINT32_MAX;
+    CXmlDocument* document = element->m_document;
+    document->m_farLocations.emplace_back(line, column);
+    element->m_location = kLocationFar | (document->m_farLocations.size() - 1);
 }
 
 void CXmlDocument::SetElementBinaryLocation(CXmlElement* element, std::uint64_t octetOffset)
 {
-    element->m_sourceKind = CSourceLocation::Kind_Binary;
-    element->m_sourceLine = octetOffset;
+    // An offset beyond 2^62 is beyond any input that fits in memory.
+    element->m_location = kLocationBinary | (octetOffset & ~kLocationKind);
 }
 
 CXmlElement* CXmlDocument::NewElement()
@@ -649,6 +678,22 @@ const std::string* CXmlDocument::Intern(std::string_view text)
     }
     m_recentNames[slot] = name;
     return name;
+}
+
+const Detail::CQualifiedName* CXmlDocument::InternName(const std::string* namespaceUri, const std::string* localName)
+{
+    const auto address = reinterpret_cast<std::uintptr_t>(namespaceUri) ^ reinterpret_cast<std::uintptr_t>(localName);
+    const std::size_t slot = (address >> 3 ^ address >> 9) & 63;
+    const Detail::CQualifiedName* recent = m_recentQualified[slot];
+    if (recent && recent->namespaceUri == namespaceUri && recent->localName == localName) return recent;
+    const auto key = std::make_pair(namespaceUri, localName);
+    auto found = m_qualifiedIndex.find(key);
+    if (found == m_qualifiedIndex.end()) {
+        const Detail::CQualifiedName* made = m_qualifiedNames.Create(Detail::CQualifiedName{namespaceUri, localName});
+        found = m_qualifiedIndex.emplace(key, made).first;
+    }
+    m_recentQualified[slot] = found->second;
+    return found->second;
 }
 
 bool Detail::LoadTextWith(CXmlDocument& document, std::string_view text, TextReader reader)

@@ -24,6 +24,17 @@
 
 namespace OrvexXmlLib5 {
 
+namespace Detail {
+
+// A namespace URI and a local name, both the document's shared copies.
+struct CQualifiedName
+{
+    const std::string* namespaceUri;
+    const std::string* localName;
+};
+
+}  // namespace Detail
+
 class CXmlDocument;
 class CXmlElement;
 class CExpatReader;
@@ -98,9 +109,9 @@ public:
     // Null for the last child of its parent, and for the document element.
     CXmlElement* GetNextSiblingElement() const { return m_nextSibling; }
     // Empty when the element is in no namespace.
-    const std::string& GetNamespaceURI() const { return *m_namespaceUri; }
+    const std::string& GetNamespaceURI() const { return *m_name->namespaceUri; }
     // The name without a prefix (with it, when read without namespace processing).
-    const std::string& GetLocalName() const { return *m_localName; }
+    const std::string& GetLocalName() const { return *m_name->localName; }
     // The element's own character data; empty when it has none.
     const std::string& GetText() const;
     // The same text without a copy; a NUL follows its last byte.
@@ -162,17 +173,14 @@ private:
     CXmlDocument* m_document;
     CXmlElement* m_nextSibling;
     CXmlElement* m_firstChild;
-    // The document's shared copies: a name costs one pointer per element.
-    const std::string* m_localName;
-    const std::string* m_namespaceUri;
+    // The document's one copy of the pair of names: one pointer per element.
+    const Detail::CQualifiedName* m_name;
     // The text in the document's arena; null when there is none.
     const char* m_text;
     // The attribute list in the document's arena; null when there is none.
     CXmlAttribute** m_attributes;
-    // The start tag's place, kept small: line (or octet offset) and column.
-    std::uint64_t m_sourceLine = 0;
-    std::uint32_t m_sourceColumn = 0;
-    CSourceLocation::Kind m_sourceKind = CSourceLocation::Kind_None;
+    // The start tag's place in one word (see CXmlDocument::SetElementTextLocation).
+    std::uint64_t m_location = 0;
 };
 
 // A whole document loaded into a tree. Every load starts from the empty state, so a
@@ -270,13 +278,23 @@ private:
     CXmlElement* AddElement(const std::string* namespaceUri, std::string_view localName);
     // The same with both names the document's shared copies.
     CXmlElement* AddInternedElement(const std::string* namespaceUri, const std::string* localName);
+    // The same with the pair of names the document's shared copy.
+    CXmlElement* AddNamedElement(const Detail::CQualifiedName* name);
     static void AddElementAttribute(CXmlElement* element, const std::string& localName, const std::string& value,
                                     const std::string& namespaceUri);
     static void AddElementAttributeView(CXmlElement* element, std::string_view localName, std::string_view value,
                                         std::string_view namespaceUri);
     static void ReserveAttributes(CXmlElement* element, std::size_t count);
     // Records where a reader found the element's start tag.
-    static void SetElementTextLocation(CXmlElement* element, std::uint64_t line, std::uint64_t column);
+    static void SetElementTextLocation(CXmlElement* element, std::uint64_t line, std::uint64_t column)
+    {
+        if (line < (std::uint64_t(1) << 31) && column < (std::uint64_t(1) << 31))
+            element->m_location = std::uint64_t(1) << 62 | line << 31 | column;
+        else
+            SetElementFarLocation(element, line, column);
+    }
+    // The same for a place beyond 31 bits of line or column, which the document keeps.
+    static void SetElementFarLocation(CXmlElement* element, std::uint64_t line, std::uint64_t column);
     static void SetElementBinaryLocation(CXmlElement* element, std::uint64_t octetOffset);
     // Appends up to length bytes or the first NUL, every carriage return left out.
     static void AppendTextExcludingCR(CXmlElement* element, const char* text, unsigned long length);
@@ -314,6 +332,8 @@ private:
     const std::vector<CXmlAttribute*>& AttributesCopy(const CXmlElement* element) const;
     // The document's one copy of a name or namespace URI, made at its first use.
     const std::string* Intern(std::string_view text);
+    // The document's one copy of the pair of shared names.
+    const Detail::CQualifiedName* InternName(const std::string* namespaceUri, const std::string* localName);
     CXmlAttribute* NewAttribute(std::string_view localName, std::string_view value, std::string_view namespaceUri);
 
     // An element between its start and its end: its last child so far, and its text
@@ -359,6 +379,13 @@ private:
     std::map<std::string_view, const std::string*> m_nameIndex;
     // Recently interned names by length and end bytes, tried before the index.
     const std::string* m_recentNames[64] = {};
+    // The pairs of names of the elements, each once, with the recently used ones
+    // by their addresses in front of the index.
+    Detail::CNodePool<Detail::CQualifiedName, false> m_qualifiedNames;
+    std::map<std::pair<const std::string*, const std::string*>, const Detail::CQualifiedName*> m_qualifiedIndex;
+    const Detail::CQualifiedName* m_recentQualified[64] = {};
+    // Places of start tags beyond what fits in an element's word: line and column.
+    std::vector<std::pair<std::uint64_t, std::uint64_t>> m_farLocations;
 };
 
 }  // namespace OrvexXmlLib5
