@@ -87,11 +87,17 @@ public:
     class AttributeSpan
     {
     public:
+        // count pointers from first on.
         AttributeSpan(CXmlAttribute* const* first, std::size_t count) : m_first(first), m_count(count) {}
+        // The first attribute's pointer.
         CXmlAttribute* const* begin() const { return m_first; }
+        // Just past the last attribute's pointer.
         CXmlAttribute* const* end() const { return m_first + m_count; }
+        // The number of attributes.
         std::size_t size() const { return m_count; }
+        // True when the element has no attribute.
         bool empty() const { return m_count == 0; }
+        // The attribute at index, which must be below size().
         CXmlAttribute* operator[](std::size_t index) const { return m_first[index]; }
 
     private:

@@ -7,11 +7,11 @@ namespace OrvexTools {
 
 using namespace OrvexXmlLib5;
 
-std::string ShownText(const std::string& text)
+std::string ShownText(std::string_view text)
 {
     const char* blanks = " \t\n";
     const std::size_t first = text.find_first_not_of(blanks);
-    if (first == std::string::npos) return std::string();
+    if (first == std::string_view::npos) return std::string();
     const std::size_t last = text.find_last_not_of(blanks);
     std::string shown;
     for (char c : text.substr(first, last - first + 1)) shown += c == '\n' ? std::string("\\n") : std::string(1, c);
@@ -37,11 +37,11 @@ void PrintTree(const CXmlElement* root, std::ostream& out)
         pending.pop_back();
         const std::string indent(2 * depth, ' ');
         out << indent << QualifiedName(element->GetNamespaceURI(), element->GetLocalName()) << "\n";
-        for (const CXmlAttribute* attribute : element->GetAttributes())
+        for (const CXmlAttribute* attribute : element->GetAttributeSpan())
             out << indent << "  @" << QualifiedName(attribute->GetNamespaceURI(), attribute->GetLocalName())
                 << " = \"" << attribute->GetValue() << "\""
                 << (attribute->IsNamespaceAttribute() ? "  (schema attribute)" : "") << "\n";
-        const std::string text = ShownText(element->GetText());
+        const std::string text = ShownText(element->GetTextView());
         if (!text.empty()) out << indent << "  text: \"" << text << "\"\n";
         // Children go on the stack last first, so they print in document order.
         std::vector<const CXmlElement*> children;

@@ -5,13 +5,14 @@
 
 #include <ostream>
 #include <string>
+#include <string_view>
 
 #include "orvexxml/OrvexXmlLib5.h"
 
 namespace OrvexTools {
 
 // Text with its leading and trailing blanks removed, inner line breaks shown as \n.
-std::string ShownText(const std::string& text);
+std::string ShownText(std::string_view text);
 
 // localName, or {namespaceUri}localName when the name is in a namespace.
 std::string QualifiedName(const std::string& namespaceUri, const std::string& localName);

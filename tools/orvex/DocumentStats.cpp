@@ -2,6 +2,7 @@
 
 #include <set>
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -14,12 +15,12 @@ CDocumentStats CDocumentStats::Count(const CXmlElement* root)
     CDocumentStats stats;
     std::set<std::pair<std::string, std::string>> elementNames, attributeNames;
     std::set<std::string> namespaces, values;
-    auto addValue = [&](const std::string& value, bool isText) {
+    auto addValue = [&](std::string_view value, bool isText) {
         // The line breaks and indentation between elements are no values.
-        if (value.empty() || (isText && value.find_first_not_of(" \t\n\r") == std::string::npos)) return;
+        if (value.empty() || (isText && value.find_first_not_of(" \t\n\r") == std::string_view::npos)) return;
         ++stats.values;
         stats.textBytes += value.size();
-        values.insert(value);
+        values.emplace(value);
     };
     std::vector<std::pair<const CXmlElement*, std::uint64_t>> pending;
     if (root) pending.emplace_back(root, 1);
@@ -30,13 +31,13 @@ CDocumentStats CDocumentStats::Count(const CXmlElement* root)
         if (depth > stats.depth) stats.depth = depth;
         elementNames.emplace(element->GetNamespaceURI(), element->GetLocalName());
         if (!element->GetNamespaceURI().empty()) namespaces.insert(element->GetNamespaceURI());
-        for (const CXmlAttribute* attribute : element->GetAttributes()) {
+        for (const CXmlAttribute* attribute : element->GetAttributeSpan()) {
             ++stats.attributes;
             if (attribute->IsNamespaceAttribute()) ++stats.schemaAttributes;
             attributeNames.emplace(attribute->GetNamespaceURI(), attribute->GetLocalName());
             addValue(attribute->GetValue(), false);
         }
-        addValue(element->GetText(), true);
+        addValue(element->GetTextView(), true);
         for (const CXmlElement* child = element->GetFirstElement(); child; child = child->GetNextSiblingElement())
             pending.emplace_back(child, depth + 1);
     }
