@@ -1,5 +1,7 @@
 #include "orvexxml/collections/XmlCollection.h"
 
+#include <new>
+
 #include "orvexxml/frame/FormatString.h"
 #include "orvexxml/frame/OrvexException.h"
 
@@ -39,7 +41,7 @@ CXmlCollection& CXmlCollection::operator=(const CXmlCollection& other)
     CopyNodesFrom(other);
     while (oldHead) {
         CNode* next = oldHead->m_next;
-        delete oldHead;
+        FreeNode(oldHead);
         oldHead = next;
     }
     CXmlCollectionBase::operator=(other);
@@ -49,6 +51,44 @@ CXmlCollection& CXmlCollection::operator=(const CXmlCollection& other)
 CXmlCollection::~CXmlCollection()
 {
     while (m_count > 0) CXmlCollection::Remove(0);
+    FreeChunks();
+}
+
+CNode* CXmlCollection::NewNode(CXmlObjectBase* item)
+{
+    void* room;
+    if (m_freeNodes) {
+        room = m_freeNodes;
+        m_freeNodes = m_freeNodes->m_next;
+    } else {
+        if (!m_chunks || m_chunks->used == m_chunks->capacity) {
+            const unsigned capacity = m_chunks ? (m_chunks->capacity < 1024 ? 2 * m_chunks->capacity : 1024) : 1;
+            auto* chunk = static_cast<NodeChunk*>(::operator new(sizeof(NodeChunk) + capacity * sizeof(CNode)));
+            *chunk = NodeChunk{m_chunks, capacity, 0};
+            m_chunks = chunk;
+        }
+        room = reinterpret_cast<unsigned char*>(m_chunks + 1) + m_chunks->used++ * sizeof(CNode);
+    }
+    return new (room) CNode(item);
+}
+
+void CXmlCollection::FreeNode(CNode* node)
+{
+    node->~CNode();
+    // The room is reused as an empty node that links the free ones.
+    CNode* freed = new (node) CNode(nullptr);
+    freed->m_next = m_freeNodes;
+    m_freeNodes = freed;
+}
+
+void CXmlCollection::FreeChunks()
+{
+    while (m_chunks) {
+        NodeChunk* next = m_chunks->next;
+        ::operator delete(m_chunks);
+        m_chunks = next;
+    }
+    m_freeNodes = nullptr;
 }
 
 void CXmlCollection::CopyNodesFrom(const CXmlCollection& other)
@@ -77,7 +117,7 @@ void CXmlCollection::LinkBefore(CNode* next, CXmlObjectBase* item)
 {
     // Every walk over the items reaches through them, so a hole is refused here.
     if (!item) throw COrvexInvalidParamException("A null item can not be added to the collection");
-    CNode* node = new CNode(item);
+    CNode* node = NewNode(item);
     node->m_next = next;
     node->m_previous = next ? next->m_previous : m_tail;
     if (node->m_previous)
@@ -164,7 +204,7 @@ void CXmlCollection::RemoveNode(CNode* node)
     else
         m_tail = node->m_previous;
     --m_count;
-    delete node;
+    FreeNode(node);
 }
 
 }  // namespace OrvexXmlLib5

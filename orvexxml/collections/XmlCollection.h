@@ -87,12 +87,31 @@ protected:
     CNode* GetTail() const { return m_tail; }
 
 private:
+    // A block of nodes; the nodes follow the header.
+    struct NodeChunk
+    {
+        NodeChunk* next;
+        unsigned capacity;
+        unsigned used;
+    };
+
     void LinkBefore(CNode* next, CXmlObjectBase* item);
     void CopyNodesFrom(const CXmlCollection& other);
+    // A node for item, from the freed nodes or the newest chunk.
+    CNode* NewNode(CXmlObjectBase* item);
+    // Destroys node (releasing its item) and keeps its room for the next node.
+    void FreeNode(CNode* node);
+    // Frees every chunk; no node may be in use.
+    void FreeChunks();
 
     CNode* m_head;
     CNode* m_tail;
     int m_count;
+    // The nodes live in chunks that the collection owns, which double from one node
+    // up to 1024: a large collection costs a few blocks instead of one per item, and
+    // its nodes lie side by side. Freed nodes are chained through their next field.
+    NodeChunk* m_chunks = nullptr;
+    CNode* m_freeNodes = nullptr;
 };
 
 }  // namespace OrvexXmlLib5

@@ -131,6 +131,44 @@ TEST(XmlCollection, CopiesHaveTheirOwnNodesAndOneMoreReferencePerItem)
     EXPECT_EQ(2, b->Count());
 }
 
+TEST(XmlCollection, ManyItemsRemovedAndAddedAgainKeepOrderAndReferences)
+{
+    // Past the largest block of nodes, with removals at the front, middle and back
+    // whose nodes the next additions take again, then a copy and an assignment.
+    const int liveBefore = CItem::s_live;
+    {
+        CSmartPtr<CItemCol> col(new CItemCol());
+        std::string expected;
+        for (int i = 0; i < 3000; ++i) {
+            const std::string tag(1, static_cast<char>('a' + i % 26));
+            col->AppendItem(new CItem(tag.c_str()));
+            expected += tag;
+        }
+        for (int index : {2999, 1500, 0, 1024, 1}) {
+            col->Remove(index);
+            expected.erase(static_cast<std::size_t>(index), 1);
+        }
+        CSmartPtr<CItem> shared(new CItem("Z"));
+        for (int index : {0, 700, 2000, 2995}) {
+            col->AddItemAt(index, shared);
+            expected.insert(static_cast<std::size_t>(index), "Z");
+        }
+        col->AppendItem(shared);
+        expected += "Z";
+        EXPECT_EQ(expected, col->Tags());
+        EXPECT_EQ(6, shared->Count());
+        CItemCol copy(*col);
+        CItemCol assigned;
+        assigned.AppendItem(new CItem("q"));
+        assigned = copy;
+        copy.Clear();
+        EXPECT_EQ(expected, assigned.Tags());
+        EXPECT_EQ(11, shared->Count());
+        EXPECT_EQ(liveBefore + 3000 - 5 + 1, CItem::s_live);
+    }
+    EXPECT_EQ(liveBefore, CItem::s_live);
+}
+
 TEST(XmlCollection, IteratorWalksAndStopsAtTheEnd)
 {
     CSmartPtr<CItemCol> col(new CItemCol());
