@@ -250,6 +250,7 @@ void CXmlDocument::ClearTree()
     m_elements.Clear();
     m_attributes.Clear();
     m_arena.Clear();
+    std::fill(std::begin(m_recentTexts), std::end(m_recentTexts), nullptr);
     m_nameIndex.clear();
     m_nameCount = 0;
     std::fill(std::begin(m_recentNames), std::end(m_recentNames), nullptr);
@@ -508,11 +509,27 @@ void CXmlDocument::EndElement()
     if (m_openDepth == 0) return;
     OpenElement& entry = m_openElements[--m_openDepth];
     if (!entry.text.empty()) {
-        entry.element->m_text = m_arena.StoreText(entry.element->GetTextView(), entry.text);
+        entry.element->m_text = entry.element->m_text ? m_arena.StoreText(entry.element->GetTextView(), entry.text)
+                                                      : StoreElementText(entry.text);
         entry.text.clear();
         // A buffer that took a long text does not keep its size for the next element.
         if (entry.text.capacity() > 64 * 1024) std::string().swap(entry.text);
     }
+}
+
+const char* CXmlDocument::StoreElementText(std::string_view text)
+{
+    // Indentation, numbers, codes and names repeat throughout most documents.
+    constexpr std::size_t shared = 64;
+    const std::size_t length = text.size();
+    if (length == 0 || length > shared) return m_arena.StoreText(text);
+    const auto* bytes = reinterpret_cast<const unsigned char*>(text.data());
+    const std::size_t slot = (length * 31 + bytes[0] * 7 + bytes[length / 2] * 5 + bytes[length - 1] * 3) & 255;
+    const char*& recent = m_recentTexts[slot];
+    if (recent && Detail::CTreeArena::TextLength(recent) == length && std::memcmp(recent, bytes, length) == 0)
+        return recent;
+    recent = m_arena.StoreText(text);
+    return recent;
 }
 
 void CXmlDocument::StoreOpenText()

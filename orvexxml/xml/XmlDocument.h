@@ -330,6 +330,8 @@ private:
     CXmlElement* NewElement();
     // Opens element as the receiver of text and children.
     void PushOpen(CXmlElement* element);
+    // Stores the whole text of an element in the arena, or gives a stored one equal to it.
+    const char* StoreElementText(std::string_view text);
     // Appends text to element: to the text being gathered when it is open, else to
     // its stored text.
     void AppendElementText(CXmlElement* element, std::string_view text);
@@ -371,6 +373,9 @@ private:
     Detail::CNodePool<CXmlElement, false> m_elements;
     Detail::CNodePool<CXmlAttribute> m_attributes;
     Detail::CTreeArena m_arena;
+    // Short texts recently stored, by length and a few bytes: stored texts never
+    // change, so elements with equal short text share one copy.
+    const char* m_recentTexts[256] = {};
     // What GetText and GetAttributes gave out, by element, for the document's life.
     mutable std::mutex m_copiesMutex;
     mutable std::unordered_map<const CXmlElement*, std::string> m_textCopies;

@@ -394,6 +394,28 @@ TEST(XmlDocument, TextAndAttributesOfAnySizeComeBackAsRead)
     }
 }
 
+TEST(XmlDocument, EqualShortTextsShareOneCopy)
+{
+    // Each element still reads its own text; the tree keeps one copy of a short text
+    // that another element just had, and never lets a longer text or a changed one share.
+    const std::string longText(65, 'l');
+    CXmlDocument document;
+    document.LoadXml(("<r><a>12</a><b>12</b><c>1<x/>2</c><d>" + longText + "</d><e>" + longText + "</e><f>13</f></r>")
+                         .c_str());
+    std::vector<const CXmlElement*> e;
+    for (const CXmlElement* child = document.GetDocumentElement()->GetFirstElement(); child;
+         child = child->GetNextSiblingElement())
+        e.push_back(child);
+    ASSERT_EQ(e.size(), 6u);
+    EXPECT_EQ(e[0]->GetTextView().data(), e[1]->GetTextView().data());
+    EXPECT_EQ(e[0]->GetTextView().data(), e[2]->GetTextView().data());  // joined around a child
+    EXPECT_NE(e[3]->GetTextView().data(), e[4]->GetTextView().data());
+    EXPECT_EQ(e[4]->GetText(), longText);
+    EXPECT_EQ(e[5]->GetText(), "13");
+    EXPECT_EQ(e[1]->GetText(), "12");
+    EXPECT_NE(&e[0]->GetText(), &e[1]->GetText());  // the copies given out stay the element's own
+}
+
 TEST(XmlDocument, CopiedTextAndAttributeListsStayWhileTheDocumentLives)
 {
     CXmlDocument document;
