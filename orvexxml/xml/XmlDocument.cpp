@@ -255,6 +255,8 @@ void CXmlDocument::ClearTree()
     m_nameCount = 0;
     std::fill(std::begin(m_recentNames), std::end(m_recentNames), nullptr);
     m_qualifiedIndex.clear();
+    m_qualifiedCount = 0;
+    std::fill(std::begin(m_listedQualified), std::end(m_listedQualified), nullptr);
     std::fill(std::begin(m_recentQualified), std::end(m_recentQualified), nullptr);
     m_qualifiedNames.Clear();
     m_farLocations.clear();
@@ -703,14 +705,32 @@ const Detail::CQualifiedName* CXmlDocument::InternName(const std::string* namesp
     const std::size_t slot = (address >> 3 ^ address >> 9) & 63;
     const Detail::CQualifiedName* recent = m_recentQualified[slot];
     if (recent && recent->namespaceUri == namespaceUri && recent->localName == localName) return recent;
-    const auto key = std::make_pair(namespaceUri, localName);
-    auto found = m_qualifiedIndex.find(key);
-    if (found == m_qualifiedIndex.end()) {
-        const Detail::CQualifiedName* made = m_qualifiedNames.Create(Detail::CQualifiedName{namespaceUri, localName});
-        found = m_qualifiedIndex.emplace(key, made).first;
+    // Most documents have few pairs: those are searched in a list without the index.
+    constexpr std::size_t listed = sizeof m_listedQualified / sizeof m_listedQualified[0];
+    const Detail::CQualifiedName* name = nullptr;
+    if (m_qualifiedCount <= listed) {
+        for (const Detail::CQualifiedName* known : m_listedQualified)
+            if (known && known->namespaceUri == namespaceUri && known->localName == localName) name = known;
+    } else {
+        auto found = m_qualifiedIndex.find(std::make_pair(namespaceUri, localName));
+        if (found != m_qualifiedIndex.end()) name = found->second;
     }
-    m_recentQualified[slot] = found->second;
-    return found->second;
+    if (!name) {
+        // Should the index fail to grow, the pair just stays unused until the tree goes.
+        const Detail::CQualifiedName* made = m_qualifiedNames.Create(Detail::CQualifiedName{namespaceUri, localName});
+        if (m_qualifiedCount < listed) {
+            m_listedQualified[m_qualifiedCount] = made;
+        } else {
+            if (m_qualifiedCount == listed)
+                for (const Detail::CQualifiedName* known : m_listedQualified)
+                    m_qualifiedIndex.emplace(std::make_pair(known->namespaceUri, known->localName), known);
+            m_qualifiedIndex.emplace(std::make_pair(namespaceUri, localName), made);
+        }
+        ++m_qualifiedCount;
+        name = made;
+    }
+    m_recentQualified[slot] = name;
+    return name;
 }
 
 bool Detail::LoadTextWith(CXmlDocument& document, std::string_view text, TextReader reader)

@@ -391,8 +391,11 @@ private:
     // Recently interned names by length and end bytes, tried before the index.
     const std::string* m_recentNames[64] = {};
     // The pairs of names of the elements, each once, with the recently used ones
-    // by their addresses in front of the index.
+    // by their addresses in front: the first few pairs in a list, all of them in
+    // the index once there are more.
     Detail::CNodePool<Detail::CQualifiedName, false> m_qualifiedNames;
+    std::size_t m_qualifiedCount = 0;
+    const Detail::CQualifiedName* m_listedQualified[16] = {};
     std::map<std::pair<const std::string*, const std::string*>, const Detail::CQualifiedName*> m_qualifiedIndex;
     const Detail::CQualifiedName* m_recentQualified[64] = {};
     // Places of start tags beyond what fits in an element's word: line and column.
