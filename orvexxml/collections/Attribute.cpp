@@ -130,7 +130,7 @@ CXmlElement* CAttributeCol::FromXml_Int(CXmlElement* element, CXmlElement* first
             throw COrvexInvalidNamespaceException(
                 FormatString("Invalid Attribute [%s]. The attributes namespace is Inappropriate.",
                              attribute->GetLocalName().c_str()));
-        Add(attribute->GetLocalName().c_str(), attribute->GetValue().c_str(), attribute->GetNamespaceURI().c_str());
+        Add(attribute->GetLocalName().c_str(), attribute->GetValueView().data(), attribute->GetNamespaceURI().c_str());
     }
     return firstChild;
 }

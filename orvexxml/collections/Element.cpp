@@ -134,7 +134,7 @@ void CElement::CopyXmlElement(CXmlElement* element)
     m_attributes->Clear();
     m_children->Clear();
     for (const CXmlAttribute* attribute : element->GetAttributeSpan())
-        m_attributes->Add(attribute->GetLocalName().c_str(), attribute->GetValue().c_str(),
+        m_attributes->Add(attribute->GetLocalName().c_str(), attribute->GetValueView().data(),
                           attribute->GetNamespaceURI().c_str());
     for (CXmlElement* child = element->GetFirstElement(); child; child = child->GetNextSiblingElement()) {
         CSmartPtr<CElement> copy(new CElement(child->GetLocalName().c_str()));

@@ -13,7 +13,7 @@ std::string_view TypeAttribute(const CXmlElement* element)
 {
     for (const CXmlAttribute* attribute : element->GetAttributeSpan())
         if (attribute->GetLocalName() == "type" && attribute->GetNamespaceURI() == kSchemaInstance)
-            return attribute->GetValue();
+            return attribute->GetValueView();
     return std::string_view();
 }
 

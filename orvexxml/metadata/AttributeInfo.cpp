@@ -8,6 +8,7 @@
 #include "orvexxml/frame/detail/ObjectAccess.h"
 #include "orvexxml/xml/XmlDocument.h"
 #include "orvexxml/xml/XmlWriter.h"
+#include "orvexxml/xml/detail/TextLease.h"
 
 namespace OrvexXmlLib5Data {
 
@@ -113,10 +114,11 @@ bool CAttributeInfoPrimitive::AttributeFromXml(const CXmlSerializationContext&, 
     if (!attribute || attribute->GetLocalName() != AttributeNameRef() ||
         attribute->GetNamespaceURI() != AttributeNamespaceRef())
         return false;
-    // The variant may borrow the text, which outlives it.
-    const std::string& text = attribute->GetValue();
+    // The variant borrows the leased value, which outlives it.
+    OrvexXmlLib5::Detail::CTextLease text;
     OrvexVariant value;
-    OrvexXmlLib5::Detail::CVariantAccess::FromTextLent(value, text, m_itemType, m_whitespaceRule);
+    OrvexXmlLib5::Detail::CVariantAccess::FromTextLent(value, text.Hold(attribute->GetValueView()), m_itemType,
+                                                       m_whitespaceRule);
     AccessProperty(owner, false, value);
     return true;
 }
@@ -154,7 +156,8 @@ bool CAttributeInfoEnum::AttributeFromXml(const CXmlSerializationContext& contex
 {
     if (!IsThisAttribute(context, attribute)) return false;
     OrvexVariant value;
-    value.SetI4(m_fromString(attribute->GetValue().c_str()));
+    // The tree's value is followed by a NUL.
+    value.SetI4(m_fromString(attribute->GetValueView().data()));
     AccessProperty(owner, false, value);
     return true;
 }
@@ -190,7 +193,7 @@ bool CAttributeInfoAny::AttributeFromXml(const CXmlSerializationContext&, CXmlGe
     CAttributeCol* attributes = dynamic_cast<CAttributeCol*>(collection.Get());
     if (!attributes)
         throw COrvexException("Serialization Data Error : The collection should be a CAttributeCol, it was not!");
-    attributes->Add(attribute->GetLocalName().c_str(), attribute->GetValue().c_str(),
+    attributes->Add(attribute->GetLocalName().c_str(), attribute->GetValueView().data(),
                     attribute->GetNamespaceURI().c_str());
     return true;
 }

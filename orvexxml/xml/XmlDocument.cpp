@@ -71,17 +71,22 @@ constexpr std::uint64_t kLocationField = (std::uint64_t(1) << 31) - 1;
 
 // ---- CXmlAttribute ----
 
-CXmlAttribute::CXmlAttribute(const std::string* localName, std::string_view value, const std::string* namespaceUri)
-    : CInstanceMonitor("CXmlAttribute"), m_localName(localName), m_value(value), m_namespaceUri(namespaceUri)
+CXmlAttribute::CXmlAttribute(CXmlDocument* document, const Detail::CQualifiedName* name, const char* value)
+    : CInstanceMonitor("CXmlAttribute"), m_document(document), m_name(name), m_value(value)
 {
 }
 
 CXmlAttribute::~CXmlAttribute() = default;
 
+const std::string& CXmlAttribute::GetValue() const
+{
+    return m_value ? m_document->ValueCopy(this) : SharedEmptyString();
+}
+
 bool CXmlAttribute::IsNamespaceAttribute() const
 {
-    const std::string& namespaceUri = *m_namespaceUri;
-    const std::string& localName = *m_localName;
+    const std::string& namespaceUri = GetNamespaceURI();
+    const std::string& localName = GetLocalName();
     if (namespaceUri != kXsiNamespace && namespaceUri != kXmlnsNamespace) return false;
     return localName == "xmlns" || localName == "type" || localName == "schemaLocation" ||
            localName == "noNamespaceSchemaLocation";
@@ -128,8 +133,8 @@ const std::vector<CXmlAttribute*>& CXmlElement::GetAttributes() const
 const std::string& CXmlElement::GetAttribute(const std::string& localName, const std::string& namespaceUri) const
 {
     for (const CXmlAttribute* attribute : GetAttributeSpan())
-        if (*attribute->m_localName == localName && *attribute->m_namespaceUri == namespaceUri)
-            return attribute->m_value;
+        if (attribute->GetLocalName() == localName && attribute->GetNamespaceURI() == namespaceUri)
+            return attribute->GetValue();
     return SharedEmptyString();
 }
 
@@ -247,6 +252,7 @@ void CXmlDocument::ClearTree()
     m_prefixTable.clear();
     m_textCopies.clear();
     m_attributeCopies.clear();
+    m_valueCopies.clear();
     m_elements.Clear();
     m_attributes.Clear();
     m_arena.Clear();
@@ -570,6 +576,15 @@ const std::string& CXmlDocument::TextCopy(const CXmlElement* element) const
     return found->second;
 }
 
+const std::string& CXmlDocument::ValueCopy(const CXmlAttribute* attribute) const
+{
+    std::lock_guard<std::mutex> lock(m_copiesMutex);
+    auto found = m_valueCopies.find(attribute);
+    if (found == m_valueCopies.end())
+        found = m_valueCopies.emplace(attribute, std::string(attribute->GetValueView())).first;
+    return found->second;
+}
+
 const std::vector<CXmlAttribute*>& CXmlDocument::AttributesCopy(const CXmlElement* element) const
 {
     std::lock_guard<std::mutex> lock(m_copiesMutex);
@@ -660,7 +675,8 @@ CXmlElement* CXmlDocument::NewElement()
 CXmlAttribute* CXmlDocument::NewAttribute(std::string_view localName, std::string_view value,
                                           std::string_view namespaceUri)
 {
-    return m_attributes.Create(Intern(localName), value, Intern(namespaceUri));
+    const Detail::CQualifiedName* name = InternName(Intern(namespaceUri), Intern(localName));
+    return m_attributes.Create(this, name, value.empty() ? nullptr : StoreElementText(value));
 }
 
 const std::string* CXmlDocument::Intern(std::string_view text)

@@ -42,6 +42,9 @@ class CFastInfosetReader;
 class CFastXmlReader;
 
 // One attribute of an element; every string is in the local character encoding.
+// The value lives in the document's own storage: GetValueView reads it as it is,
+// GetValue makes a std::string of it at its first call, which then lives as long
+// as the document.
 class ORVEXXML_API CXmlAttribute : public CInstanceMonitor
 {
 public:
@@ -49,27 +52,34 @@ public:
     CXmlAttribute& operator=(const CXmlAttribute&) = delete;
 
     // The name without a prefix (with it, when read without namespace processing).
-    const std::string& GetLocalName() const { return *m_localName; }
+    const std::string& GetLocalName() const { return *m_name->localName; }
     // The value, with entities and character references resolved.
-    const std::string& GetValue() const { return m_value; }
+    const std::string& GetValue() const;
+    // The same value without a copy; a NUL follows its last byte.
+    std::string_view GetValueView() const
+    {
+        return m_value ? std::string_view(m_value, Detail::CTreeArena::TextLength(m_value)) : std::string_view("", 0);
+    }
     // Empty when the attribute is in no namespace.
-    const std::string& GetNamespaceURI() const { return *m_namespaceUri; }
+    const std::string& GetNamespaceURI() const { return *m_name->namespaceUri; }
     // True for xmlns, xsi:type, xsi:schemaLocation and xsi:noNamespaceSchemaLocation,
     // which the data-binding walk passes over.
     bool IsNamespaceAttribute() const;
 
 protected:
-    // Made by the element that owns the attribute; the names are the document's shared copies.
-    CXmlAttribute(const std::string* localName, std::string_view value, const std::string* namespaceUri);
+    // Made by the element that owns the attribute; the names and the value are the
+    // document's (value null when empty).
+    CXmlAttribute(CXmlDocument* document, const Detail::CQualifiedName* name, const char* value);
     virtual ~CXmlAttribute();
 
 private:
     friend class CXmlElement;
-    friend class Detail::CNodePool<CXmlAttribute>;
+    friend class CXmlDocument;
+    friend class Detail::CNodePool<CXmlAttribute, false>;
 
-    const std::string* m_localName;
-    std::string m_value;
-    const std::string* m_namespaceUri;
+    CXmlDocument* m_document;
+    const Detail::CQualifiedName* m_name;
+    const char* m_value;
 };
 
 // An element: names, attributes in document order, and its direct character data
@@ -257,6 +267,7 @@ protected:
     virtual void Cleanup();
 
 private:
+    friend class CXmlAttribute;
     friend class CXmlElement;
     friend class CExpatReader;
     friend class CFastInfosetReader;
@@ -338,6 +349,7 @@ private:
     // A copy of the text or the attribute list of element, made at the first request.
     const std::string& TextCopy(const CXmlElement* element) const;
     const std::vector<CXmlAttribute*>& AttributesCopy(const CXmlElement* element) const;
+    const std::string& ValueCopy(const CXmlAttribute* attribute) const;
     // The document's one copy of a name or namespace URI, made at its first use.
     const std::string* Intern(std::string_view text);
     // The document's one copy of the pair of shared names.
@@ -368,10 +380,10 @@ private:
     bool m_allowManyEntityDeclarations;
     // Storage of every node of the tree. Links between nodes never own, so the tree
     // is torn down without any walk.
-    // Elements own nothing (their text and attribute lists are in the arena), so
-    // they are freed without running their destructors.
+    // Elements and attributes own nothing (their text, values and attribute lists
+    // are in the arena), so they are freed without running their destructors.
     Detail::CNodePool<CXmlElement, false> m_elements;
-    Detail::CNodePool<CXmlAttribute> m_attributes;
+    Detail::CNodePool<CXmlAttribute, false> m_attributes;
     Detail::CTreeArena m_arena;
     // Short texts recently stored, by length and a few bytes: stored texts never
     // change, so elements with equal short text share one copy.
@@ -380,6 +392,7 @@ private:
     mutable std::mutex m_copiesMutex;
     mutable std::unordered_map<const CXmlElement*, std::string> m_textCopies;
     mutable std::unordered_map<const CXmlElement*, std::vector<CXmlAttribute*>> m_attributeCopies;
+    mutable std::unordered_map<const CXmlAttribute*, std::string> m_valueCopies;
     // The names of the tree, each once: the first few in a list, all of them in the
     // index once there are more (its keys view the stored strings). The index is
     // ordered rather than hashed: a document's names are the sender's to choose, and

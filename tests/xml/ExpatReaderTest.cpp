@@ -143,10 +143,13 @@ TEST_F(ExpatReader, EbcdicConvertsAsciiNamesAndTextToo)
 // document that releases cleanly (the leak checker of the sanitizer build watches).
 TEST_F(ExpatReader, AllocationFailureInsideCallbacksLeavesThroughTheLoad)
 {
+    // Names of their own make the tree's name tables grow along with its storage.
     std::string xml = "<r xmlns='urn:a-long-enough-namespace-uri' xmlns:p='urn:p'>";
-    for (int i = 0; i < 100; ++i)
-        xml += "<p:item n='" + std::to_string(i) + "' text='a value beyond the small string size'>"
-               "some text that is long enough to live on the heap &amp; more</p:item>\n";
+    for (int i = 0; i < 40; ++i)
+        xml += "<p:item-with-a-long-name-" + std::to_string(i) + " n" + std::to_string(i) +
+               "='1' text='a value beyond the small string size'>"
+               "some text that is long enough to live on the heap &amp; more</p:item-with-a-long-name-" +
+               std::to_string(i) + ">\n";
     xml += "</r>";
     for (unsigned int codePage : {65001u, 1252u}) {
         SetLocalCharEncoding(codePage);

@@ -357,7 +357,11 @@ std::string Contents(const CXmlElement* element)
         const CXmlElement::AttributeSpan span = element->GetAttributeSpan();
         EXPECT_EQ(element->GetAttributes(), std::vector<CXmlAttribute*>(span.begin(), span.end()));
         out += "<" + element->GetLocalName();
-        for (const CXmlAttribute* attribute : span) out += " " + attribute->GetValue();
+        for (const CXmlAttribute* attribute : span) {
+            EXPECT_EQ(attribute->GetValue(), attribute->GetValueView());
+            EXPECT_EQ(attribute->GetValueView().data()[attribute->GetValueView().size()], '\0');
+            out += " " + attribute->GetValue();
+        }
         out += ">" + element->GetText() + Contents(element->GetFirstElement());
     }
     return out;
@@ -428,6 +432,7 @@ TEST(XmlDocument, CopiedTextAndAttributeListsStayWhileTheDocumentLives)
     EXPECT_EQ(text, "some text longer than a short string, and more");
     ASSERT_EQ(attributes.size(), 2u);
     EXPECT_EQ(attributes[1]->GetValue(), "2");
+    EXPECT_EQ(&attributes[1]->GetValue(), &root->GetAttribute("b", ""));
     // An element without text or attributes gives them empty.
     const CXmlElement* e = root->GetFirstElement();
     EXPECT_TRUE(e->GetText().empty());

@@ -39,7 +39,7 @@ void PrintTree(const CXmlElement* root, std::ostream& out)
         out << indent << QualifiedName(element->GetNamespaceURI(), element->GetLocalName()) << "\n";
         for (const CXmlAttribute* attribute : element->GetAttributeSpan())
             out << indent << "  @" << QualifiedName(attribute->GetNamespaceURI(), attribute->GetLocalName())
-                << " = \"" << attribute->GetValue() << "\""
+                << " = \"" << attribute->GetValueView() << "\""
                 << (attribute->IsNamespaceAttribute() ? "  (schema attribute)" : "") << "\n";
         const std::string text = ShownText(element->GetTextView());
         if (!text.empty()) out << indent << "  text: \"" << text << "\"\n";

@@ -35,7 +35,7 @@ CDocumentStats CDocumentStats::Count(const CXmlElement* root)
             ++stats.attributes;
             if (attribute->IsNamespaceAttribute()) ++stats.schemaAttributes;
             attributeNames.emplace(attribute->GetNamespaceURI(), attribute->GetLocalName());
-            addValue(attribute->GetValue(), false);
+            addValue(attribute->GetValueView(), false);
         }
         addValue(element->GetTextView(), true);
         for (const CXmlElement* child = element->GetFirstElement(); child; child = child->GetNextSiblingElement())
