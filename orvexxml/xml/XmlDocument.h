@@ -408,7 +408,7 @@ private:
     // the index once there are more.
     Detail::CNodePool<Detail::CQualifiedName, false> m_qualifiedNames;
     std::size_t m_qualifiedCount = 0;
-    const Detail::CQualifiedName* m_listedQualified[16] = {};
+    const Detail::CQualifiedName* m_listedQualified[32] = {};
     std::map<std::pair<const std::string*, const std::string*>, const Detail::CQualifiedName*> m_qualifiedIndex;
     const Detail::CQualifiedName* m_recentQualified[64] = {};
     // Places of start tags beyond what fits in an element's word: line and column.
