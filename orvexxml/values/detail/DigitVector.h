@@ -6,12 +6,15 @@
 #include <cstddef>
 #include <cstring>
 #include <initializer_list>
+#include <new>
 
 namespace OrvexXmlLib5 {
 namespace detail {
 
 // A vector of char whose first kLocal elements live in the object. Iterators are
-// pointers; any change of size may move the elements, as with std::vector.
+// pointers; any change of size may move the elements, as with std::vector. A heap
+// block keeps its capacity in the word in front of the elements, so the object is
+// three words and the local room.
 class CDigitVector
 {
 public:
@@ -20,7 +23,7 @@ public:
     using iterator = char*;
     using const_iterator = const char*;
 
-    CDigitVector() noexcept : m_data(m_local), m_size(0), m_capacity(kLocal) {}
+    CDigitVector() noexcept : m_data(m_local), m_size(0) {}
     // n zeros.
     explicit CDigitVector(size_type n) : CDigitVector() { assign(n, 0); }
     // n copies of value.
@@ -52,7 +55,6 @@ public:
             Release();
             m_data = m_local;
             m_size = 0;
-            m_capacity = kLocal;
             Take(other);
         }
         return *this;
@@ -86,11 +88,11 @@ public:
     void clear() noexcept { m_size = 0; }
     void reserve(size_type n)
     {
-        if (n > m_capacity) Reallocate(n);
+        if (n > Capacity()) Reallocate(n);
     }
     void push_back(char value)
     {
-        if (m_size == m_capacity) Reallocate(m_capacity * 2);
+        if (m_size == Capacity()) Reallocate(Capacity() * 2);
         m_data[m_size++] = value;
     }
     void pop_back() noexcept { --m_size; }
@@ -112,12 +114,11 @@ public:
     void assign(const char* first, const char* last)
     {
         const size_type n = static_cast<size_type>(last - first);
-        if (n > m_capacity) {
-            char* fresh = new char[n];
+        if (n > Capacity()) {
+            char* fresh = NewBlock(n);
             std::memcpy(fresh, first, n);
             Release();
             m_data = fresh;
-            m_capacity = n;
         } else if (n > 0) {
             std::memmove(m_data, first, n);
         }
@@ -145,25 +146,41 @@ public:
 private:
     static constexpr size_type kLocal = 16;
 
+    // The elements the current room holds.
+    size_type Capacity() const noexcept
+    {
+        if (m_data == m_local) return kLocal;
+        size_type capacity;
+        std::memcpy(&capacity, m_data - sizeof(size_type), sizeof(size_type));
+        return capacity;
+    }
+    // A heap room for capacity elements, the capacity written in front of it.
+    static char* NewBlock(size_type capacity)
+    {
+        if (capacity > static_cast<size_type>(-1) - sizeof(size_type)) throw std::bad_alloc();
+        char* block = new char[sizeof(size_type) + capacity];
+        std::memcpy(block, &capacity, sizeof(size_type));
+        return block + sizeof(size_type);
+    }
     // Room for at least n elements, growing geometrically.
     void Grow(size_type n)
     {
-        if (n > m_capacity) Reallocate(n > m_capacity * 2 ? n : m_capacity * 2);
+        const size_type capacity = Capacity();
+        if (n > capacity) Reallocate(n > capacity * 2 ? n : capacity * 2);
     }
     void Reallocate(size_type capacity)
     {
         // Never below the local room, so that the elements always fit.
         if (capacity < kLocal) capacity = kLocal;
         if (capacity < m_size) capacity = m_size;
-        char* fresh = new char[capacity];
+        char* fresh = NewBlock(capacity);
         std::memcpy(fresh, m_data, m_size);
         Release();
         m_data = fresh;
-        m_capacity = capacity;
     }
     void Release() noexcept
     {
-        if (m_data != m_local) delete[] m_data;
+        if (m_data != m_local) delete[] (m_data - sizeof(size_type));
     }
     // Both in their local room: the whole room is copied, a fixed size the
     // compiler copies without a call.
@@ -178,17 +195,14 @@ private:
             std::memcpy(m_local, other.m_local, kLocal);
         } else {
             m_data = other.m_data;
-            m_capacity = other.m_capacity;
             other.m_data = other.m_local;
-            other.m_capacity = kLocal;
         }
         m_size = other.m_size;
         other.m_size = 0;
     }
 
-    char* m_data;
+    char* m_data;  // m_local or the elements of a heap block
     size_type m_size;
-    size_type m_capacity;
     char m_local[kLocal] = {};
 };
 
