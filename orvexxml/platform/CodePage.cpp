@@ -5,6 +5,8 @@
 #include <iconv.h>
 #include <string>
 
+#include "orvexxml/frame/detail/ThreadOwned.h"
+
 namespace OrvexXmlLib5 {
 
 namespace {
@@ -203,11 +205,14 @@ struct IconvPair
     }
 };
 
-IconvPair& Converters()
+// The thread's converters for the local code page. At the thread's end, after
+// they are gone, spare is opened instead; the caller holds it for the call.
+IconvPair& Converters(IconvPair& spare)
 {
-    thread_local IconvPair pair;
-    pair.Select(g_localCodePage);
-    return pair;
+    IconvPair* pair = Detail::CThreadOwned<IconvPair>::Get();
+    if (!pair) pair = &spare;
+    pair->Select(g_localCodePage);
+    return *pair;
 }
 
 // Code points to the local code page; characters it lacks become '?'.
@@ -215,7 +220,8 @@ std::string CodePointsToLocal(const std::u32string& cps)
 {
     std::string out;
     if (cps.empty()) return out;
-    IconvPair& conv = Converters();
+    IconvPair spare;
+    IconvPair& conv = Converters(spare);
     if (conv.toLocal == reinterpret_cast<iconv_t>(-1)) {
         for (char32_t cp : cps) out += cp < 0x80 ? static_cast<char>(cp) : '?';
         return out;
@@ -259,7 +265,8 @@ std::u32string LocalToCodePoints(const char* text, std::size_t length)
 {
     std::u32string out;
     if (length == 0) return out;
-    IconvPair& conv = Converters();
+    IconvPair spare;
+    IconvPair& conv = Converters(spare);
     if (conv.fromLocal == reinterpret_cast<iconv_t>(-1)) {
         for (std::size_t i = 0; i < length; ++i) {
             unsigned char c = static_cast<unsigned char>(text[i]);
@@ -344,7 +351,9 @@ bool LocalIsUtf8()
 
 bool LocalKeepsAscii()
 {
-    return LocalIsUtf8() || Converters().keepsAscii;
+    if (LocalIsUtf8()) return true;
+    IconvPair spare;
+    return Converters(spare).keepsAscii;
 }
 
 std::size_t Utf16Length(const char16_t* text)

@@ -127,3 +127,49 @@ TEST(Threads, OneLoadedDocumentReadFromManyThreads)
     ASSERT_EQ(seen[0].size(), 400u);
     for (const std::vector<const void*>& other : seen) EXPECT_EQ(other, seen[0]);
 }
+
+namespace {
+
+// An order whose customer has a name long enough to need a heap block, with a
+// character beyond ASCII, read and written back.
+std::string ReadLongName()
+{
+    std::string xml = kOrder;
+    xml.replace(xml.find("Ada"), 3, "Ada Lovelace, Countess of Lovelace, n\xC3\xA9" "e Byron");
+    CSmartPtr<COrder> order = COrder::CreateInstance();
+    order->FromXml(xml.c_str());
+    return order->ToXml(false, false, EOL_LF);
+}
+
+// Reads an order when the thread that made it ends.
+struct CReadsAtThreadExit
+{
+    std::string* result = nullptr;
+    ~CReadsAtThreadExit()
+    {
+        if (result) *result = ReadLongName();
+    }
+};
+
+}  // namespace
+
+TEST(Threads, AReadWhileTheThreadEndsStillWorks)
+{
+    // An object of the thread's own, made before the thread's first read, is destroyed
+    // after the state the library keeps per thread (text buffer, compiled patterns,
+    // code page converters); a read in its destructor must find that state gone, not
+    // use it after it was freed (the sanitizer build watches).
+    for (unsigned int codePage : {65001u, 1252u}) {
+        SetLocalCharEncoding(codePage);
+        const std::string expected = ReadLongName();
+        std::string atExit;
+        std::thread thread([&atExit, &expected] {
+            thread_local CReadsAtThreadExit reader;
+            reader.result = &atExit;
+            EXPECT_EQ(ReadLongName(), expected);
+        });
+        thread.join();
+        EXPECT_EQ(atExit, expected) << codePage;
+    }
+    SetLocalCharEncoding(3);
+}

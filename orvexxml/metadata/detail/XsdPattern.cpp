@@ -9,6 +9,7 @@
 #include "orvexxml/data/BinaryData.h"
 #include "orvexxml/frame/FormatString.h"
 #include "orvexxml/frame/OrvexException.h"
+#include "orvexxml/frame/detail/ThreadOwned.h"
 #include "orvexxml/platform/CodePage.h"
 
 namespace OrvexXmlLib5 {
@@ -95,7 +96,6 @@ private:
     std::pair<const std::string, CompiledPattern>* m_last = nullptr;
 };
 
-thread_local PatternCache t_cache;
 
 CompiledPattern Compile(const std::string& pattern, unsigned int codePage, const char* name)
 {
@@ -139,8 +139,12 @@ std::string TranslateXsdPattern(const std::string& utf8Pattern)
 bool MatchXsdPattern(const std::string& pattern, const std::string& utf8Subject, const char* name)
 {
     const unsigned int codePage = GetLocalCharEncoding();
-    CompiledPattern* compiled = t_cache.Find(pattern, codePage);
-    if (!compiled) compiled = t_cache.Add(pattern, Compile(pattern, codePage, name));
+    // At the thread's end, after its cache is gone, a cache for this one call.
+    PatternCache* cache = CThreadOwned<PatternCache>::Get();
+    PatternCache callOnly;
+    if (!cache) cache = &callOnly;
+    CompiledPattern* compiled = cache->Find(pattern, codePage);
+    if (!compiled) compiled = cache->Add(pattern, Compile(pattern, codePage, name));
 
     // Subjects come from the library's own UTF-8 encoder or are plain ASCII, so
     // they are valid UTF-8 and PCRE2's check of each subject can be left out.

@@ -1,31 +1,38 @@
 #include "orvexxml/xml/detail/TextLease.h"
 
+#include "orvexxml/frame/detail/ThreadOwned.h"
+
 namespace OrvexXmlLib5 {
 namespace Detail {
 
 namespace {
 
-thread_local std::string t_buffer;
-thread_local bool t_leased = false;
+// The thread's shared buffer, and whether a lease holds it.
+struct CSharedText
+{
+    std::string buffer;
+    bool leased = false;
+};
 
 // A buffer that grew beyond this for one long text gives its memory back.
 constexpr std::size_t KeptCapacity = 64 * 1024;
 
 }  // namespace
 
-CTextLease::CTextLease() noexcept : m_buffer(&m_own), m_shared(!t_leased)
+CTextLease::CTextLease() : m_buffer(&m_own), m_shared(false)
 {
-    if (m_shared) {
-        t_leased = true;
-        m_buffer = &t_buffer;
-    }
+    CSharedText* shared = CThreadOwned<CSharedText>::Get();
+    if (!shared || shared->leased) return;
+    shared->leased = true;
+    m_shared = true;
+    m_buffer = &shared->buffer;
 }
 
 CTextLease::~CTextLease()
 {
     if (!m_shared) return;
-    if (t_buffer.capacity() > KeptCapacity) std::string().swap(t_buffer);
-    t_leased = false;
+    if (m_buffer->capacity() > KeptCapacity) std::string().swap(*m_buffer);
+    CThreadOwned<CSharedText>::Get()->leased = false;
 }
 
 }  // namespace Detail

@@ -15,7 +15,7 @@ namespace Detail {
 class CTextLease
 {
 public:
-    CTextLease() noexcept;
+    CTextLease();
     CTextLease(const CTextLease&) = delete;
     CTextLease& operator=(const CTextLease&) = delete;
     ~CTextLease();
