@@ -11,10 +11,8 @@ const char kSchemaInstance[] = "http://www.w3.org/2001/XMLSchema-instance";
 // The value of the element's first xsi:type attribute; empty when it has none.
 std::string_view TypeAttribute(const CXmlElement* element)
 {
-    for (const CXmlAttribute* attribute : element->GetAttributeSpan())
-        if (attribute->GetLocalName() == "type" && attribute->GetNamespaceURI() == kSchemaInstance)
-            return attribute->GetValueView();
-    return std::string_view();
+    const CXmlAttribute* type = element->FindAttribute("type", kSchemaInstance);
+    return type ? type->GetValueView() : std::string_view();
 }
 
 }  // namespace

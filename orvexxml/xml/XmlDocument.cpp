@@ -58,14 +58,6 @@ const Detail::CQualifiedName* NoName()
     return &none;
 }
 
-// An element's start-tag place in one word: the kind in the top two bits, below
-// them the octet offset, or the line in 31 bits over the column in 31 bits. A text
-// place that does not fit is kept by the document; the word holds its index.
-constexpr std::uint64_t kLocationText = std::uint64_t(1) << 62;
-constexpr std::uint64_t kLocationBinary = std::uint64_t(2) << 62;
-constexpr std::uint64_t kLocationFar = std::uint64_t(3) << 62;
-constexpr std::uint64_t kLocationKind = std::uint64_t(3) << 62;
-constexpr std::uint64_t kLocationField = (std::uint64_t(1) << 31) - 1;
 
 }  // namespace
 
@@ -132,10 +124,15 @@ const std::vector<CXmlAttribute*>& CXmlElement::GetAttributes() const
 
 const std::string& CXmlElement::GetAttribute(const std::string& localName, const std::string& namespaceUri) const
 {
+    const CXmlAttribute* attribute = FindAttribute(localName, namespaceUri);
+    return attribute ? attribute->GetValue() : SharedEmptyString();
+}
+
+const CXmlAttribute* CXmlElement::FindAttribute(std::string_view localName, std::string_view namespaceUri) const
+{
     for (const CXmlAttribute* attribute : GetAttributeSpan())
-        if (attribute->GetLocalName() == localName && attribute->GetNamespaceURI() == namespaceUri)
-            return attribute->GetValue();
-    return SharedEmptyString();
+        if (attribute->GetLocalName() == localName && attribute->GetNamespaceURI() == namespaceUri) return attribute;
+    return nullptr;
 }
 
 void CXmlElement::AppendText(const char* text)
@@ -257,13 +254,6 @@ void CXmlDocument::ClearTree()
     m_attributes.Clear();
     m_arena.Clear();
     std::fill(std::begin(m_recentTexts), std::end(m_recentTexts), nullptr);
-    m_nameIndex.clear();
-    m_nameCount = 0;
-    std::fill(std::begin(m_recentNames), std::end(m_recentNames), nullptr);
-    m_qualifiedIndex.clear();
-    m_qualifiedCount = 0;
-    std::fill(std::begin(m_listedQualified), std::end(m_listedQualified), nullptr);
-    std::fill(std::begin(m_recentQualified), std::end(m_recentQualified), nullptr);
     m_qualifiedNames.Clear();
     m_farLocations.clear();
     m_names.Clear();
@@ -452,13 +442,7 @@ CXmlElement* CXmlDocument::AddNamedElement(const Detail::CQualifiedName* name)
     } else {
         // Only a reader that delivers a second root gets here with nothing open.
         if (m_openDepth == 0) throw COrvexException("Invalid or empty XML document");
-        OpenElement& parent = m_openElements[m_openDepth - 1];
-        element = NewElement();
-        if (parent.lastChild)
-            parent.lastChild->m_nextSibling = element;
-        else
-            parent.element->m_firstChild = element;
-        parent.lastChild = element;
+        element = m_openElements[m_openDepth - 1].element->CreateNewChildElement();
     }
     element->m_name = name;
     PushOpen(element);
@@ -515,14 +499,18 @@ void CXmlDocument::AppendTextExcludingCR(CXmlElement* element, const char* text)
 void CXmlDocument::EndElement()
 {
     if (m_openDepth == 0) return;
-    OpenElement& entry = m_openElements[--m_openDepth];
-    if (!entry.text.empty()) {
-        entry.element->m_text = entry.element->m_text ? m_arena.StoreText(entry.element->GetTextView(), entry.text)
-                                                      : StoreElementText(entry.text);
-        entry.text.clear();
-        // A buffer that took a long text does not keep its size for the next element.
-        if (entry.text.capacity() > 64 * 1024) std::string().swap(entry.text);
-    }
+    StoreGatheredText(m_openElements[--m_openDepth]);
+}
+
+void CXmlDocument::StoreGatheredText(OpenElement& entry)
+{
+    if (entry.text.empty()) return;
+    CXmlElement* element = entry.element;
+    element->m_text =
+        element->m_text ? m_arena.StoreText(element->GetTextView(), entry.text) : StoreElementText(entry.text);
+    entry.text.clear();
+    // A buffer that took a long text does not keep its size for the next element.
+    if (entry.text.capacity() > 64 * 1024) std::string().swap(entry.text);
 }
 
 const char* CXmlDocument::StoreElementText(std::string_view text)
@@ -542,13 +530,7 @@ const char* CXmlDocument::StoreElementText(std::string_view text)
 
 void CXmlDocument::StoreOpenText()
 {
-    for (std::size_t i = 0; i < m_openDepth; ++i) {
-        OpenElement& entry = m_openElements[i];
-        if (entry.text.empty()) continue;
-        const std::string_view stored = entry.element->GetTextView();
-        entry.element->m_text = m_arena.StoreText(stored, entry.text);
-        entry.text.clear();
-    }
+    for (std::size_t i = 0; i < m_openDepth; ++i) StoreGatheredText(m_openElements[i]);
 }
 
 void CXmlDocument::AppendElementText(CXmlElement* element, std::string_view text)
@@ -637,15 +619,15 @@ void CXmlDocument::FreeInput()
 
 CSourceLocation CXmlElement::GetLocation() const
 {
-    const std::uint64_t value = m_location & ~kLocationKind;
-    switch (m_location & kLocationKind) {
-        case kLocationText:
-            return CSourceLocation::InText(value >> 31, value & kLocationField);
-        case kLocationFar: {
+    const std::uint64_t value = m_location & ~CXmlElement::LocationKind;
+    switch (m_location & CXmlElement::LocationKind) {
+        case CXmlElement::LocationText:
+            return CSourceLocation::InText(value >> 31, value & CXmlElement::LocationField);
+        case CXmlElement::LocationFar: {
             const auto& wide = m_document->m_farLocations[static_cast<std::size_t>(value)];
             return CSourceLocation::InText(wide.first, wide.second);
         }
-        case kLocationBinary:
+        case CXmlElement::LocationBinary:
             return CSourceLocation::InBinary(value);
         default:
             return CSourceLocation();
@@ -658,13 +640,13 @@ void CXmlDocument::SetElementFarLocation(CXmlElement* element, std::uint64_t lin
     if (column > UINT32_MAX) column = UINT32_MAX;
     CXmlDocument* document = element->m_document;
     document->m_farLocations.emplace_back(line, column);
-    element->m_location = kLocationFar | (document->m_farLocations.size() - 1);
+    element->m_location = CXmlElement::LocationFar | (document->m_farLocations.size() - 1);
 }
 
 void CXmlDocument::SetElementBinaryLocation(CXmlElement* element, std::uint64_t octetOffset)
 {
     // An offset beyond 2^62 is beyond any input that fits in memory.
-    element->m_location = kLocationBinary | (octetOffset & ~kLocationKind);
+    element->m_location = CXmlElement::LocationBinary | (octetOffset & ~CXmlElement::LocationKind);
 }
 
 CXmlElement* CXmlDocument::NewElement()
@@ -686,67 +668,16 @@ const std::string* CXmlDocument::Intern(std::string_view text)
     const std::size_t slot =
         text.empty() ? 0
                      : (text.size() * 7 + static_cast<unsigned char>(text.front()) * 3 +
-                        static_cast<unsigned char>(text.back())) & 63;
-    const std::string* recent = m_recentNames[slot];
-    if (recent && *recent == text) return recent;
-    const std::string* name = nullptr;
-    constexpr std::size_t listed = sizeof m_firstNames / sizeof m_firstNames[0];
-    if (m_nameCount <= listed) {
-        for (std::size_t i = 0; i < m_nameCount && !name; ++i)
-            if (*m_firstNames[i] == text) name = m_firstNames[i];
-    } else {
-        auto found = m_nameIndex.find(text);
-        if (found != m_nameIndex.end()) name = found->second;
-    }
-    if (!name) {
-        // Should the index fail to grow, the stored copy just stays unused until the tree goes.
-        const std::string* made = m_names.Create(text);
-        if (m_nameCount < listed) {
-            m_firstNames[m_nameCount] = made;
-        } else {
-            if (m_nameCount == listed)
-                for (const std::string* known : m_firstNames) m_nameIndex.emplace(std::string_view(*known), known);
-            m_nameIndex.emplace(std::string_view(*made), made);
-        }
-        ++m_nameCount;
-        name = made;
-    }
-    m_recentNames[slot] = name;
-    return name;
+                        static_cast<unsigned char>(text.back())) % m_names.RecentSlots;
+    return m_names.Intern(text, slot, text);
 }
 
 const Detail::CQualifiedName* CXmlDocument::InternName(const std::string* namespaceUri, const std::string* localName)
 {
     const auto address = reinterpret_cast<std::uintptr_t>(namespaceUri) ^ reinterpret_cast<std::uintptr_t>(localName);
-    const std::size_t slot = (address >> 3 ^ address >> 9) & 63;
-    const Detail::CQualifiedName* recent = m_recentQualified[slot];
-    if (recent && recent->namespaceUri == namespaceUri && recent->localName == localName) return recent;
-    // Most documents have few pairs: those are searched in a list without the index.
-    constexpr std::size_t listed = sizeof m_listedQualified / sizeof m_listedQualified[0];
-    const Detail::CQualifiedName* name = nullptr;
-    if (m_qualifiedCount <= listed) {
-        for (const Detail::CQualifiedName* known : m_listedQualified)
-            if (known && known->namespaceUri == namespaceUri && known->localName == localName) name = known;
-    } else {
-        auto found = m_qualifiedIndex.find(std::make_pair(namespaceUri, localName));
-        if (found != m_qualifiedIndex.end()) name = found->second;
-    }
-    if (!name) {
-        // Should the index fail to grow, the pair just stays unused until the tree goes.
-        const Detail::CQualifiedName* made = m_qualifiedNames.Create(Detail::CQualifiedName{namespaceUri, localName});
-        if (m_qualifiedCount < listed) {
-            m_listedQualified[m_qualifiedCount] = made;
-        } else {
-            if (m_qualifiedCount == listed)
-                for (const Detail::CQualifiedName* known : m_listedQualified)
-                    m_qualifiedIndex.emplace(std::make_pair(known->namespaceUri, known->localName), known);
-            m_qualifiedIndex.emplace(std::make_pair(namespaceUri, localName), made);
-        }
-        ++m_qualifiedCount;
-        name = made;
-    }
-    m_recentQualified[slot] = name;
-    return name;
+    const std::size_t slot = (address >> 3 ^ address >> 9) % m_qualifiedNames.RecentSlots;
+    return m_qualifiedNames.Intern(NamePair(namespaceUri, localName), slot,
+                                   Detail::CQualifiedName{namespaceUri, localName});
 }
 
 bool Detail::LoadTextWith(CXmlDocument& document, std::string_view text, TextReader reader)

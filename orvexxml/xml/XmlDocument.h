@@ -18,6 +18,7 @@
 #include "orvexxml/frame/InstanceMonitor.h"
 #include "orvexxml/frame/OrvexException.h"
 #include "orvexxml/frame/XmlSerializationContext.h"
+#include "orvexxml/xml/detail/InternTable.h"
 #include "orvexxml/xml/detail/NodePool.h"
 #include "orvexxml/xml/detail/TextReaderChoice.h"
 #include "orvexxml/xml/detail/TreeArena.h"
@@ -146,6 +147,8 @@ public:
     // Value of the first attribute with this local name and namespace URI; an empty
     // string when there is none, which can't be told apart from an empty value.
     const std::string& GetAttribute(const std::string& localName, const std::string& namespaceUri) const;
+    // The first attribute with this local name and namespace URI; null when there is none.
+    const CXmlAttribute* FindAttribute(std::string_view localName, std::string_view namespaceUri) const;
     // Where the element's start tag is in the input it was read from.
     CSourceLocation GetLocation() const;
 
@@ -195,7 +198,14 @@ private:
     const char* m_text;
     // The attribute list in the document's arena; null when there is none.
     CXmlAttribute** m_attributes;
-    // The start tag's place in one word (see CXmlDocument::SetElementTextLocation).
+    // The start tag's place in one word: the kind in the top two bits, below them the
+    // octet offset, or the line in 31 bits over the column in 31 bits. A text place
+    // that does not fit is kept by the document; the word holds its index.
+    static constexpr std::uint64_t LocationText = std::uint64_t(1) << 62;
+    static constexpr std::uint64_t LocationBinary = std::uint64_t(2) << 62;
+    static constexpr std::uint64_t LocationFar = std::uint64_t(3) << 62;
+    static constexpr std::uint64_t LocationKind = std::uint64_t(3) << 62;
+    static constexpr std::uint64_t LocationField = (std::uint64_t(1) << 31) - 1;
     std::uint64_t m_location = 0;
 };
 
@@ -305,8 +315,8 @@ private:
     // Records where a reader found the element's start tag.
     static void SetElementTextLocation(CXmlElement* element, std::uint64_t line, std::uint64_t column)
     {
-        if (line < (std::uint64_t(1) << 31) && column < (std::uint64_t(1) << 31))
-            element->m_location = std::uint64_t(1) << 62 | line << 31 | column;
+        if (line <= CXmlElement::LocationField && column <= CXmlElement::LocationField)
+            element->m_location = CXmlElement::LocationText | line << 31 | column;
         else
             SetElementFarLocation(element, line, column);
     }
@@ -341,6 +351,9 @@ private:
     CXmlElement* NewElement();
     // Opens element as the receiver of text and children.
     void PushOpen(CXmlElement* element);
+    struct OpenElement;
+    // Stores the text gathered for an open element after what it has stored already.
+    void StoreGatheredText(OpenElement& entry);
     // Stores the whole text of an element in the arena, or gives a stored one equal to it.
     const char* StoreElementText(std::string_view text);
     // Appends text to element: to the text being gathered when it is open, else to
@@ -393,24 +406,14 @@ private:
     mutable std::unordered_map<const CXmlElement*, std::string> m_textCopies;
     mutable std::unordered_map<const CXmlElement*, std::vector<CXmlAttribute*>> m_attributeCopies;
     mutable std::unordered_map<const CXmlAttribute*, std::string> m_valueCopies;
-    // The names of the tree, each once: the first few in a list, all of them in the
-    // index once there are more (its keys view the stored strings). The index is
-    // ordered rather than hashed: a document's names are the sender's to choose, and
-    // names made to collide in a fixed hash would make every lookup walk them all.
-    Detail::CNodePool<std::string> m_names;
-    const std::string* m_firstNames[32] = {};
-    std::size_t m_nameCount = 0;
-    std::map<std::string_view, const std::string*> m_nameIndex;
-    // Recently interned names by length and end bytes, tried before the index.
-    const std::string* m_recentNames[64] = {};
-    // The pairs of names of the elements, each once, with the recently used ones
-    // by their addresses in front: the first few pairs in a list, all of them in
-    // the index once there are more.
-    Detail::CNodePool<Detail::CQualifiedName, false> m_qualifiedNames;
-    std::size_t m_qualifiedCount = 0;
-    const Detail::CQualifiedName* m_listedQualified[32] = {};
-    std::map<std::pair<const std::string*, const std::string*>, const Detail::CQualifiedName*> m_qualifiedIndex;
-    const Detail::CQualifiedName* m_recentQualified[64] = {};
+    // The names of the tree, each once, keyed by their text (recent ones by length
+    // and end bytes), and the pairs of names of elements and attributes, keyed by
+    // the addresses of the two names.
+    static std::string_view NameKey(const std::string& name) { return name; }
+    using NamePair = std::pair<const std::string*, const std::string*>;
+    static NamePair PairKey(const Detail::CQualifiedName& name) { return NamePair(name.namespaceUri, name.localName); }
+    Detail::CInternTable<std::string, std::string_view, &CXmlDocument::NameKey> m_names;
+    Detail::CInternTable<Detail::CQualifiedName, NamePair, &CXmlDocument::PairKey> m_qualifiedNames;
     // Places of start tags beyond what fits in an element's word: line and column.
     std::vector<std::pair<std::uint64_t, std::uint64_t>> m_farLocations;
 };

@@ -54,6 +54,11 @@ TEST(XmlDocument, NamesNamespacesAttributesAndTheLastWinsPrefixTable)
     // Absent, in another namespace, and empty all read the same.
     EXPECT_EQ(r->GetAttribute("x", ""), "");
     EXPECT_EQ(r->GetAttribute("y", ""), "");
+    // Found by name, an attribute tells an empty value from none at all.
+    EXPECT_EQ(r->FindAttribute("x", "urn:one"), r->GetAttributes()[0]);
+    EXPECT_EQ(r->FindAttribute("y", ""), r->GetAttributes()[1]);
+    EXPECT_EQ(r->FindAttribute("x", ""), nullptr);
+    EXPECT_EQ(r->FindAttribute("type", "http://www.w3.org/2001/XMLSchema-instance"), r->GetAttributes()[2]);
     EXPECT_TRUE(r->GetAttributes()[2]->IsNamespaceAttribute());
     EXPECT_FALSE(r->GetAttributes()[3]->IsNamespaceAttribute());
     // Elements keep the URI in scope; the table keeps the last declaration of a prefix.

@@ -19,20 +19,20 @@ constexpr std::size_t KeptCapacity = 64 * 1024;
 
 }  // namespace
 
-CTextLease::CTextLease() : m_buffer(&m_own), m_shared(false)
+CTextLease::CTextLease() : m_buffer(&m_own), m_leased(nullptr)
 {
     CSharedText* shared = CThreadOwned<CSharedText>::Get();
     if (!shared || shared->leased) return;
     shared->leased = true;
-    m_shared = true;
+    m_leased = &shared->leased;
     m_buffer = &shared->buffer;
 }
 
 CTextLease::~CTextLease()
 {
-    if (!m_shared) return;
+    if (!m_leased) return;
     if (m_buffer->capacity() > KeptCapacity) std::string().swap(*m_buffer);
-    CThreadOwned<CSharedText>::Get()->leased = false;
+    *m_leased = false;
 }
 
 }  // namespace Detail

@@ -30,7 +30,8 @@ public:
 private:
     std::string* m_buffer;
     std::string m_own;
-    bool m_shared;
+    // The thread's mark that its buffer is leased, when this lease holds that buffer.
+    bool* m_leased;
 };
 
 }  // namespace Detail
